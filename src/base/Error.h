@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace quorvane {
+
+/// Numbers of the errors that the platform itself raises.
+enum class ErrorNumber : std::int32_t {
+  InvalidProcedureCall = 5,
+  Overflow = 6,
+  OutOfMemory = 7,
+  SubscriptOutOfRange = 9,
+  TypeMismatch = 13,
+  Internal = 51,
+  ObjectNotSet = 91,
+  InvalidPattern = 93,
+  DuplicateKey = 457,
+};
+
+/// The one error type. It unwinds to the handler at the top of an event, a command or a program.
+class Error : public std::exception {
+ public:
+  Error() = default;
+  Error(std::int32_t number, std::u16string description, std::u16string source = u"VBQuorvane",
+        std::u16string helpFile = {}, std::int32_t helpContext = 0);
+
+  /// The description in UTF-8.
+  const char* what() const noexcept override { return mstrWhat.c_str(); }
+
+  std::int32_t Number = 0;  ///< 0: no error
+  std::u16string Source;
+  std::u16string Description;
+  std::u16string HelpFile;
+  std::int32_t HelpContext = 0;
+  std::int32_t LastDllError = 0;
+
+ private:
+  std::string mstrWhat;
+};
+
+/// The platform's own words for one of its numbers, such as "Overflow".
+std::u16string ErrorText(ErrorNumber number);
+
+/// Raises an error of the platform with its own words, or with `detail` in their place.
+[[noreturn]] void RaiseError(ErrorNumber number);
+[[noreturn]] void RaiseError(ErrorNumber number, std::u16string detail);
+
+/// The error that is being handled, for use inside a catch clause; Number 0 outside of one. Exceptions of the standard
+/// library come as error 7 (no memory) or 51 (any other), with their text.
+Error CurrentError();
+
+/// Reads through a pointer that may hold nothing: raises error 91 instead of touching what is not there.
+template <class Pointer>
+auto& Deref(const Pointer& pointer) {
+  if (!pointer) RaiseError(ErrorNumber::ObjectNotSet);
+  return *pointer;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace quorvane {
+
+/// Chinese (Simplified) texts stand at their id, English ones this much further.
+inline constexpr std::int32_t kEntriesPerLanguage = 1000;
+
+/// The text at an entry of the program's string table; nothing when there is none.
+std::optional<std::u16string_view> LoadResString(std::int32_t entry);
+
+}  // namespace quorvane

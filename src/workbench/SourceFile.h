@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane::workbench {
+
+/// The bytes of one module file as they stand on disk, and which of them are lines of code.
+///
+/// A file is a header that the host hides (VERSION, Object and BEGIN … END lines, the Attribute lines behind them),
+/// then code in which single Attribute lines are hidden too. All offsets are bytes, 0-based; line numbers are 1-based.
+class SourceFile {
+ public:
+  /// One line of code; the line end is not part of it. CR LF, a lone LF and a lone CR end a line.
+  struct Line {
+    std::uint32_t begin = 0;
+    std::uint32_t length = 0;
+
+    bool operator==(const Line&) const = default;
+  };
+  /// One hidden line inside the code, with its line end.
+  struct HiddenLine {
+    std::int32_t after = 0;  ///< the line of code that it stands behind; 0 for those before the first
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;  ///< exclusive
+  };
+
+  SourceFile() = default;
+  /// Takes any bytes; what is no header is code. Never raises. `bytes` holds less than 2^31 bytes.
+  explicit SourceFile(std::string bytes);
+
+  const std::string& Bytes() const { return bytes_; }
+  const std::vector<Line>& Lines() const { return lines_; }
+  const std::vector<HiddenLine>& Hidden() const { return hidden_; }  ///< ascending by `begin`
+  std::uint32_t CodeBegin() const { return codeBegin_; }             ///< where the header ends
+
+  std::string_view LineBytes(std::size_t index) const {  ///< 0-based, without the line end
+    return std::string_view(bytes_).substr(lines_[index].begin, lines_[index].length);
+  }
+  /// The line end behind a line: "\r\n", "\n", "\r", or empty at the end of the file. 0-based.
+  std::string_view LineEnd(std::size_t index) const;
+
+  /// 1-based line of the file in which the line of code `line` (1-based) stands; it counts header and hidden lines.
+  std::int32_t FileLine(std::int32_t line) const;
+
+  /// The value of Attribute VB_Name, raw bytes, without its quotes; empty when there is none.
+  const std::string& Name() const { return name_; }
+
+ private:
+  std::string bytes_;
+  std::vector<Line> lines_;
+  std::vector<HiddenLine> hidden_;
+  std::uint32_t codeBegin_ = 0;
+  std::int32_t headerLines_ = 0;
+  std::string name_;
+};
+
+}  // namespace quorvane::workbench
