@@ -1,0 +1,68 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/NativeWindows.h"
+
+namespace quorvane {
+
+class OptionGroup;
+
+namespace vbide {
+class VBComponent;
+class VBE;
+class VBProject;
+class Window;
+}  // namespace vbide
+
+/// Stateless helpers around windows, components and texts.
+class Utilities {
+ public:
+  static constexpr std::string_view ClassName = "Utilities";
+
+  Utilities();
+  ~Utilities();
+  Utilities(const Utilities&) = delete;
+  Utilities& operator=(const Utilities&) = delete;
+
+  WindowHandle FindWindow(std::u16string_view className, std::u16string_view windowName) const;
+  WindowHandle FindWindowEx(WindowHandle parent, std::u16string_view className, std::u16string_view windowName) const;
+
+  /// For each character its 1-based place and its ANSI code: "[1,65] [2,66] ".
+  std::u16string GetStrAsc(std::u16string_view s) const;
+
+  /// The host's main window; 0 when anything fails.
+  WindowHandle VBHandle(vbide::VBE& vbInstance) const;
+
+  /// Whether a component has code to search.
+  bool IsNormalComp(const vbide::VBComponent& comp) const;
+  /// Number of components with code to search.
+  std::int16_t GetModuleCount(const vbide::VBProject& project) const;
+
+  /// Among equals, the first.
+  template <class T>
+  static T Min(std::initializer_list<T> args) {
+    return *std::min_element(args.begin(), args.end());
+  }
+  /// Among equals, the first.
+  template <class T>
+  static T Max(std::initializer_list<T> args) {
+    return *std::max_element(args.begin(), args.end());
+  }
+
+  /// The lowest index whose option is set, or 0 when there is none.
+  std::int16_t GetOptionIndex(const OptionGroup& ctrl) const;
+
+  /// Expands the escapes of a replacement text: \t \r \n \\; any other escape and a single backslash at the end vanish.
+  std::u16string ReplaceSpecialChar(std::u16string_view src) const;
+
+  /// Brings the code window of `w` to the front of the host's client area.
+  void ActivateCodeWindow(const vbide::Window& w) const;
+  WindowHandle GetCodeWindowHandle(const vbide::Window& w) const;
+  WindowHandle GetMDIClientWindowHandle() const;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace quorvane {
+
+class PositionInfo;
+
+/// Scope of a search.
+enum gsArea : std::int32_t {
+  gsCurModule = 0,     ///< the module of the active code pane
+  gsCurProject = 1,    ///< all code components of the active project
+  gsAllProjects = 2,   ///< all code components of all open projects
+  gsCurProcedure = 3,  ///< the procedure under the caret, or the declarations section
+  gsSelection = 4,     ///< the selection of the active code pane
+};
+
+/// How the search text is read.
+enum gsMode : std::int32_t {
+  gsCommon = 0,   ///< plain text
+  gsPattern = 1,  ///< pattern syntax of the host
+  gsRegular = 2,  ///< regular expression
+};
+
+/// Which matches stay.
+enum gsCommentStat : std::int32_t {
+  gsIncludeComment = 0,  ///< all
+  gsExcludeComment = 1,  ///< those not in a comment
+  gsCommentOnly = 2,     ///< those in a comment
+};
+
+/// A search condition, read only.
+class ICondInfo {
+ public:
+  virtual ~ICondInfo() = default;
+
+  virtual std::u16string SearchStr() const = 0;  ///< never holds CR or LF
+  virtual gsArea Area() const = 0;
+  virtual gsMode Mode() const = 0;
+  virtual bool MatchCase() const = 0;
+  virtual gsCommentStat IgnoreComment() const = 0;
+  virtual bool WholeWord() const = 0;      ///< read in gsCommon and gsPattern only
+  virtual bool RegSingleLine() const = 0;  ///< read in gsRegular only
+  virtual std::u16string ReplaceStr() const = 0;
+  /// The region searched when Area is gsCurModule, gsCurProcedure or gsSelection.
+  virtual std::shared_ptr<PositionInfo> PosInfo() = 0;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,52 @@
+#include "services/ErrorManager.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "host/Globals.h"
+#include "platform/App.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "services/LanguageManager.h"
+#include "services/ObjStat.h"
+
+namespace quorvane {
+
+namespace {
+constexpr int kOkOnly = 0;
+}
+
+ErrorManager::ErrorManager() {
+  ObjStat::AddObject(this);
+}
+ErrorManager::~ErrorManager() {
+  ObjStat::RemoveObject(this);
+}
+
+void ErrorManager::ShowErr() const {
+  const std::int32_t number = CurrentError().Number;
+  if (number == kErrUserCanceled || number == 0 || number == kErrDialogCanceled) return;
+  ThePlatform().MessageBoxes().MsgBox(GetErrStr(), kOkOnly, ThePlatform().TheApp().Title);
+}
+
+std::u16string ErrorManager::GetErrStr() const {
+  const Error error = CurrentError();
+  LanguageManager& language = Globals::Language();
+  std::u16string text = language.GetString(243) + ToText(error.Number);
+  text.append(kCrLf).append(language.GetString(244) + error.Description);
+  text.append(kCrLf).append(language.GetString(245) + error.Source);
+  return text;
+}
+
+void ErrorManager::Raise(std::int32_t e, std::u16string_view msg, const std::vector<std::u16string>& arg) const {
+  std::u16string text(msg);
+  for (std::size_t i = 0; i < arg.size(); ++i) {
+    text = ReplaceAll(text, u"%" + ToText(static_cast<std::int64_t>(i)), arg[i]);
+  }
+  throw Error(e, text);
+}
+
+void ErrorManager::RaiseAgain() const {
+  if (CurrentError().Number != 0) throw CurrentError();
+}
+
+}  // namespace quorvane
