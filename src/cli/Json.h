@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorvane::cli {
+
+/// Writes one JSON value after another into a line of text, in UTF-8. Commas come by themselves.
+class Json {
+ public:
+  Json& BeginObject();
+  Json& EndObject();
+  Json& BeginArray();
+  Json& EndArray();
+  Json& Key(std::string_view name);
+  Json& Text(std::u16string_view value);
+  /// `value` is UTF-8; what is not becomes U+FFFD.
+  Json& Utf8(std::string_view value);
+  Json& Number(std::int64_t value);
+  /// `digits` is a number already in decimal.
+  Json& Digits(std::u16string_view digits);
+
+  /// What was written since the last Take.
+  std::string Take();
+
+ private:
+  void Value();
+
+  std::string out_;
+  bool comma_ = false;  ///< the next value is not the first of its container
+};
+
+}  // namespace quorvane::cli

@@ -1,0 +1,230 @@
+#include "cli/Options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <iostream>
+#include <map>
+
+#include "cli/Diagnostics.h"
+
+namespace quorvane::cli {
+
+namespace {
+
+/// The numbers of "1,2,3,4": whole, at least 1, at most `most` of them; nothing when it is something else.
+std::optional<std::vector<std::int32_t>> ParseNumbers(const std::string& text, std::size_t least, std::size_t most) {
+  std::vector<std::int32_t> numbers;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  for (;;) {
+    std::int32_t number = 0;
+    const auto [next, error] = std::from_chars(at, end, number);
+    if (error != std::errc() || number < 1) return std::nullopt;
+    numbers.push_back(number);
+    if (next == end) break;
+    if (*next != ',') return std::nullopt;
+    at = next + 1;
+  }
+  if (numbers.size() < least || numbers.size() > most) return std::nullopt;
+  return numbers;
+}
+
+std::string WithoutLineBreaks(std::string text) {
+  std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+  return text;
+}
+
+/// The parser with the places that its values go to.
+class Parser {
+ public:
+  Parser();
+  Options Parse(int argc, const char* const* argv);
+  CLI::App& App() { return app_; }
+
+ private:
+  void AddFind();
+  void AddReplace();
+  void AddList();
+  void AddCondition(CLI::App& command);
+  void AddPlace(CLI::App& command);
+  void AddCommon(CLI::App& command);
+  void Check(const CLI::App& command);
+  void CheckPlace(const CLI::App& command);
+  void NoteUnread(const CLI::App& command);
+
+  CLI::App app_{"Find and replace in Visual Basic 6 projects.", "quorvane"};
+  Options options_;
+  CLI::App* find_ = nullptr;
+  CLI::App* replace_ = nullptr;
+  CLI::App* list_ = nullptr;
+  std::string at_;
+  std::string select_;
+};
+
+template <class T>
+CLI::Option* AddChoice(CLI::App& command, const std::string& name, T& target, std::map<std::string, T> choices,
+                       const std::string& description) {
+  std::string names;
+  for (const auto& choice : choices) names += (names.empty() ? "" : "|") + choice.first;
+  // The transformer's own description of its map would show the numbers; the type name shows the words.
+  auto transformer = CLI::CheckedTransformer(std::move(choices), CLI::ignore_case).description("");
+  return command.add_option(name, target, description)->transform(transformer)->type_name(names);
+}
+
+Parser::Parser() {
+  app_.set_version_flag("--version", std::string("quorvane ") + QUORVANE_VERSION);
+  app_.require_subcommand(1);
+  app_.get_formatter()->column_width(36);
+  AddFind();
+  AddReplace();
+  AddList();
+  app_.footer(
+      "Exit status: 0 something found, replaced or listed; 1 nothing; 2 an error; 130 cancelled.\n"
+      "FILE: a project group (.vbg), a project (.vbp) or single module files.\n"
+      "'quorvane COMMAND --help' tells of a command's options.");
+}
+
+void Parser::AddFind() {
+  find_ = app_.add_subcommand("find", "Find all matches of TEXT");
+  find_->add_option("TEXT", options_.text, "What to look for")->required();
+  AddCommon(*find_);
+  AddCondition(*find_);
+  AddPlace(*find_);
+  AddChoice<Format>(*find_, "--format", options_.format,
+                    {{"lines", Format::Lines},
+                     {"vimgrep", Format::Vimgrep},
+                     {"json", Format::Json},
+                     {"xml", Format::Xml},
+                     {"count", Format::Count}},
+                    "How results are told (default: lines)");
+  find_->add_option("--xsl", options_.xsl, "The stylesheet that words the lines")->type_name("FILE");
+  find_->add_option("-o,--output", options_.output, "Write the results to FILE")->type_name("FILE");
+  AddChoice<Color>(*find_, "--color", options_.color,
+                   {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}},
+                   "Show the match in bold (default: auto, on a terminal)");
+}
+
+void Parser::AddReplace() {
+  replace_ = app_.add_subcommand("replace", "Replace all matches of the regular expression PATTERN");
+  replace_->add_option("PATTERN", options_.text, "What to look for")->required();
+  replace_->add_option("REPLACEMENT", options_.replacement, "May hold $1 to $99, $&, $`, $' and $$")->required();
+  AddCommon(*replace_);
+  AddCondition(*replace_);
+  AddPlace(*replace_);
+  replace_->add_option("-o,--output", options_.output, "Write the diff to FILE")->type_name("FILE");
+  replace_->add_flag("--write", options_.write, "Save the files; without it a diff is shown and nothing is written");
+}
+
+void Parser::AddList() {
+  list_ = app_.add_subcommand("list", "List the components as JSON");
+  AddCommon(*list_);
+  list_->add_flag("--procedures", options_.procedures, "List the procedures of each component too");
+  list_->add_option("-o,--output", options_.output, "Write the list to FILE")->type_name("FILE");
+}
+
+void Parser::AddCommon(CLI::App& command) {
+  command.add_option("FILE", options_.files, "Groups, projects or module files")->required();
+  command.add_option("--codepage", options_.codepage, "Code page of the files, such as 1252, 936 or UTF-8")
+      ->type_name("NAME");
+  AddChoice<std::int32_t>(command, "--language", options_.language, {{"zh", 0}, {"en", 1}},
+                          "Language of the messages (default: en)");
+}
+
+void Parser::AddCondition(CLI::App& command) {
+  AddChoice<gsMode>(
+      command, "-m,--mode", options_.mode, {{"common", gsCommon}, {"pattern", gsPattern}, {"regexp", gsRegular}},
+      &command == replace_ ? "How PATTERN is read (only regexp can replace)" : "How TEXT is read (default: common)");
+  command.add_flag("-c,--match-case", options_.matchCase, "Upper and lower case differ");
+  command.add_flag("-w,--whole-word", options_.wholeWord, "Whole words only (common and pattern)");
+  command.add_flag("-s,--single-line", options_.singleLine, "Single-line regular expressions");
+  AddChoice<gsCommentStat>(command, "--comments", options_.comments,
+                           {{"include", gsIncludeComment}, {"exclude", gsExcludeComment}, {"only", gsCommentOnly}},
+                           "Which matches stay (default: include)");
+}
+
+void Parser::AddPlace(CLI::App& command) {
+  AddChoice<gsArea>(command, "-a,--area", options_.area,
+                    {{"group", gsAllProjects},
+                     {"project", gsCurProject},
+                     {"module", gsCurModule},
+                     {"procedure", gsCurProcedure},
+                     {"selection", gsSelection}},
+                    "Where to look (default: group)");
+  command.add_option("--project", options_.project, "The active project")->type_name("NAME");
+  command.add_option("--module", options_.module, "The module of the active code pane")->type_name("NAME");
+  command.add_option("--at", at_, "The caret: line and screen column, 1-based")->type_name("Y[,X]");
+  command.add_option("--select", select_, "The selection, the end exclusive")->type_name("Y1,X1,Y2,X2");
+}
+
+void Parser::CheckPlace(const CLI::App& command) {
+  if (!at_.empty()) {
+    const auto place = ParseNumbers(at_, 1, 2);
+    if (!place) throw CLI::ValidationError("--at", "'" + at_ + "' is not Y or Y,X");
+    const std::int32_t column = place->size() == 2 ? (*place)[1] : 1;
+    options_.at = vbide::Selection{(*place)[0], column, (*place)[0], column};
+  }
+  if (!select_.empty()) {
+    const auto range = ParseNumbers(select_, 4, 4);
+    if (!range) throw CLI::ValidationError("--select", "'" + select_ + "' is not Y1,X1,Y2,X2");
+    options_.at = vbide::Selection{(*range)[0], (*range)[1], (*range)[2], (*range)[3]};
+    if (options_.at->EndLine < options_.at->StartLine ||
+        (options_.at->EndLine == options_.at->StartLine && options_.at->EndColumn < options_.at->StartColumn)) {
+      throw CLI::ValidationError("--select", "'" + select_ + "' ends before it begins");
+    }
+  }
+  if (options_.area == gsSelection && command.count("--select") == 0) {
+    throw CLI::ValidationError("--area", "the area selection needs --select");
+  }
+}
+
+void Parser::NoteUnread(const CLI::App& command) {
+  const auto note = [&](const char* name, bool read) {
+    if (!read && command.count(name) > 0) options_.unread.emplace_back(name);
+  };
+  const bool find = options_.command == Command::Find;
+  note("--whole-word", find && options_.mode != gsRegular);
+  note("--single-line", options_.mode == gsRegular);
+  note("--comments", find);
+  if (find) {
+    note("--xsl", options_.format == Format::Lines);
+    note("--color", options_.format == Format::Lines);
+  }
+}
+
+void Parser::Check(const CLI::App& command) {
+  if (options_.command == Command::List) return;
+  options_.text = WithoutLineBreaks(options_.text);
+  options_.replacement = WithoutLineBreaks(options_.replacement);
+  if (options_.text.empty()) {
+    throw CLI::ValidationError(options_.command == Command::Find ? "TEXT" : "PATTERN", "must not be empty");
+  }
+  if (options_.command == Command::Replace && command.count("--mode") == 0) options_.mode = gsRegular;
+  CheckPlace(command);
+  NoteUnread(command);
+}
+
+Options Parser::Parse(int argc, const char* const* argv) {
+  app_.parse(argc, argv);
+  const CLI::App* command = app_.get_subcommands().front();
+  options_.command = command == find_ ? Command::Find : command == replace_ ? Command::Replace : Command::List;
+  Check(*command);
+  return options_;
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(int argc, const char* const* argv, int& status) {
+  Parser parser;
+  try {
+    return parser.Parse(argc, argv);
+  } catch (const CLI::Success& request) {
+    status = parser.App().exit(request);
+  } catch (const CLI::ParseError& error) {
+    TellError(error.what());
+    status = 2;
+  }
+  return std::nullopt;
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/VBIDE.h"
+#include "search/ICondInfo.h"
+
+namespace quorvane::cli {
+
+enum class Command { Find, Replace, List };
+
+enum class Format { Lines, Vimgrep, Json, Xml, Count };
+
+enum class Color { Auto, Always, Never };
+
+/// What the user asked for, checked as far as it can be without opening a file. Texts are UTF-8 as typed.
+struct Options {
+  Command command = Command::Find;
+  std::string text;         ///< TEXT or PATTERN, without CR and LF; not empty but for list
+  std::string replacement;  ///< without CR and LF
+  std::vector<std::string> files;
+
+  gsMode mode = gsCommon;
+  gsArea area = gsAllProjects;
+  std::string project;  ///< empty: not named
+  std::string module;
+  std::optional<vbide::Selection> at;  ///< the caret, or the selection; host lines and screen columns
+  bool matchCase = false;
+  bool wholeWord = false;
+  bool singleLine = false;
+  gsCommentStat comments = gsIncludeComment;
+
+  Format format = Format::Lines;
+  std::string xsl;
+  std::string output;
+  std::string codepage;  ///< empty: that of the locale
+  std::int32_t language = 1;
+  Color color = Color::Auto;
+  bool write = false;
+  bool procedures = false;
+
+  /// Options given that this command or mode does not look at, for a warning each.
+  std::vector<std::string> unread;
+};
+
+/// Parses a command line. On a request for help or the version, prints it and gives the exit status in `status`, as on
+/// an error, which is told on standard error.
+std::optional<Options> ParseOptions(int argc, const char* const* argv, int& status);
+
+}  // namespace quorvane::cli

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvane::cli {
+
+/// Where results go: standard output, or a file that appears whole at its place when all of it is written.
+class Output {
+ public:
+  /// An empty path is standard output. A path that cannot be written raises an error that names it.
+  explicit Output(std::string path);
+  ~Output();  ///< without Finish, a file that was begun goes
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  void Write(std::string_view bytes);
+  /// Writes out what is buffered; a file gets its name.
+  void Finish();
+
+  /// The reader has gone: nothing more is written, and there is no point in going on.
+  bool Closed() const { return closed_; }
+  bool IsTerminal() const;
+
+ private:
+  void Flush();
+  [[noreturn]] void Fail(int error) const;
+
+  std::string path_;       ///< empty: standard output
+  std::string temporary_;  ///< the file being written until Finish; empty when written in place
+  int file_ = 1;
+  std::string buffer_;
+  bool closed_ = false;
+};
+
+}  // namespace quorvane::cli

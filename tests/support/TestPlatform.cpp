@@ -1,0 +1,63 @@
+#include "support/TestPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "host/Globals.h"
+#include "host/Utilities.h"
+#include "host/VBIDE.h"
+#include "native/CodePages.h"
+#include "native/LibXmlDocument.h"
+#include "native/PcreRegExp.h"
+#include "services/ErrorManager.h"
+#include "services/GlobalSetting.h"
+#include "services/LanguageManager.h"
+
+namespace quorvane::test {
+
+void ScriptedLoop::DoEvents() {
+  ++Yields;
+  if (OnYield) OnYield();
+  while (!waiting_.empty()) {
+    const auto work = std::move(waiting_.front());
+    waiting_.pop_front();
+    work();
+  }
+}
+
+int ScriptedPrompts::MsgBox(const std::u16string& text, int flags, const std::u16string& caption) {
+  Shown.push_back({text, flags, caption});
+  if (Answers.empty()) {
+    ADD_FAILURE() << "unexpected message box: " << ToUtf8(text);
+    return 1;
+  }
+  const int answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
+
+TestPlatform::TestPlatform(const std::string& codePage) : codePage_(native::NewCodePage(codePage)) {
+  InstallPlatform(this);
+  Globals::gobjErrorManager = std::make_shared<ErrorManager>();
+  Globals::gobjUtilities = std::make_shared<Utilities>();
+  Globals::gobjSetting = std::make_shared<GlobalSetting>();
+  Globals::Language().Language = 1;
+}
+
+TestPlatform::~TestPlatform() {
+  EXPECT_TRUE(prompts.Answers.empty()) << "message boxes that never came";
+  Globals::gobjVBE.reset();
+  Globals::gobjSetting.reset();
+  Globals::gobjUtilities.reset();
+  Globals::gobjErrorManager.reset();
+  InstallPlatform(nullptr);
+}
+
+std::unique_ptr<RegExp> TestPlatform::NewRegExp() { return std::make_unique<native::PcreRegExp>(); }
+
+std::shared_ptr<XmlDocument> TestPlatform::NewXmlDocument() { return std::make_shared<native::LibXmlDocument>(); }
+
+NativeWindows& TestPlatform::Windows() { return Deref(windows); }
+
+}  // namespace quorvane::test
