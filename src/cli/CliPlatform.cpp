@@ -1,0 +1,56 @@
+#include "cli/CliPlatform.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "cli/Diagnostics.h"
+#include "host/Globals.h"
+#include "host/Utilities.h"
+#include "host/VBIDE.h"
+#include "native/CodePages.h"
+#include "native/LibXmlDocument.h"
+#include "native/PcreRegExp.h"
+#include "services/ErrorManager.h"
+#include "services/GlobalSetting.h"
+#include "services/LanguageManager.h"
+
+namespace quorvane::cli {
+
+void CliLoop::DoEvents() {
+  if (StopWanted && StopWanted()) Cancel();
+}
+
+int CliPrompts::MsgBox(const std::u16string& text, int, const std::u16string&) {
+  TellWarning(ToUtf8(text));
+  return 1;
+}
+
+CliPlatform::CliPlatform(const std::string& codePage, int language)
+    : codePage_(native::NewCodePage(codePage.empty() ? native::CodePageOfLocale() : codePage)) {
+  InstallPlatform(this);
+  Globals::gobjErrorManager = std::make_shared<ErrorManager>();
+  Globals::gobjUtilities = std::make_shared<Utilities>();
+  Globals::gobjSetting = std::make_shared<GlobalSetting>();
+  Globals::Language().Language = language;
+}
+
+CliPlatform::~CliPlatform() {
+  Globals::gobjVBE.reset();
+  Globals::gobjSetting.reset();
+  Globals::gobjUtilities.reset();
+  Globals::gobjErrorManager.reset();
+  InstallPlatform(nullptr);
+}
+
+std::unique_ptr<RegExp> CliPlatform::NewRegExp() {
+  return std::make_unique<native::PcreRegExp>();
+}
+
+std::shared_ptr<XmlDocument> CliPlatform::NewXmlDocument() {
+  return std::make_shared<native::LibXmlDocument>();
+}
+
+NativeWindows& CliPlatform::Windows() {
+  RaiseError(ErrorNumber::ObjectNotSet);
+}
+
+}  // namespace quorvane::cli

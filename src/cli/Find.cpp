@@ -1,0 +1,82 @@
+#include "base/Error.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Interrupt.h"
+#include "cli/Output.h"
+#include "cli/Reporter.h"
+#include "cli/ResultPage.h"
+#include "cli/Session.h"
+#include "cli/StylesheetFile.h"
+#include "host/Globals.h"
+#include "platform/XmlDocument.h"
+#include "search/ResultCollection.h"
+#include "services/ErrorManager.h"
+#include "services/GlobalSetting.h"
+
+namespace quorvane::cli {
+
+namespace {
+
+constexpr int kStatusFound = 0;
+constexpr int kStatusNothing = 1;
+constexpr int kStatusCanceled = 130;
+
+/// Makes the user's stylesheet the setting, or raises an error that names its file.
+void UseStylesheet(const std::string& path) {
+  if (path.empty()) return;
+  const std::u16string text = ReadStylesheet(path);
+  const auto document = ThePlatform().NewXmlDocument();
+  const auto fail = [&path](const std::u16string& reason) {
+    RaiseError(ErrorNumber::InvalidProcedureCall, FromUtf8(path) + u": " + reason);
+  };
+  if (!document->LoadXml(text)) fail(document->LoadError());
+  try {
+    document->CompileStylesheet();
+  } catch (const Error& error) {
+    fail(error.Description);
+  }
+  Globals::gobjSetting->SetXSL(text);
+}
+
+/// Runs the search; true when it was cancelled.
+bool Search(ResultPage& page, Session& session, const Output& output) {
+  session.ThePlatform().Loop().StopWanted = [&output] { return Interrupted() || output.Closed(); };
+  session.ThePlatform().Loop().Cancel = [&page] { page.mobjTask.mblnCancel = true; };
+  try {
+    page.mobjTask.Run(kTaskSearch);
+  } catch (const Error& error) {
+    if (error.Number != kErrUserCanceled) throw;
+    return true;
+  }
+  return Interrupted();
+}
+
+}  // namespace
+
+int Find(const Options& options) {
+  Session session(options);
+  session.Apply(options);
+  session.CheckOutput(options.output);
+  if (options.format == Format::Lines) UseStylesheet(options.xsl);
+  Output output(options.output);
+  ResultPage page;
+  std::u16string module;
+  const auto scanning = page.mobjTask.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
+  const auto reporter = NewReporter(options, page, output);
+  CatchInterrupt();
+  const bool canceled = [&] {
+    try {
+      return Search(page, session, output);
+    } catch (const Error& error) {
+      output.Finish();  // what was found before the error stays
+      throw Error(error.Number, module.empty() ? error.Description : module + u": " + error.Description);
+    }
+  }();
+  if (options.format == Format::Lines) page.CheckLines();
+  reporter->Finish();
+  output.Finish();
+  if (canceled && Interrupted()) return kStatusCanceled;
+  return page.Result()->Count() > 0 ? kStatusFound : kStatusNothing;
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,67 @@
+#include <string>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Diagnostics.h"
+#include "cli/Interrupt.h"
+#include "cli/Output.h"
+#include "cli/Session.h"
+#include "search/TaskManager.h"
+#include "workbench/GroupSaver.h"
+#include "workbench/UnifiedDiff.h"
+
+namespace quorvane::cli {
+
+namespace {
+
+void TellDropped(const std::string& path, const std::vector<std::string>& hiddenLines) {
+  for (const std::string& line : hiddenLines) TellWarning(path + ": its declaration is gone, and with it: " + line);
+}
+
+bool ShowDiff(workbench::Workbench& host, Output& output) {
+  bool any = false;
+  for (const workbench::PlannedFile& file : workbench::PlanSave(host)) {
+    if (file.before == file.after) continue;
+    any = true;
+    TellDropped(file.path, file.droppedHiddenLines);
+    output.Write(workbench::UnifiedDiff(file.path, file.before, file.after));
+  }
+  return any;
+}
+
+bool Save(workbench::Workbench& host, Output& output) {
+  const auto files = workbench::SaveGroup(host);
+  for (const workbench::SavedFile& file : files) {
+    TellDropped(file.path, file.droppedHiddenLines);
+    output.Write(file.path + " +" + std::to_string(file.added) + " -" + std::to_string(file.removed) + '\n');
+  }
+  return !files.empty();
+}
+
+}  // namespace
+
+int Replace(const Options& options) {
+  Session session(options);
+  session.Apply(options);
+  session.CheckOutput(options.output);
+  CatchInterrupt();
+  std::u16string module;
+  {
+    TaskManager task;
+    const auto scanning = task.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
+    try {
+      task.Run(kTaskReplaceAll);
+    } catch (const Error& error) {
+      if (options.mode != gsRegular || module.empty()) throw;
+      throw Error(error.Number, module + u": " + error.Description);
+    }
+  }
+  if (Interrupted()) return 130;
+  Output output(options.output);
+  const bool changed = options.write ? Save(session.Host(), output) : ShowDiff(session.Host(), output);
+  output.Finish();
+  return changed ? 0 : 1;
+}
+
+}  // namespace quorvane::cli

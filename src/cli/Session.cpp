@@ -1,0 +1,118 @@
+#include "cli/Session.h"
+
+#include <filesystem>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "cli/Diagnostics.h"
+#include "host/Globals.h"
+#include "host/VBIDE.h"
+#include "services/GlobalSetting.h"
+#include "workbench/Module.h"
+
+namespace quorvane::cli {
+
+namespace {
+
+using workbench::Component;
+using workbench::Project;
+
+bool NeedsPane(gsArea area) {
+  return area == gsCurModule || area == gsCurProcedure || area == gsSelection;
+}
+
+[[noreturn]] void Fail(const std::string& message) {
+  RaiseError(ErrorNumber::InvalidProcedureCall, FromUtf8(message));
+}
+
+/// Told as an error where the area needs what is amiss, as a warning elsewhere.
+void Complain(bool needed, const std::string& message) {
+  if (needed) Fail(message);
+  TellWarning(message);
+}
+
+std::vector<std::shared_ptr<Project>> ProjectsNamed(const std::vector<std::shared_ptr<Project>>& projects,
+                                                    const std::u16string& name) {
+  std::vector<std::shared_ptr<Project>> found;
+  for (const auto& project : projects) {
+    if (EqualsNoCaseAscii(project->Name(), name)) found.push_back(project);
+  }
+  return found;
+}
+
+}  // namespace
+
+Session::Session(const Options& options) : platform_(options.codepage, options.language) {
+  group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage());
+  for (const std::string& warning : group_.warnings) TellWarning(warning);
+  Globals::gobjVBE = std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), group_.workbench.get());
+}
+
+void Session::Apply(const Options& options) {
+  for (const std::string& name : options.unread) TellWarning(name + " plays no part here");
+  GlobalSetting& setting = *Globals::gobjSetting;
+  setting.mstrSearchStr = FromUtf8(options.text);
+  setting.mstrReplaceStr = FromUtf8(options.replacement);
+  setting.menumArea = options.area;
+  setting.menumMode = options.mode;
+  setting.mblnMatchCase = options.matchCase;
+  setting.mblnWholeWord = options.wholeWord;
+  setting.mblnRegSingleLine = options.singleLine;
+  setting.menumIgnoreComment = options.comments;
+  ActivateProject(options);
+  ActivateModule(options);
+}
+
+void Session::ActivateProject(const Options& options) {
+  if (options.project.empty()) return;
+  const auto found = ProjectsNamed(Host().Projects(), FromUtf8(options.project));
+  if (found.size() == 1) return Host().SetActiveProject(found.front());
+  Complain(options.area != gsAllProjects, found.empty() ? "there is no project named '" + options.project + "'"
+                                                        : "several projects are named '" + options.project + "'");
+}
+
+std::vector<std::shared_ptr<Component>> Session::ModulesNamed(const Options& options) {
+  const std::u16string name = FromUtf8(options.module);
+  const auto projects =
+      options.project.empty() ? Host().Projects() : ProjectsNamed(Host().Projects(), FromUtf8(options.project));
+  std::vector<std::shared_ptr<Component>> found;
+  for (const auto& project : projects) {
+    for (const auto& component : project->Components()) {
+      if (component->TheModule() && (name.empty() || EqualsNoCaseAscii(component->Name(), name))) {
+        found.push_back(component);
+      }
+    }
+  }
+  return found;
+}
+
+void Session::ActivateModule(const Options& options) {
+  const bool needed = NeedsPane(options.area);
+  if (!needed && options.module.empty()) return;
+  const auto found = ModulesNamed(options);
+  if (found.size() == 1) {
+    const auto pane = found.front()->TheModule()->CodePane();
+    if (options.at) Deref(pane).SetSelection(*options.at);
+    return Host().SetActivePane(pane);
+  }
+  if (options.module.empty()) {
+    Fail(found.empty() ? "there is no module to search" : "there are several modules; name one with --module");
+  }
+  Complain(needed, found.empty() ? "there is no module named '" + options.module + "'"
+                                 : "several modules are named '" + options.module + "'; name the project too");
+}
+
+void Session::CheckOutput(const std::string& path) {
+  std::error_code failed;
+  if (path.empty() || !std::filesystem::exists(path, failed)) return;
+  const auto isOutput = [&](const std::string& file) {
+    return !file.empty() && std::filesystem::equivalent(path, file, failed) && !failed;
+  };
+  for (const auto& project : Host().Projects()) {
+    bool clash = isOutput(project->Path());
+    for (const auto& component : project->Components()) clash = clash || isOutput(component->Path());
+    if (clash) Fail(path + ": is one of the open files and is not overwritten");
+  }
+}
+
+}  // namespace quorvane::cli

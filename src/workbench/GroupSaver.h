@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorvane::workbench {
+
+class Workbench;
+
+/// A file that a save would change.
+struct PlannedFile {
+  std::string path;
+  std::string before;                           ///< its bytes as they were read or last saved
+  std::string after;                            ///< its bytes to be
+  std::vector<std::string> droppedHiddenLines;  ///< in the bytes of the file, without line ends
+};
+
+/// What a save would do, writing nothing: the files whose bytes change, in the order of their first component.
+///
+/// Raises an error that names the file when the code page lacks a character of its text, when components of one file
+/// were edited to different texts, and when an edited component has no file.
+std::vector<PlannedFile> PlanSave(const Workbench& workbench);
+
+/// What a save did to one file.
+struct SavedFile {
+  std::string path;
+  std::int32_t added = 0;  ///< lines of the file that were not in it before
+  std::int32_t removed = 0;
+  std::vector<std::string> droppedHiddenLines;
+};
+
+/// Saves all edited components: all files or, when an error is raised before the first is replaced, none. A file that
+/// several components show is saved once; a component of it that was not edited takes over the text that was saved, as
+/// one step of its undo.
+std::vector<SavedFile> SaveGroup(Workbench& workbench);
+
+}  // namespace quorvane::workbench

@@ -1,0 +1,39 @@
+#include "workbench/HostWindows.h"
+
+#include <algorithm>
+
+#include "base/Error.h"
+#include "base/Text.h"
+
+namespace quorvane::workbench {
+
+namespace {
+
+constexpr std::int32_t kCannotCreateObject = 429;
+
+}  // namespace
+
+void HostWindows::RegisterDocumentFactory(const std::u16string& progId, DocumentFactory factory) {
+  std::erase_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
+  factories_.emplace_back(progId, std::move(factory));
+}
+
+std::shared_ptr<vbide::Window> HostWindows::CreateToolWindow(const std::shared_ptr<vbide::AddIn>& addIn,
+                                                             std::u16string_view progId, const std::u16string& caption,
+                                                             std::u16string_view guidPosition,
+                                                             std::shared_ptr<vbide::Document>& document) {
+  Deref(addIn);
+  const auto factory =
+      std::ranges::find_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
+  if (factory == factories_.end()) {
+    throw Error(kCannotCreateObject, u"Cannot create the object " + std::u16string(progId));
+  }
+  std::shared_ptr<vbide::Document> made = factory->second();
+  Deref(made);
+  auto window = std::make_shared<ToolWindow>(desk_->NewHandle(), caption, addIn, std::u16string(guidPosition), made);
+  toolWindows_.push_back(window);
+  document = std::move(made);
+  return window;
+}
+
+}  // namespace quorvane::workbench

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/VBIDE.h"
+#include "workbench/Desk.h"
+#include "workbench/ToolWindow.h"
+
+namespace quorvane::workbench {
+
+/// Makes tool windows around documents that are known by ProgID, upper and lower case alike.
+class HostWindows final : public vbide::Windows {
+ public:
+  using DocumentFactory = std::function<std::shared_ptr<vbide::Document>()>;
+
+  explicit HostWindows(std::shared_ptr<Desk> desk) : desk_(std::move(desk)) {}
+
+  /// A second factory of one ProgID takes the place of the first.
+  void RegisterDocumentFactory(const std::u16string& progId, DocumentFactory factory);
+
+  /// The window is not visible yet. Error 91 without an add-in, 429 for a ProgID without a factory.
+  std::shared_ptr<vbide::Window> CreateToolWindow(const std::shared_ptr<vbide::AddIn>& addIn,
+                                                  std::u16string_view progId, const std::u16string& caption,
+                                                  std::u16string_view guidPosition,
+                                                  std::shared_ptr<vbide::Document>& document) override;
+
+  const std::vector<std::shared_ptr<ToolWindow>>& ToolWindows() const { return toolWindows_; }
+
+ private:
+  std::shared_ptr<Desk> desk_;
+  std::vector<std::pair<std::u16string, DocumentFactory>> factories_;
+  std::vector<std::shared_ptr<ToolWindow>> toolWindows_;
+};
+
+}  // namespace quorvane::workbench

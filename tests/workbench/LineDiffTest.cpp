@@ -1,0 +1,172 @@
+#include "workbench/LineDiff.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <ostream>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane::workbench {
+
+void PrintTo(const DiffHunk& hunk, std::ostream* out) {
+  *out << '[' << hunk.beforeBegin << ',' << hunk.beforeEnd << ")->[" << hunk.afterBegin << ',' << hunk.afterEnd << ')';
+}
+
+namespace {
+
+using Lines = std::vector<std::string_view>;
+
+/// One letter a line.
+Lines Letters(std::string_view text) {
+  Lines lines;
+  for (std::size_t i = 0; i < text.size(); ++i) lines.push_back(text.substr(i, 1));
+  return lines;
+}
+
+std::size_t LongestCommon(const Lines& a, const Lines& b) {
+  std::vector<std::size_t> row(b.size() + 1, 0);
+  for (const std::string_view line : a) {
+    std::size_t diagonal = 0;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t above = row[j + 1];
+      row[j + 1] = line == b[j] ? diagonal + 1 : std::max(above, row[j]);
+      diagonal = above;
+    }
+  }
+  return row.back();
+}
+
+/// True when a line occurs once on each side, between what both begin with and what both end with.
+bool HasAnchor(std::string_view a, std::string_view b) {
+  while (!a.empty() && !b.empty() && a.front() == b.front()) a.remove_prefix(1), b.remove_prefix(1);
+  while (!a.empty() && !b.empty() && a.back() == b.back()) a.remove_suffix(1), b.remove_suffix(1);
+  return std::any_of(a.begin(), a.end(), [&](char c) {
+    return std::count(a.begin(), a.end(), c) == 1 && std::count(b.begin(), b.end(), c) == 1;
+  });
+}
+
+/// How many lines the hunks leave alone; fails the test when what they leave alone differs or they touch.
+std::size_t CheckedEqualLines(const Lines& before, const Lines& after, const std::vector<DiffHunk>& hunks) {
+  std::size_t b = 0, a = 0, equal = 0;
+  const auto pairUpTo = [&](std::size_t end) {
+    for (; b < end; ++b, ++a, ++equal) {
+      if (a >= after.size() || before[b] != after[a]) {
+        ADD_FAILURE() << "line " << b << " is not line " << a;
+        return;
+      }
+    }
+  };
+  for (std::size_t i = 0; i < hunks.size(); ++i) {
+    const auto begin = static_cast<std::size_t>(hunks[i].beforeBegin);
+    EXPECT_TRUE(i == 0 || begin > b) << "hunk " << i << " touches the one before it";
+    EXPECT_FALSE(hunks[i].beforeBegin == hunks[i].beforeEnd && hunks[i].afterBegin == hunks[i].afterEnd);
+    pairUpTo(begin);
+    EXPECT_EQ(a, static_cast<std::size_t>(hunks[i].afterBegin));
+    b = static_cast<std::size_t>(hunks[i].beforeEnd);
+    a = static_cast<std::size_t>(hunks[i].afterEnd);
+  }
+  pairUpTo(before.size());
+  EXPECT_EQ(a, after.size());
+  return equal;
+}
+
+TEST(LineDiff, FindsTheHunks) {
+  struct Case {
+    std::string_view before, after;
+    std::vector<DiffHunk> hunks;
+  };
+  const std::vector<Case> cases = {
+      {"", "", {}},
+      {"abc", "abc", {}},
+      {"", "ab", {{0, 0, 0, 2}}},
+      {"ab", "", {{0, 2, 0, 0}}},
+      {"abc", "aXc", {{1, 2, 1, 2}}},
+      {"abc", "Xbc", {{0, 1, 0, 1}}},
+      {"abc", "abcX", {{3, 3, 3, 4}}},
+      {"abcde", "aXcYZe", {{1, 2, 1, 2}, {3, 4, 3, 5}}},
+      {"aaaa", "aaa", {{3, 4, 3, 3}}},
+      // The lines that occur once hold, though the blank ones would make a longer match.
+      {"a___b", "b___a", {{0, 0, 0, 4}, {1, 5, 5, 5}}},
+      // Without a line that occurs once the longest match counts.
+      {"xyxyx", "yxyxy", {{0, 1, 0, 0}, {5, 5, 4, 5}}},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(DiffLines(Letters(c.before), Letters(c.after)), c.hunks) << c.before << " -> " << c.after;
+  }
+}
+
+TEST(LineDiff, AgreesWithTheLongestCommonSubsequence) {
+  const unsigned seed = std::random_device{}();
+  std::mt19937 random(seed);
+  const auto below = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random); };
+  for (int round = 0; round < 3000; ++round) {
+    const std::size_t alphabet = 1 + below(8);
+    std::string before(below(24), 'a');
+    for (char& c : before) c = static_cast<char>('a' + below(alphabet));
+    std::string after = before;
+    for (std::size_t edits = below(8); edits > 0; --edits) {
+      const char c = static_cast<char>('a' + below(alphabet + 2));
+      const std::size_t at = below(after.size() + 1);
+      if (at < after.size() && below(2) == 0) {
+        after.erase(at, 1);
+      } else {
+        after.insert(at, 1, c);
+      }
+    }
+    const bool exact = !HasAnchor(before, after);
+    const Lines b = Letters(before), a = Letters(after);
+    const std::size_t equal = CheckedEqualLines(b, a, DiffLines(b, a));
+    const std::size_t longest = LongestCommon(b, a);
+    EXPECT_LE(equal, longest);
+    EXPECT_TRUE(!exact || equal == longest) << equal << " of " << longest;
+    if (HasFailure()) FAIL() << "seed " << seed << ": " << before << " -> " << after;
+  }
+}
+
+TEST(LineDiff, LinesThatOccurOnceKeepEveryLineThatStays) {
+  std::vector<std::string> text;
+  for (int i = 0; i < 2000; ++i) text.push_back("line " + std::to_string(i));
+  const Lines before(text.begin(), text.end());
+  Lines after = before;
+  for (std::size_t i = 0; i < after.size(); i += 7) after[i] = "changed";
+  after.erase(after.begin() + 1000, after.begin() + 1010);
+  after.insert(after.begin() + 300, 25, "new");
+  EXPECT_EQ(CheckedEqualLines(before, after, DiffLines(before, after)), LongestCommon(before, after));
+}
+
+TEST(LineDiff, LargeBlocksStayCheap) {
+  std::vector<std::string> text;
+  for (int i = 0; i < 80000; ++i) text.push_back("    value(" + std::to_string(i) + ") = value");
+  const Lines some(text.begin(), text.begin() + 40000), others(text.begin() + 40000, text.end());
+  const Lines backwards(some.rbegin(), some.rend());
+  std::mt19937 random(1);
+  Lines noise, otherNoise, sparse, sparseChanged;
+  for (std::size_t i = 0; i < 40000; ++i) {
+    noise.push_back(some[random() % 10]);
+    otherNoise.push_back(some[random() % 10]);
+    sparse.push_back(some[i % 3]);
+  }
+  sparseChanged = sparse;
+  for (std::size_t i = 100; i < 40000; i += 400) sparseChanged[i] = "changed";
+  sparseChanged.insert(sparseChanged.begin() + 20000, "inserted");
+
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(DiffLines(some, others), (std::vector<DiffHunk>{{0, 40000, 0, 40000}}));
+  EXPECT_EQ(CheckedEqualLines(some, backwards, DiffLines(some, backwards)), 1u);
+  CheckedEqualLines(noise, otherNoise, DiffLines(noise, otherNoise));
+  EXPECT_EQ(CheckedEqualLines(sparse, sparseChanged, DiffLines(sparse, sparseChanged)), 40000u - 100u);
+  // A comparison of every line with every other takes more than ten times as long.
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+
+  Lines everyOther = otherNoise;
+  for (std::size_t i = 0; i < everyOther.size(); i += 2) everyOther[i] = noise[i];
+  EXPECT_GE(CheckedEqualLines(noise, everyOther, DiffLines(noise, everyOther)), 20000u);
+}
+
+}  // namespace
+}  // namespace quorvane::workbench
