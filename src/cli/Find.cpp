@@ -21,6 +21,13 @@ constexpr int kStatusFound = 0;
 constexpr int kStatusNothing = 1;
 constexpr int kStatusCanceled = 130;
 
+/// An object that is never taken apart: the end of the process gives its memory back all at once.
+template <class T, class... Args>
+T& KeepUntilExit(const Args&... args) {
+  static T* const kept = new T(args...);
+  return *kept;
+}
+
 /// Makes the user's stylesheet the setting, or raises an error that names its file.
 void UseStylesheet(const std::string& path) {
   if (path.empty()) return;
@@ -54,12 +61,12 @@ bool Search(ResultPage& page, Session& session, const Output& output) {
 }  // namespace
 
 int Find(const Options& options) {
-  Session session(options);
+  Session& session = KeepUntilExit<Session>(options);
   session.Apply(options);
   session.CheckOutput(options.output);
   if (options.format == Format::Lines) UseStylesheet(options.xsl);
   Output output(options.output);
-  ResultPage page;
+  ResultPage& page = KeepUntilExit<ResultPage>();
   std::u16string module;
   const auto scanning = page.mobjTask.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
   const auto reporter = NewReporter(options, page, output);

@@ -1,5 +1,6 @@
 #include "results/FilterManager.h"
 
+#include "base/Checked.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/Globals.h"
@@ -31,8 +32,12 @@ void WriteAttributes(XmlElement& item, const PositionInfo& pi) {
   item.SetAttribute("MatchStr", pi.MatchStr());
   item.SetAttribute("ComponentName", Deref(pi.component()).Name());
   item.SetAttribute("ProjectName", Deref(pi.project()).Name());
-  number("RelativeStartPos", pi.RelativeMatchStartPos());
-  number("RelativeEndPos", pi.RelativeMatchEndPos());
+  const std::int32_t relativeStart = pi.RelativeMatchStartPos();
+  number("RelativeStartPos", relativeStart);
+  // Start and end on one line have the same text before them: it is read once.
+  const bool oneLine = pi.mlngY1 == pi.mlngY2;
+  number("RelativeEndPos",
+         oneLine ? Checked32(std::int64_t{relativeStart} - pi.mlngX1 + pi.mlngX2) : pi.RelativeMatchEndPos());
   item.SetAttribute("ProcName", pi.ProcName());
   item.SetAttribute("ProcType", pi.ProcType());
   item.SetAttribute("Line", pi.line());

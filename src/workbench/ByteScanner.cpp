@@ -29,6 +29,19 @@ int Commonness(char c) {
   return kCommonSigns.find(c) != std::string_view::npos ? 24 : c >= '0' && c <= '9' ? 12 : 1;
 }
 
+std::size_t FindBeyondAscii(std::string_view bytes, std::size_t from) {
+  std::size_t i = from;
+  for (; i + kBlock <= bytes.size(); i += kBlock) {
+    unsigned char any = 0;
+    for (std::size_t k = i; k < i + kBlock; ++k) any = static_cast<unsigned char>(any | bytes[k]);
+    if ((any & 0x80) != 0) break;
+  }
+  for (; i < bytes.size(); ++i) {
+    if ((bytes[i] & 0x80) != 0) return i;
+  }
+  return std::string_view::npos;
+}
+
 }  // namespace
 
 ByteScanner::ByteScanner(std::string_view run, bool matchCase) : run_(run), matchCase_(matchCase) {
@@ -59,7 +72,14 @@ bool ByteScanner::MatchesAt(const char* bytes) const {
   return std::equal(run_.begin(), run_.end(), bytes, [](char r, char b) { return r == Lower(b); });
 }
 
+ByteScanner ByteScanner::BeyondAscii() {
+  ByteScanner scanner;
+  scanner.beyondAscii_ = true;
+  return scanner;
+}
+
 std::size_t ByteScanner::Find(std::string_view bytes, std::size_t from) const {
+  if (beyondAscii_) return FindBeyondAscii(bytes, from);
   if (run_.size() > bytes.size()) return std::string_view::npos;
   const std::size_t end = bytes.size() - run_.size() + 1;  // places where the run has room
   const auto* const data = reinterpret_cast<const unsigned char*>(bytes.data());

@@ -12,9 +12,7 @@ class CaseFold {
   static char16_t Capital(char16_t c);
 
  private:
-  static constexpr char16_t OfAscii(char16_t c) {
-    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
-  }
+  static constexpr char16_t OfAscii(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
   static const char16_t* Table();
 };
 

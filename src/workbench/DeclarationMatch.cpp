@@ -21,11 +21,11 @@ class DeclarationMatch {
                    const LineMap& map)
       : before_(before), after_(after), map_(map), match_(before.size(), -1), taken_(after.size(), false) {
     for (const MemberDeclaration& one : before_) {
-      beforeSides_.push_back({&one, FoldName(one.name), map.HunkBefore(one.first, one.last), {}, 0});
+      beforeSides_.push_back({&one, FoldName(one.name), map.HunkBefore(one.first, one.last), {}, 0, {}});
       SetRow(beforeSides_, &DiffHunk::beforeBegin);
     }
     for (const MemberDeclaration& one : after_) {
-      afterSides_.push_back({&one, FoldName(one.name), map.HunkAfter(one.first, one.last), {}, 0});
+      afterSides_.push_back({&one, FoldName(one.name), map.HunkAfter(one.first, one.last), {}, 0, {}});
       SetRow(afterSides_, &DiffHunk::afterBegin);
       for (std::int32_t line = one.first; line <= one.last; ++line) {
         afterOnLine_.emplace(line, afterSides_.size() - 1);
@@ -44,6 +44,8 @@ class DeclarationMatch {
     ByUnchangedLine(false);
     ByKey(true, [&](const Side& side) { return side.row.empty() ? side.row : hunk(side) + kind(side) + side.row; });
     ByKey(true, [&](const Side& side) { return hunk(side) + kind(side) + side.declaration->rest; });
+    FindNeighbours();
+    ByKey(true, [&](const Side& side) { return side.neighbour + kind(side) + side.declaration->rest; });
     ByKey(true, [&](const Side& side) { return hunk(side) + kind(side); });
     return std::move(match_);
   }
@@ -56,9 +58,10 @@ class DeclarationMatch {
     /// Its place in a hunk with as many lines before as after: line and number within the line. Empty elsewhere.
     std::string row;
     std::int32_t ordinal = 0;  ///< among the declarations that begin on its line
+    std::string neighbour;     ///< the new number of the nearest matched declaration above
   };
 
-  void SetRow(std::vector<Side>& sides, std::int32_t DiffHunk::* begin) {
+  void SetRow(std::vector<Side>& sides, std::int32_t DiffHunk::*begin) {
     Side& side = sides.back();
     if (sides.size() > 1) {
       const Side& previous = sides[sides.size() - 2];
@@ -73,6 +76,20 @@ class DeclarationMatch {
   void Match(std::size_t before, std::size_t after) {
     match_[before] = static_cast<std::int32_t>(after);
     taken_[after] = true;
+  }
+
+  /// Blank lines that pair up oddly can part a renamed header from itself; the members around it still tell its place.
+  void FindNeighbours() {
+    std::string nearest;
+    for (std::size_t i = 0; i < beforeSides_.size(); ++i) {
+      beforeSides_[i].neighbour = nearest;
+      if (match_[i] >= 0) nearest = std::to_string(match_[i]) + ' ';
+    }
+    nearest.clear();
+    for (std::size_t i = 0; i < afterSides_.size(); ++i) {
+      afterSides_[i].neighbour = nearest;
+      if (taken_[i]) nearest = std::to_string(i) + ' ';
+    }
   }
 
   /// A declaration keeps its member, or with another name its kind, when one of its lines stayed.

@@ -39,7 +39,7 @@ class OpenFile {
 /// 0, or the errno for a file that cannot be a module or project.
 int Unfit(const struct stat& found) {
   if (S_ISDIR(found.st_mode)) return EISDIR;
-  if (!S_ISREG(found.st_mode)) return ESPIPE;
+  if (!S_ISREG(found.st_mode)) return kNotRegularFile;
   return found.st_size >= std::numeric_limits<std::int32_t>::max() ? EFBIG : 0;
 }
 
@@ -72,6 +72,7 @@ LoadedFile Load(const std::string& path) noexcept {
 }  // namespace
 
 std::string ErrnoText(int error) {
+  if (error == kNotRegularFile) return "not a regular file";
   return std::generic_category().message(error);
 }
 

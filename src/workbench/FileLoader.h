@@ -9,11 +9,13 @@
 
 namespace quorvane::workbench {
 
+inline constexpr int kNotRegularFile = -1;  ///< no errno has this value
+
 /// A file as read; either `error` tells why it could not be read, or the rest is filled.
 struct FileBytes {
   std::string bytes;
   FileStamp stamp;
-  int error = 0;  ///< errno
+  int error = 0;  ///< errno, or kNotRegularFile
 };
 
 /// Reads a regular file of less than 2^31 bytes. Never waits for a pipe or device: it refuses them.
@@ -22,13 +24,13 @@ FileBytes ReadFileBytes(const std::string& path);
 struct LoadedFile {
   std::shared_ptr<const SourceFile> source;  ///< nothing when the file could not be read
   FileStamp stamp;
-  int error = 0;  ///< errno
+  int error = 0;  ///< errno, or kNotRegularFile
 };
 
 /// Reads and takes apart many files on all hardware threads. The results stand in the order of `paths`.
 std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths);
 
-/// The system's words for an errno.
+/// Words for the `error` of the two above: the system's for an errno.
 std::string ErrnoText(int error);
 
 }  // namespace quorvane::workbench

@@ -84,11 +84,10 @@ class TemporaryFile {
     return true;
   }
 
-  /// The mode comes last: a change of owner takes bits away.
+  /// Another user's file may become ours. The mode comes last, as a change of owner takes bits away.
   bool Dress(const struct stat& like) {
-    if (::fchown(handle_, like.st_uid, like.st_gid) != 0 && ::fchown(handle_, static_cast<uid_t>(-1), like.st_gid) != 0) {
-      // Another user's file in a folder of ours: it becomes ours.
-    }
+    const bool owned = ::fchown(handle_, like.st_uid, like.st_gid) == 0;
+    if (!owned) static_cast<void>(!::fchown(handle_, static_cast<uid_t>(-1), like.st_gid));
     return ::fchmod(handle_, like.st_mode & 07777) == 0;
   }
 

@@ -76,8 +76,8 @@ class HiddenLinePlaces {
   bool Find(PlacedHiddenLine& place) {
     const SourceFile::HiddenLine& hidden = baseline_.Hidden()[place.index];
     if (hidden.after == 0) return true;
-    const std::string_view text = WithoutLineEnd(
-        std::string_view(baseline_.Bytes()).substr(hidden.begin, hidden.end - hidden.begin));
+    const std::string_view text =
+        WithoutLineEnd(std::string_view(baseline_.Bytes()).substr(hidden.begin, hidden.end - hidden.begin));
     const std::string_view name = MemberName(text);
     const std::size_t owner = Owner(name, hidden.after - 1);
     const std::int32_t line = owner == kNone ? LineOf(hidden.after - 1) : LineOf(owner, hidden.after - 1);
@@ -152,6 +152,7 @@ class HiddenLinePlaces {
 
 HiddenPlacement PlaceHiddenLines(const SourceFile& baseline, const std::vector<std::string_view>& canonical,
                                  const std::vector<std::string_view>& lines, const std::vector<DiffHunk>& hunks) {
+  if (baseline.Hidden().empty()) return {};
   return HiddenLinePlaces(baseline, canonical, lines, hunks).Run();
 }
 

@@ -36,6 +36,9 @@ class LineMatcher {
   /// ASCII characters that stand side by side in every match, in either case unless the case has to match. Empty when
   /// there are none to rely on.
   virtual std::string_view AsciiRun() const = 0;
+
+  /// True when every match holds a character beyond ASCII.
+  virtual bool NeedsBeyondAscii() const = 0;
 };
 
 /// Raises error 93 when `target` is no valid pattern.

@@ -31,8 +31,7 @@ void SkipBlanks(std::string_view& text) {
 /// Takes the next run of bytes up to a blank or punctuation; may be empty.
 std::string_view TakeWord(std::string_view& text) {
   SkipBlanks(text);
-  const auto length =
-      static_cast<std::size_t>(std::find_if(text.begin(), text.end(), EndsName) - text.begin());
+  const auto length = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), EndsName) - text.begin());
   const std::string_view word = text.substr(0, length);
   text.remove_prefix(length);
   return word;
@@ -43,8 +42,8 @@ std::string_view PeekWord(std::string_view text) {
 }
 
 bool Is(std::string_view word, std::string_view lower) {
-  return word.size() == lower.size() && std::equal(word.begin(), word.end(), lower.begin(),
-                                                   [](char a, char b) { return ToLower(a) == b; });
+  return word.size() == lower.size() &&
+         std::equal(word.begin(), word.end(), lower.begin(), [](char a, char b) { return ToLower(a) == b; });
 }
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> lower) {
@@ -105,8 +104,6 @@ class DeclarationScan {
   }
 
  private:
-  enum class Inside { Module, Procedure, Body };  // Body: of a Type or an Enum
-
   void Add(MemberKind kind, std::string_view text) {
     const std::string_view before = text;
     const std::string_view name = WithoutSuffix(TakeWord(text));
@@ -125,7 +122,7 @@ class DeclarationScan {
   }
 
   void Statement(std::string_view text) {
-    bool modified = false, owned = false;  // owned: by a word that never stands inside a procedure or a body
+    bool modified = false, owned = false;  // owned: by a word that never stands in a procedure
     std::string_view word = TakeWord(text);
     while (IsOneOf(word, {"public", "private", "friend", "global", "static", "dim"})) {
       modified = true;
@@ -137,14 +134,12 @@ class DeclarationScan {
       text = behind;
     }
     if (Is(word, "end")) {
-      if (IsOneOf(PeekWord(text), {"sub", "function", "property", "type", "enum"})) inside_ = Inside::Module;
+      if (IsOneOf(PeekWord(text), {"sub", "function", "property"})) inProcedure_ = false;
       return;
     }
-    if (inside_ == Inside::Body && !modified) return;
     if (Procedure(word, text)) return;
-    if (owned || inside_ == Inside::Body) inside_ = Inside::Module;
-    if (inside_ == Inside::Procedure) return;
-    Declaration(word, text, modified);
+    if (owned) inProcedure_ = false;
+    if (!inProcedure_) Declaration(word, text, modified);
   }
 
   static bool IsKeyword(std::string_view word) {
@@ -166,7 +161,7 @@ class DeclarationScan {
       return false;
     }
     Add(kind, text);
-    inside_ = Inside::Procedure;
+    inProcedure_ = true;
     return true;
   }
 
@@ -180,14 +175,13 @@ class DeclarationScan {
       AddList(MemberKind::Const, text);
     } else if (IsOneOf(word, {"type", "enum"})) {
       Add(Is(word, "type") ? MemberKind::Type : MemberKind::Enum, text);
-      inside_ = Inside::Body;
     } else if (modified) {
       AddList(MemberKind::Variable, text);
     }
   }
 
   std::vector<MemberDeclaration> found_;
-  Inside inside_ = Inside::Module;
+  bool inProcedure_ = false;
   std::int32_t first_ = 0, last_ = 0;
 };
 

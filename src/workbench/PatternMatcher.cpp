@@ -42,7 +42,7 @@ PatternMatcher::PatternMatcher(std::u16string_view pattern, const MatchOptions& 
   // Where nothing would match, at least one character has to.
   if (!elements_.empty() && std::all_of(elements_.begin(), elements_.end(), isStar))
     elements_.insert(elements_.begin(), Element{Kind::AnyOne});
-  NoteAsciiRun();
+  NoteLiterals();
   Prepare();
 }
 
@@ -94,11 +94,13 @@ void PatternMatcher::AddLiteral(char16_t c) {
   elements_.push_back(std::move(element));
 }
 
-void PatternMatcher::NoteAsciiRun() {
+void PatternMatcher::NoteLiterals() {
   std::string run;
   for (const Element& element : elements_) {
-    if (element.kind != Kind::Literal || element.literal >= kAscii) {
+    const bool beyondAscii = element.literal >= kAscii;
+    if (element.kind != Kind::Literal || beyondAscii) {
       run.clear();
+      needsBeyondAscii_ = needsBeyondAscii_ || beyondAscii;
       continue;
     }
     run.push_back(static_cast<char>(element.literal));

@@ -21,6 +21,7 @@ class PatternMatcher final : public LineMatcher {
 
   bool Next(std::u16string_view line, std::size_t from, std::size_t to, LineMatch& match) const override;
   std::string_view AsciiRun() const override { return asciiRun_; }
+  bool NeedsBeyondAscii() const override { return needsBeyondAscii_; }
 
  private:
   /// A set of states, one bit each: state i means that the elements before i have matched.
@@ -37,7 +38,7 @@ class PatternMatcher final : public LineMatcher {
   void Parse(std::u16string_view pattern);
   std::size_t ParseList(std::u16string_view pattern, std::size_t at);
   void AddLiteral(char16_t c);
-  void NoteAsciiRun();
+  void NoteLiterals();
   bool Accepts(const Element& element, char16_t c) const;
   bool Lists(const Element& element, char16_t c) const;
   void Prepare();
@@ -51,6 +52,7 @@ class PatternMatcher final : public LineMatcher {
   std::vector<Element> elements_;
   MatchOptions options_;
   std::string asciiRun_;
+  bool needsBeyondAscii_ = false;
   std::size_t words_ = 1;                      ///< of a set of states
   States anyNumber_;                           ///< the elements that are `*`
   std::vector<std::uint64_t> asciiAccepting_;  ///< for each ASCII character the elements that accept it

@@ -14,6 +14,7 @@ PlainMatcher::PlainMatcher(std::u16string_view target, const MatchOptions& optio
   for (const char16_t c : target_) {
     if (c >= 0x80) {
       run.clear();
+      needsBeyondAscii_ = true;
       continue;
     }
     run.push_back(static_cast<char>(c));

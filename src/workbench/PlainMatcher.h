@@ -14,6 +14,7 @@ class PlainMatcher final : public LineMatcher {
 
   bool Next(std::u16string_view line, std::size_t from, std::size_t to, LineMatch& match) const override;
   std::string_view AsciiRun() const override { return asciiRun_; }
+  bool NeedsBeyondAscii() const override { return needsBeyondAscii_; }
 
  private:
   bool MatchesAt(std::u16string_view line, std::size_t at) const;
@@ -21,6 +22,7 @@ class PlainMatcher final : public LineMatcher {
   std::u16string target_;  ///< folded unless the case has to match
   MatchOptions options_;
   std::string asciiRun_;
+  bool needsBeyondAscii_ = false;
 };
 
 }  // namespace quorvane::workbench

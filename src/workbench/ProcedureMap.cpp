@@ -1,6 +1,7 @@
 #include "workbench/ProcedureMap.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Error.h"
 #include "workbench/CaseFold.h"
@@ -32,19 +33,30 @@ Char LetterAt(std::basic_string_view<Char> line, std::size_t at) {
   return c >= 'A' && c <= 'Z' ? static_cast<Char>(c + 32) : c;
 }
 
+/// True unless the letters behind the word End rule out that it ends a procedure.
+template <class Char>
+bool MayEndProcedure(std::basic_string_view<Char> rest) {
+  std::size_t at = 0;
+  while (at < rest.size() && (rest[at] == ' ' || rest[at] == '\t')) ++at;
+  const Char second = LetterAt(rest, at + 1);
+  switch (LetterAt(rest, at)) {
+    case 'f':
+    case 's':
+      return second == 'u';
+    case 'p':
+      return second == 'r';
+    default:
+      return false;
+  }
+}
+
 /// True unless the first letters of a statement rule out that it begins or ends a procedure.
 template <class Char>
 bool MayMatter(std::basic_string_view<Char> statement) {
   const Char second = LetterAt(statement, 1);
   switch (LetterAt(statement, 0)) {
-    case 'e': {
-      if (second != 'n' || LetterAt(statement, 2) != 'd') return false;
-      const std::size_t next = statement.find_first_not_of(statement[0], 3) == 3 ? 3 : 4;
-      std::size_t at = next;
-      while (at < statement.size() && (statement[at] == ' ' || statement[at] == '\t')) ++at;
-      const Char third = LetterAt(statement, at);
-      return at == statement.size() || third == 's' || third == 'f' || third == 'p' || third == '_';
-    }
+    case 'e':
+      return second == 'n' && LetterAt(statement, 2) == 'd' && MayEndProcedure(statement.substr(3));
     case 'f':
       return second == 'u' || second == 'r';
     case 'g':
@@ -99,9 +111,10 @@ class MapBuilder {
       const Glance glance = Look(first_);
       for (bool more = glance.continued; more && last_ < count_; more = Look(last_).continued) ++last_;
       if (glance.empty || glance.comment) continue;
-      if (glance.matters || glance.directive || (!inBody_ && MayBeRemark())) {
+      const bool declaring = procedures_.empty();
+      if (glance.matters || (declaring && (glance.directive || MayBeRemark()))) {
         ReadLogicalLine();
-      } else if (procedures_.empty()) {
+      } else if (declaring) {
         NoteDeclaration();
       }
     }
@@ -128,7 +141,8 @@ class MapBuilder {
       const std::u16string_view piece = text_.LineText(line - 1, buffer_);
       const bool continued = line < last_ || IsContinued(piece);
       logical_ += piece.substr(0, piece.size() - (continued ? 1 : 0));
-      CloseString(piece);
+      // A string ends with its line, also without a closing quote.
+      if (std::count(piece.begin(), piece.end(), u'"') % 2 != 0) logical_ += u'"';
     }
     StatementScanner scanner(logical_);
     Statement statement;
@@ -136,9 +150,6 @@ class MapBuilder {
       if (!Take(statement)) return;
     }
   }
-
-  /// A string ends with its line, also without a closing quote.
-  void CloseString(std::u16string_view) {}
 
   /// False when what follows on the same line has no meaning.
   bool Take(const Statement& statement) {
@@ -151,6 +162,7 @@ class MapBuilder {
           End(last_);
           return false;
         }
+        NoteDeclaration();
         break;
       case Kind::If:
         blocks_.push_back(false);

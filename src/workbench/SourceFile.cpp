@@ -1,72 +1,71 @@
 #include "workbench/SourceFile.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <bit>
 #include <utility>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+#include "workbench/ByteScanner.h"
 #include "workbench/SourceHeader.h"
 
 namespace quorvane::workbench {
 
-// A file is read in two passes over its bytes: one counts line ends, in a loop that the compiler turns into vector
-// instructions, and tells whether the rare lone CR occurs at all; the other cuts the lines, with memchr when it does
-// not. Only lines that begin with an A are looked at more closely.
+// Line ends are found 64 bytes at a time, as bits of a mask. Attribute lines are so rare that the word is searched for
+// over the whole code, and only a line that holds it is looked at.
 
 namespace {
 
-struct LineEndCount {
-  std::size_t lf = 0;
-  std::size_t loneCr = 0;
-};
+constexpr std::size_t kBlock = 64;
 
-LineEndCount CountLineEnds(std::string_view bytes) {
-  LineEndCount count;
-  if (bytes.empty()) return count;
-  const char* const data = bytes.data();
-  const std::size_t last = bytes.size() - 1;
-  for (std::size_t begin = 0; begin < last;) {
-    const std::size_t end = std::min(begin + 255, last);  // as many as a byte can count
-    unsigned char lf = 0;
-    unsigned char loneCr = 0;
-    for (std::size_t i = begin; i < end; ++i) {
-      lf = static_cast<unsigned char>(lf + (data[i] == '\n' ? 1 : 0));
-      loneCr = static_cast<unsigned char>(loneCr + ((data[i] == '\r' ? 1 : 0) & (data[i + 1] != '\n' ? 1 : 0)));
-    }
-    count.lf += lf;
-    count.loneCr += loneCr;
-    begin = end;
+/// Bit i tells whether byte i of the 64 is `wanted`.
+std::uint64_t BytesThatAre(char wanted, const char* bytes) {
+  std::uint64_t mask = 0;
+#if defined(__SSE2__)
+  const __m128i pattern = _mm_set1_epi8(wanted);
+  for (int i = 3; i >= 0; --i) {
+    const __m128i piece = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + 16 * i));
+    mask = mask << 16 | static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(piece, pattern)));
   }
-  count.lf += bytes[last] == '\n' ? 1 : 0;
-  count.loneCr += bytes[last] == '\r' ? 1 : 0;
-  return count;
+#else
+  for (std::size_t i = 0; i < kBlock; ++i) mask |= std::uint64_t{bytes[i] == wanted ? 1U : 0U} << i;
+#endif
+  return mask;
 }
 
-bool MayBeAttribute(std::string_view line) {
-  for (const char c : line) {
-    if (c != ' ' && c != '\t') return c == 'A' || c == 'a';
+/// Calls `take` for each line of `bytes` from `begin` on.
+template <class Take>
+void CutLines(std::string_view bytes, std::size_t begin, const Take& take) {
+  for (std::size_t block = begin; block < bytes.size(); block += kBlock) {
+    std::array<char, kBlock> tail{};
+    const char* data = bytes.data() + block;
+    if (bytes.size() - block < kBlock) {
+      std::copy(data, bytes.data() + bytes.size(), tail.begin());
+      data = tail.data();
+    }
+    const std::uint64_t lf = BytesThatAre('\n', data);
+    const std::uint64_t cr = BytesThatAre('\r', data);
+    const bool lfFollows = block + kBlock < bytes.size() && bytes[block + kBlock] == '\n';
+    const std::uint64_t beforeLf = lf >> 1 | std::uint64_t{lfFollows ? 1U : 0U} << (kBlock - 1);
+    for (std::uint64_t ends = lf | (cr & ~beforeLf); ends != 0; ends &= ends - 1) {
+      const std::size_t at = block + static_cast<std::size_t>(std::countr_zero(ends));
+      const bool crLf = bytes[at] == '\n' && at > begin && bytes[at - 1] == '\r';
+      take(FileLineSpan{begin, at - (crLf ? 1 : 0), at + 1});
+      begin = at + 1;
+    }
   }
-  return false;
+  if (begin < bytes.size()) take(FileLineSpan{begin, bytes.size(), bytes.size()});
 }
 
 bool IsContinued(std::string_view line) {
   return line.size() >= 2 && line.back() == '_' && (line[line.size() - 2] == ' ' || line[line.size() - 2] == '\t');
 }
 
-/// Calls `take` with each line from `begin` on. No lone CR occurs.
-template <class Take>
-void CutLines(std::string_view bytes, std::size_t begin, const Take& take) {
-  const char* const data = bytes.data();
-  while (begin < bytes.size()) {
-    const void* const found = std::memchr(data + begin, '\n', bytes.size() - begin);
-    if (found == nullptr) {
-      take(FileLineSpan{begin, bytes.size(), bytes.size()});
-      return;
-    }
-    const auto lf = static_cast<std::size_t>(static_cast<const char*>(found) - data);
-    take(FileLineSpan{begin, lf > begin && data[lf - 1] == '\r' ? lf - 1 : lf, lf + 1});
-    begin = lf + 1;
-  }
-}
+/// A typical line is longer; where lines are not, the list grows.
+constexpr std::size_t kShortLine = 24;
 
 }  // namespace
 
@@ -77,31 +76,28 @@ SourceFile::SourceFile(std::string bytes) : bytes_(std::move(bytes)) {
   headerLines_ = header.lines;
   name_ = header.component;
 
-  const LineEndCount ends = CountLineEnds(all.substr(codeBegin_));
-  lines_.reserve(ends.lf + ends.loneCr + 1);
-  const auto take = [this, all](const FileLineSpan& span) {
-    const std::string_view line = all.substr(span.begin, span.end - span.begin);
-    AttributeLine attribute;
-    const bool hidden = MayBeAttribute(line) && ReadAttributeLine(line, attribute) &&
-                        (lines_.empty() || !IsContinued(LineBytes(lines_.size() - 1)));
-    if (!hidden) {
-      lines_.push_back({static_cast<std::uint32_t>(span.begin), static_cast<std::uint32_t>(line.size())});
-      return;
+  static const ByteScanner attributeWord("attribute", false);
+  std::size_t nextWord = attributeWord.Find(all, codeBegin_);
+  lines_.reserve((all.size() - codeBegin_) / kShortLine + 1);
+  CutLines(all, codeBegin_, [&](const FileLineSpan& span) {
+    if (nextWord < span.end) {
+      nextWord = attributeWord.Find(all, span.end);
+      if (TakeHidden(span)) return;
     }
-    hidden_.push_back({static_cast<std::int32_t>(lines_.size()), static_cast<std::uint32_t>(span.begin),
-                       static_cast<std::uint32_t>(span.next)});
-    std::string_view name;
-    if (name_.empty() && IsNameAttribute(attribute, name)) name_ = name;
-  };
-  if (ends.loneCr == 0) {
-    CutLines(all, codeBegin_, take);
-    return;
-  }
-  for (std::size_t begin = codeBegin_; begin < all.size();) {
-    const FileLineSpan span = FileLineAt(all, begin);
-    take(span);
-    begin = span.next;
-  }
+    lines_.push_back({static_cast<std::uint32_t>(span.begin), static_cast<std::uint32_t>(span.end - span.begin)});
+  });
+}
+
+bool SourceFile::TakeHidden(const FileLineSpan& span) {
+  AttributeLine attribute;
+  const std::string_view line = std::string_view(bytes_).substr(span.begin, span.end - span.begin);
+  if (!ReadAttributeLine(line, attribute)) return false;
+  if (!lines_.empty() && IsContinued(LineBytes(lines_.size() - 1))) return false;
+  hidden_.push_back({static_cast<std::int32_t>(lines_.size()), static_cast<std::uint32_t>(span.begin),
+                     static_cast<std::uint32_t>(span.next)});
+  std::string_view name;
+  if (name_.empty() && IsNameAttribute(attribute, name)) name_ = name;
+  return true;
 }
 
 std::string_view SourceFile::LineEnd(std::size_t index) const {

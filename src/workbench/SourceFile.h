@@ -7,6 +7,8 @@
 
 namespace quorvane::workbench {
 
+struct FileLineSpan;
+
 /// The bytes of one module file as they stand on disk, and which of them are lines of code.
 ///
 /// A file is a header that the host hides (VERSION, Object and BEGIN … END lines, the Attribute lines behind them),
@@ -49,6 +51,9 @@ class SourceFile {
   const std::string& Name() const { return name_; }
 
  private:
+  /// True when the line is a hidden one, which is then noted.
+  bool TakeHidden(const FileLineSpan& span);
+
   std::string bytes_;
   std::vector<Line> lines_;
   std::vector<HiddenLine> hidden_;

@@ -107,7 +107,7 @@ bool StatementScanner::Next(Statement& statement) {
 /// Takes what stands before the next colon or comment.
 std::u16string_view StatementScanner::TakeStatement() {
   std::u16string_view first = rest_;
-  if (Is(TakeWord(first), u"Rem") && (first.empty() || !IsNameUnit(first.front()))) {
+  if (Is(TakeWord(first), u"Rem")) {
     done_ = true;
     return {};
   }

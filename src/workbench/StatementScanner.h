@@ -11,7 +11,7 @@ namespace quorvane::workbench {
 /// What one statement means for the division of a module into procedures.
 struct Statement {
   enum class Kind {
-    None,       ///< empty, a comment or a label alone
+    None,       ///< empty or a comment
     Directive,  ///< of the compiler: it begins with #
     EndIf,      ///< the directive that closes a block
     If,         ///< the directive that opens a block

@@ -28,7 +28,9 @@ std::vector<std::string_view> LinesOf(std::string_view bytes) {
 }
 
 std::string Quoted(const std::string& path) {
-  const auto isOdd = [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == '"' || c == '\\' || c == '\x7f'; };
+  const auto isOdd = [](char c) {
+    return static_cast<unsigned char>(c) <= ' ' || c == '"' || c == '\\' || c == '\x7f';
+  };
   if (std::none_of(path.begin(), path.end(), isOdd)) return path;
   static constexpr std::string_view kPlain = "\a\b\t\n\v\f\r\"\\";
   static constexpr std::string_view kEscaped = "abtnvfr\"\\";

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "workbench/Desk.h"
 #include "workbench/HostWindow.h"
+#include "workbench/HostWindows.h"
 #include "workbench/Pane.h"
 #include "workbench/Workbench.h"
 
@@ -11,6 +12,9 @@ namespace quorvane::workbench {
 namespace {
 
 constexpr std::uint32_t kBringViewForward = 0x1043;
+constexpr std::uint32_t kNoZOrder = 4;
+constexpr std::int32_t kHide = 0;
+constexpr WindowHandle kTop = 0;
 
 }  // namespace
 
@@ -39,13 +43,60 @@ WindowHandle WindowTable::FindWindowEx(WindowHandle parent, std::u16string_view 
 }
 
 std::int32_t WindowTable::SendMessage(WindowHandle window, std::uint32_t message, std::int32_t, std::int32_t) {
-  if (window == 0 || message != kBringViewForward) return 0;
-  for (const auto& pane : workbench_.TheDesk()->Panes()) {
-    if (pane->TheWindow()->Handle() != window) continue;
-    pane->Show();
-    break;
-  }
+  if (message != kBringViewForward) return 0;
+  if (const auto pane = PaneOf(window)) pane->Show();
   return 0;
+}
+
+void WindowTable::ShowWindow(WindowHandle window, std::int32_t command) {
+  if (const auto shown = WindowOf(window)) shown->SetVisible(command != kHide);
+}
+
+void WindowTable::SetWindowPos(WindowHandle window, WindowHandle insertAfter, std::int32_t, std::int32_t, std::int32_t,
+                               std::int32_t, std::uint32_t flags) {
+  if (insertAfter != kTop || (flags & kNoZOrder) != 0) return;
+  if (const auto pane = PaneOf(window)) workbench_.TheDesk()->BringForward(*pane);
+}
+
+WindowHandle WindowTable::GetTopWindow(WindowHandle window) {
+  const WindowHandle main = workbench_.TheMainWindow()->Handle();
+  if (window == 0) return main;
+  if (window == main) return client_;
+  const auto panes = workbench_.TheDesk()->Panes();
+  return window == client_ && !panes.empty() ? panes.front()->TheWindow()->Handle() : 0;
+}
+
+WindowHandle WindowTable::GetParent(WindowHandle window) {
+  const HostWindow& main = *workbench_.TheMainWindow();
+  if (window == client_) return main.Handle();
+  if (PaneOf(window)) return client_;
+  return window != main.Handle() && WindowOf(window) ? main.Handle() : 0;
+}
+
+WindowHandle WindowTable::GetForegroundWindow() {
+  const HostWindow& main = *workbench_.TheMainWindow();
+  return main.Visible() ? main.Handle() : 0;
+}
+
+std::u16string WindowTable::GetWindowText(WindowHandle window) {
+  const auto found = WindowOf(window);
+  return found ? found->Caption() : std::u16string();
+}
+
+std::shared_ptr<HostWindow> WindowTable::WindowOf(WindowHandle handle) const {
+  if (handle == workbench_.TheMainWindow()->Handle()) return workbench_.TheMainWindow();
+  for (const auto& tool : workbench_.TheWindows()->ToolWindows()) {
+    if (tool->Handle() == handle) return tool;
+  }
+  const auto pane = PaneOf(handle);
+  return pane ? pane->TheWindow() : nullptr;
+}
+
+std::shared_ptr<Pane> WindowTable::PaneOf(WindowHandle handle) const {
+  for (const auto& pane : workbench_.TheDesk()->Panes()) {
+    if (pane->TheWindow()->Handle() == handle) return pane;
+  }
+  return nullptr;
 }
 
 }  // namespace quorvane::workbench

@@ -1,0 +1,226 @@
+"""Measures quorvane against its limits; see scripts/bench.
+
+Whole processes are timed from start to end, from the page cache. The programs that are compared take turns, run by run,
+so that what else happens on the machine hits all of them; each figure is the median of its runs.
+"""
+
+import argparse
+import datetime
+import json
+import os
+import platform
+import shutil
+import statistics
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+KB = 1024
+MB = 1024 * 1024
+
+
+class Failure(Exception):
+    """A measurement that cannot be made or does not measure what it should."""
+
+
+class Row:
+    """One line of the table: `ours` and `reference` as numbers of one unit, held against `limit` as their ratio."""
+
+    def __init__(self, figure, unit, ours, reference, limit):
+        self.figure, self.unit, self.ours, self.reference, self.limit = figure, unit, ours, reference, limit
+        self.ratio = ours / reference
+        self.ok = self.ratio <= limit
+
+    def markdown(self):
+        cells = [self.figure, f"{self.ours:,.1f} {self.unit}", f"{self.reference:,.1f} {self.unit}",
+                 f"{self.ratio:.2f}", f"{self.limit:g}", "yes" if self.ok else "**no**"]
+        return "| " + " | ".join(cells) + " |"
+
+
+def run(command, output=os.devnull, statuses=(0,)):
+    """Runs `command` with its standard output in a file; gives milliseconds and the peak of its memory in bytes."""
+    with open(output, "wb") as out:
+        start = time.perf_counter()
+        process = subprocess.Popen(command, stdout=out, stderr=subprocess.PIPE)
+        errors = process.stderr.read()
+        _, status, usage = os.wait4(process.pid, 0)
+        elapsed = (time.perf_counter() - start) * 1000
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode not in statuses:
+        shown = " ".join(str(part) for part in command[:8])
+        raise Failure(f"{shown} … ended with {process.returncode}: {errors.decode(errors='replace').strip()}")
+    return elapsed, usage.ru_maxrss * KB
+
+
+def interleaved(runs, commands):
+    """Runs each of {name: (command, output)} once to warm up, then `runs` times in turn; the medians of their times."""
+    times = {name: [] for name in commands}
+    for turn in range(runs + 1):
+        for name, (command, output) in commands.items():
+            elapsed, _ = run(command, output)
+            if turn > 0:
+                times[name].append(elapsed)
+    return {name: statistics.median(values) for name, values in times.items()}
+
+
+def expect(what, actual, wanted):
+    if actual != wanted:
+        raise Failure(f"{what}: {actual} instead of {wanted}")
+
+
+class Bench:
+    def __init__(self, options):
+        self.runs = options.runs
+        self.program = options.program
+        self.benches = Path(options.benches)
+        self.folder = Path("build/bench")
+        self.folder.mkdir(parents=True, exist_ok=True)
+        shutil.rmtree(self.folder / "group", ignore_errors=True)
+        made = subprocess.run([self.benches / "MakeGroup", self.folder / "group"], check=True, capture_output=True)
+        os.sync()
+        self.group = json.loads(made.stdout)
+        self.files = sorted(str(path) for suffix in ("bas", "cls", "frm")
+                            for path in (self.folder / "group").glob(f"*/*.{suffix}"))
+        expect("module files", len(self.files), self.group["modules"])
+
+    def find(self, text, *options):
+        return [self.program, "find", *options, text, self.group["group"]]
+
+    def output(self, name):
+        return str(self.folder / name)
+
+    def lines_of(self, name):
+        return Path(self.output(name)).read_bytes().count(b"\n")
+
+    def check_counts(self):
+        """The program must find what the group holds, or no figure means anything; this also warms the page cache."""
+        for name in ("rare", "some", "many", "most"):
+            text, count = self.group[name]["text"], self.group[name]["count"]
+            run(self.find(text, "--format", "count"), self.output("count.txt"))
+            expect(f"matches of {text}", int(Path(self.output("count.txt")).read_text()), count)
+
+    def rare_text(self):
+        text = self.group["rare"]["text"]
+        times = interleaved(self.runs, {
+            "ours": (self.find(text, "--format", "lines"), self.output("rare.txt")),
+            "rg": (["rg", "--no-config", "-j1", "-i", text, *self.files], self.output("rare-rg.txt")),
+        })
+        expect("result lines", self.lines_of("rare.txt"), self.group["rare"]["count"])
+        expect("lines of rg", self.lines_of("rare-rg.txt"), self.group["rare"]["count"])
+        return [Row("a rare text, against `rg -j1 -i`", "ms", times["ours"], times["rg"], 3)]
+
+    def result_lines(self):
+        text, count = self.group["many"]["text"], self.group["many"]["count"]
+        document = self.output("all.xml")
+        run(self.find(text, "--format", "xml", "-o", document))
+        style = str(self.folder / "group/default.xsl")
+        rows = []
+        for where, ours, found, shown in (
+                ("to `/dev/null`", os.devnull, os.devnull, os.devnull),
+                ("to a file", self.output("lines.txt"), self.output("rg.json"), self.output("xsltproc.txt"))):
+            times = interleaved(self.runs, {
+                "ours": (self.find(text, "--format", "lines"), ours),
+                "rg": (["rg", "--no-config", "--json", text, *self.files], found),
+                "xsltproc": (["xsltproc", style, document], shown),
+            })
+            rows.append(Row(f"{count:,} result lines {where}, against `rg --json` and then `xsltproc`", "ms",
+                            times["ours"], times["rg"] + times["xsltproc"], 1))
+        expect("result lines", self.lines_of("lines.txt"), count)
+        shown = Path(self.output("xsltproc.txt")).read_bytes()
+        expect("matches that xsltproc shows", shown.count(text.encode()), count)
+        hits = Path(self.output("rg.json")).read_bytes().count(b'{"type":"match"')
+        expect("matches of rg", hits, count)
+        return rows
+
+    def search_phase(self):
+        """The search without process and files: how its time grows."""
+        command = [self.benches / "SearchPhase", "--benchmark_format=json", f"--benchmark_repetitions={self.runs}",
+                   "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true"]
+        run(command, self.output("phase.json"))
+        medians = {}
+        for entry in json.loads(Path(self.output("phase.json")).read_text())["benchmarks"]:
+            if entry.get("error_occurred"):
+                raise Failure(f"{entry['name']}: {entry['error_message']}")
+            if entry["aggregate_name"] == "median":
+                factor = {"ns": 1e-3, "us": 1, "ms": 1e3, "s": 1e6}[entry["time_unit"]]
+                medians[entry["run_name"].removesuffix("/manual_time")] = entry["real_time"] * factor
+        rows = [Row("search phase, a match among 100,000, against one among 1,000", "µs",
+                    medians["Matches/100000"] / 100_000, medians["Matches/1000"] / 1_000, 1.3)]
+        for name, figure in (("FindCommon", "find `common`"), ("FindPattern", "find `pattern`"),
+                             ("FindRegExp", "find `regexp`"), ("ReplaceMultiLine", "replace, multi-line"),
+                             ("ReplaceSingleLine", "replace, single-line")):
+            rows.append(Row(f"{figure}: a module of 40,000 lines, against one of 4,000", "ms",
+                            medians[f"{name}/40000"] / 1000, medians[f"{name}/4000"] / 1000, 12))
+        return rows
+
+    def memory(self):
+        rows = []
+        for name in ("rare", "many", "most"):
+            text, count = self.group[name]["text"], self.group[name]["count"]
+            peaks = [run(self.find(text, "--format", "lines"))[1] for _ in range(3)]
+            allowed = 6 * self.group["bytes"] + 7 * KB * count
+            rows.append(Row(f"peak memory with {count:,} matches, against 6 × the files and 7 KB a match", "MB",
+                            max(peaks) / MB, allowed / MB, 1))
+        return rows
+
+
+def machine():
+    cpu = next((line.split(":", 1)[1].strip() for line in Path("/proc/cpuinfo").read_text().splitlines()
+                if line.startswith("model name")), platform.machine())
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / (KB * MB)
+    system = next((line.split("=", 1)[1].strip('"') for line in Path("/etc/os-release").read_text().splitlines()
+                   if line.startswith("PRETTY_NAME=")), platform.system())
+    return f"{cpu}, {os.cpu_count()} cores, {memory:.0f} GB of memory, {system}"
+
+
+def version(command):
+    output = subprocess.run(command, capture_output=True, text=True, check=True).stdout
+    return output.splitlines()[0].replace("Using", "xsltproc with")
+
+
+def table(rows):
+    head = ["| figure | ours | reference | ratio | limit | ok |", "|---|---:|---:|---:|---:|---|"]
+    return "\n".join(head + [row.markdown() for row in rows])
+
+
+def page(bench, rows):
+    group = bench.group
+    return f"""# Benchmarks
+
+    scripts/bench --write
+
+makes this page. It generates a group of {group['lines']:,} lines in {group['modules']:,} modules
+({group['bytes'] / MB:.0f} MB) and measures with whole processes from the page cache; what is compared
+takes turns, and each time is the median of {bench.runs} runs. The rows on the search phase and on single
+modules come from `bench/SearchPhase.cpp`: processor time, without process start and files. A ratio is
+ours by reference; its limit is the most that it may be.
+
+{datetime.date.today().isoformat()}, {machine()}; {version(['rg', '--version'])}, {version(['xsltproc', '--version'])}.
+
+{table(rows)}
+"""
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="scripts/bench")
+    parser.add_argument("--write", action="store_true", help="put the table into docs/benchmarks.md")
+    parser.add_argument("--runs", type=int, default=7, help="of each measurement")
+    parser.add_argument("--program", default="build/release/quorvane")
+    parser.add_argument("--benches", default="build/release/bench")
+    options = parser.parse_args()
+    bench = Bench(options)
+    bench.check_counts()
+    rows = bench.rare_text() + bench.result_lines() + bench.search_phase() + bench.memory()
+    print(table(rows))
+    if options.write:
+        Path("docs/benchmarks.md").write_text(page(bench, rows), encoding="utf-8")
+    return 0 if all(row.ok for row in rows) else 1
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except (Failure, OSError, subprocess.CalledProcessError) as error:
+        print(f"scripts/bench: {error}", file=sys.stderr)
+        sys.exit(2)

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "workbench/SourceFile.h"
+
+namespace quorvane::workbench {
+namespace {
+
+/// The lines of any bytes with their line ends, the plain way.
+std::vector<std::string> SplitPlainly(const std::string& bytes) {
+  std::vector<std::string> lines;
+  std::string line;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    line += bytes[i];
+    if (bytes[i] != '\n' && (bytes[i] != '\r' || (i + 1 < bytes.size() && bytes[i + 1] == '\n'))) continue;
+    lines.push_back(std::exchange(line, ""));
+  }
+  if (!line.empty()) lines.push_back(line);
+  return lines;
+}
+
+/// Code lines joined by `|`, then hidden lines as {after:text}, then the name of the component.
+std::string Describe(const SourceFile& file) {
+  std::string text;
+  for (std::size_t i = 0; i < file.Lines().size(); ++i) text += (i > 0 ? "|" : "") + std::string(file.LineBytes(i));
+  for (const SourceFile::HiddenLine& hidden : file.Hidden()) {
+    std::string line = file.Bytes().substr(hidden.begin, hidden.end - hidden.begin);
+    line.erase(line.find_last_not_of("\r\n") + 1);
+    text += " {" + std::to_string(hidden.after) + ":" + line + "}";
+  }
+  return text + (file.Name().empty() ? "" : " <" + file.Name() + ">");
+}
+
+/// Header, lines and hidden lines in their order are the file again, and each line stands where FileLine says.
+void ExpectWhole(const SourceFile& file) {
+  std::string rebuilt = file.Bytes().substr(0, file.CodeBegin());
+  auto hidden = file.Hidden().begin();
+  const auto takeHidden = [&](std::size_t after) {
+    for (; hidden != file.Hidden().end() && static_cast<std::size_t>(hidden->after) == after; ++hidden)
+      rebuilt += file.Bytes().substr(hidden->begin, hidden->end - hidden->begin);
+  };
+  const std::vector<std::string> physical = SplitPlainly(file.Bytes());
+  takeHidden(0);
+  for (std::size_t i = 0; i < file.Lines().size(); ++i) {
+    const std::string line = std::string(file.LineBytes(i)) + std::string(file.LineEnd(i));
+    rebuilt += line;
+    takeHidden(i + 1);
+    const auto at = static_cast<std::size_t>(file.FileLine(static_cast<std::int32_t>(i) + 1));
+    ASSERT_TRUE(at >= 1 && at <= physical.size()) << at;
+    EXPECT_TRUE(physical[at - 1].ends_with(line)) << physical[at - 1] << " / " << line;
+  }
+  EXPECT_EQ(rebuilt, file.Bytes());
+}
+
+struct Case {
+  const char* what;
+  std::string bytes;
+  std::string expected;
+};
+
+class SourceFileTest : public testing::TestWithParam<Case> {};
+
+TEST_P(SourceFileTest, ShowsCodeAlone) {
+  const SourceFile file(GetParam().bytes);
+  EXPECT_EQ(Describe(file), GetParam().expected);
+  ExpectWhole(file);
+}
+
+using namespace std::string_literals;
+
+const std::string kClass = "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\nEND\r\n";
+const std::string kForm =
+    "VERSION 5.00\r\nObject = \"{F9}#2.0#0\"; \"A.OCX\"\r\nBegin VB.Form F \r\n   BeginProperty Font \r\n"
+    "      Name = \"End\"\r\n   EndProperty\r\n   Begin VB.Timer T \r\n   End\r\nEnd\r\n";
+
+INSTANTIATE_TEST_SUITE_P(Lines, SourceFileTest,
+                         testing::Values(Case{"empty", "", ""}, Case{"final line end", "A\nB\n", "A|B"},
+                                         Case{"no final line end", "A\r\nB", "A|B"},
+                                         Case{"lone CR", "A\rB\r\rC\r", "A|B||C"},
+                                         Case{"mixed", "A\r\n\r\n\n\rB\n\r\n", "A||||B|"},
+                                         Case{"NUL at the end", "A\r\n\0\0"s, "A|\0\0"s},
+                                         Case{"one line end", "\r\n", ""}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Header, SourceFileTest,
+    testing::Values(
+        Case{"standard module", "Attribute VB_Name = \"M\"\r\nDim a\r\n", "Dim a <M>"},
+        Case{"class", kClass + "Attribute VB_Name = \"C\"\r\nAttribute VB_Exposed = False\r\n\r\nDim a", "|Dim a <C>"},
+        Case{"form", kForm + "Attribute VB_Name = \"F\"\r\nBegin x", "Begin x <F>"}, Case{"header alone", kForm, ""},
+        Case{"no attributes", kClass + "\r\nEnd", "|End"},
+        Case{"a blank line before the attributes", kForm + "\r\nAttribute VB_Name = \"F\"\r\nx", "x <F>"},
+        Case{"small letters, LF", "version 1.0 class\nbegin\nend\nattribute vb_name=\"c\"\nx\n", "x <c>"},
+        Case{"lone CR", "VERSION 5.00\rBegin VB.Form F\rEnd\rAttribute VB_Name = \"F\"\rx\r", "x <F>"},
+        Case{"byte order mark", "\xEF\xBB\xBF" + kClass + "x", "x"},
+        Case{"byte order mark alone", "\xEF\xBB\xBFx", "x"},
+        Case{"block without end, attributes", "VERSION 5.00\nBegin VB.Form F\n a = 1\nAttribute VB_Name = \"F\"\nx",
+             "x <F>"},
+        Case{"block without end", "VERSION 5.00\nBegin VB.Form F\n a = 1\n", "VERSION 5.00|Begin VB.Form F| a = 1"},
+        Case{"something else", "create table t (\n begin int\n);\n", "create table t (| begin int|);"},
+        Case{"a word only", "VERSION 5.00\nselect 1;\nBegin x\nEnd\n", "VERSION 5.00|select 1;|Begin x|End"},
+        Case{"code above", "x\n" + kClass, "x|VERSION 1.0 CLASS|BEGIN|  MultiUse = -1  'True|END"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Hidden, SourceFileTest,
+    testing::Values(
+        Case{"behind a header", "Sub A()\r\nAttribute A.VB_UserMemId = 0\r\nEnd Sub\r\n",
+             "Sub A()|End Sub {1:Attribute A.VB_UserMemId = 0}"},
+        Case{"several, above the first too",
+             "Attribute A.VB_X = 1\nDim A\nATTRIBUTE A.VB_Y.Z=2\n\tattribute\tA . B = 3\nAttribute [a b].VB_Z = 4",
+             "Dim A|\tattribute\tA . B = 3 {0:Attribute A.VB_X = 1} {1:ATTRIBUTE A.VB_Y.Z=2} {2:Attribute [a b].VB_Z = "
+             "4}"},
+        Case{"code",
+             "Attribute = 3\nattribute foo\nAttributes A.B = 1\nAttribute.B = 2\nAttribute 'x = 1\nx = Attribute",
+             "Attribute = 3|attribute foo|Attributes A.B = 1|Attribute.B = 2|Attribute 'x = 1|x = Attribute"},
+        Case{"continued", "' a _\nAttribute A.VB_X = 1\nb_\nAttribute A.VB_X = 2\n",
+             "' a _|Attribute A.VB_X = 1|b_ {3:Attribute A.VB_X = 2}"},
+        Case{"second byte like a backslash", "Attribute \x95\x5C.VB_X = 1\n", " {0:Attribute \x95\x5C.VB_X = 1}"},
+        Case{"name in the code", "'\nAttribute VB_Name = \"M\"\n", "' {1:Attribute VB_Name = \"M\"} <M>"}));
+
+TEST(SourceFile, CutsAnyBytes) {
+  static const std::vector<std::string> kPieces = {
+      "\r", "\n", "\r\n", "x", " _", "Attribute A.B = 1", "' attribute", std::string(61, 'y'), std::string(1, '\0')};
+  for (unsigned seed = 0; seed < 400; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    std::string bytes;
+    for (auto n = random() % 60; n > 0; --n) bytes += kPieces[random() % kPieces.size()];
+    const SourceFile file("x\n" + bytes);
+    ExpectWhole(file);
+    EXPECT_EQ(file.Lines().size() + file.Hidden().size(), SplitPlainly(file.Bytes()).size());
+  }
+}
+
+}  // namespace
+}  // namespace quorvane::workbench
