@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/CodePage.h"
+
+namespace quorvane::native {
+
+/// The code page of a name such as "1252", "cp936", "Shift_JIS", "UTF-8"; case, "-" and "_" do not count. Raises error
+/// 5 with the known names for one that is not known.
+std::unique_ptr<CodePage> NewCodePage(std::string_view name);
+
+/// The name of the ANSI code page that belongs to the language of the environment's locale (LC_ALL, LC_CTYPE, LANG);
+/// its charset plays no part. "1252" when the locale tells nothing.
+std::string CodePageOfLocale();
+
+}  // namespace quorvane::native

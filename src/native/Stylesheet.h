@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+struct _xmlDoc;
+struct _xsltStylesheet;
+
+namespace quorvane::native {
+
+/// A compiled XSLT 1.0 stylesheet. It can load nothing: imports and includes fail to compile.
+class Stylesheet {
+ public:
+  /// `xml` is UTF-8. Raises error 5 with the library's words when it is not well-formed, or no stylesheet that
+  /// compiles.
+  explicit Stylesheet(const std::string& xml);
+  ~Stylesheet();
+  Stylesheet(const Stylesheet&) = delete;
+  Stylesheet& operator=(const Stylesheet&) = delete;
+
+  _xsltStylesheet* Style() const { return mobjStyle; }
+  /// Number of keys declared at the top level.
+  int KeyCount() const { return mlngKeys; }
+  /// True when nothing that the stylesheet can compute is remembered from one transformation to the next.
+  bool IsStateless() const { return mblnStateless; }
+
+ private:
+  void Inspect(const _xmlDoc* document);
+
+  _xsltStylesheet* mobjStyle = nullptr;
+  int mlngKeys = 0;
+  std::string mstrUnknown;  ///< an element that claims to be XSLT and is not in 1.0
+  bool mblnStateless = true;
+};
+
+/// Parses UTF-8 without reading anything but `xml`; an encoding named in it plays no part. Nothing when it is not
+/// well-formed. `name` stands for the text in the library's complaints. The caller frees the document. Complaints go to
+/// the XmlErrorCapture that must be alive.
+_xmlDoc* ParseXml(const std::string& xml, const char* name);
+
+}  // namespace quorvane::native

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+struct _xmlDoc;
+struct _xmlNode;
+struct _xsltTransformContext;
+
+namespace quorvane::native {
+
+class Stylesheet;
+class XmlErrorCapture;
+
+/// One stylesheet made ready to run over elements of one document, again and again as long as Serves says so.
+class TransformRun {
+ public:
+  /// `document` must outlive the run.
+  TransformRun(std::shared_ptr<const Stylesheet> stylesheet, _xmlDoc* document);
+  ~TransformRun();
+  TransformRun(const TransformRun&) = delete;
+  TransformRun& operator=(const TransformRun&) = delete;
+
+  /// True when this run can be used for `stylesheet`, with the same outcome as a new one.
+  bool Serves(const Stylesheet& stylesheet) const { return mblnReusable && mobjStylesheet.get() == &stylesheet; }
+
+  /// The output with `element` as the initial context node. Raises error 5 with the library's words when the
+  /// stylesheet fails.
+  std::u16string Transform(_xmlNode* element);
+
+ private:
+  void NewOutput();
+  void Evaluate(_xmlNode* element, const XmlErrorCapture& capture);
+  void FinishOutput();
+  bool IsPlainText() const;
+  std::u16string PlainText() const;
+  std::u16string Serialised();
+
+  std::shared_ptr<const Stylesheet> mobjStylesheet;
+  _xmlDoc* mobjDocument;
+  _xsltTransformContext* mobjContext;
+  _xmlDoc* mobjOutput = nullptr;
+  bool mblnReusable;
+};
+
+}  // namespace quorvane::native

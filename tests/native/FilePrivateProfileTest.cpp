@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/Text.h"
+#include "native/FilePrivateProfile.h"
+#include "native/IniText.h"
+#include "support/TempFolder.h"
+
+namespace quorvane::test {
+
+using native::FilePrivateProfile;
+using native::IniText;
+
+TEST(IniText, ChangesNothingElse) {
+  struct Row {
+    const char* before;
+    const char* section;
+    const char* key;
+    const char* value;  // nothing: the key goes
+    const char* after;
+  };
+  const Row rows[] = {
+      {"", "S", "k", "v", "[S]\r\nk=v\r\n"},
+      {"[S]\nk=1", "S", "k", "v", "[S]\nk=v"},
+      {"[S]\nk=1", "S", "l", "v", "[S]\nk=1\nl=v\n"},
+      {"; note\r\n[S]\r\n\r\n[T]\r\n", "S", "k", "v", "; note\r\n[S]\r\nk=v\r\n\r\n[T]\r\n"},
+      {"[S]\nk=1\n\n; k=2\n[T]\nk=3\n", "T", "K", "v", "[S]\nk=1\n\n; k=2\n[T]\nk=v\n"},
+      {"[S]\n;k=0\n k = 1\n", "S", "k", "v", "[S]\n;k=0\n k =v\n"},
+      {"[S]\nk=1\nk=2\n[S]\nk=3\n", "S", "k", "v", "[S]\nk=v\nk=2\n[S]\nk=3\n"},
+      {"k=1\n[S]\n", "S", "k", "v", "k=1\n[S]\nk=v\n"},
+      {"[S]\nk\nk2=1\n", "S", "k", "v", "[S]\nk\nk2=1\nk=v\n"},
+      {"[\x95\x5D]\nk=1\n", "\x95\x5D", "k", "v", "[\x95\x5D]\nk=v\n"},
+      {"[S]\nk=1\n[T]\nk=2\n", "S", "k", nullptr, "[S]\n[T]\nk=2\n"},
+      {"[S]\nk=1\n", "S", "l", nullptr, "[S]\nk=1\n"},
+      {"[S]\nk=1\n", "T", "k", nullptr, "[S]\nk=1\n"},
+      {"[S\nk=1\n\xFF\x00", "S", "k", nullptr, "[S\nk=1\n\xFF"},
+  };
+  for (const Row& row : rows) {
+    IniText text(row.before);
+    EXPECT_EQ(text.Bytes(), row.before);
+    if (row.value != nullptr) {
+      text.Set(row.section, row.key, row.value);
+      EXPECT_EQ(text.Get(row.section, row.key), row.value);
+    } else {
+      text.RemoveKey(row.section, row.key);
+    }
+    EXPECT_EQ(text.Bytes(), row.after);
+  }
+}
+
+class FilePrivateProfileTest : public ::testing::Test {
+ protected:
+  std::string Read(const std::string& file, std::size_t size = 64) {
+    std::string buffer(size + 4, '~');
+    const std::size_t length = profile.Read("S", "k", "usual ", buffer.data(), size, FromUtf8(file));
+    EXPECT_EQ(buffer[length], '\0');
+    EXPECT_EQ(buffer.substr(length + 1), std::string(size + 3 - length, '~')) << "what lies behind stays as it was";
+    return buffer.substr(0, length);
+  }
+  bool Write(const std::string& file, const std::string& value) {
+    return profile.Write("S", "k", value, FromUtf8(file));
+  }
+
+  TempFolder folder;
+  FilePrivateProfile profile{folder / "home/config"};
+};
+
+TEST_F(FilePrivateProfileTest, FillsTheBuffer) {
+  const std::string file = folder.Write("a.ini", "[S]\nk=value\n");
+  EXPECT_EQ(Read(file), "value");
+  EXPECT_EQ(Read(file, 6), "value");
+  EXPECT_EQ(Read(file, 5), "valu");
+  EXPECT_EQ(Read(file, 1), "");
+  EXPECT_EQ(Read(folder / "none.ini"), "usual");
+}
+
+TEST_F(FilePrivateProfileTest, KeepsAFileThatCannotBeWrittenInTheUsersFolder) {
+  folder.Write("plain", "");
+  const std::string file = folder / "plain/config.ini";  // no folder at all, so that even an administrator fails
+  EXPECT_EQ(Read(file), "usual");
+  EXPECT_TRUE(Write(file, "1"));
+  EXPECT_EQ(folder.Read("home/config/config.ini"), "[S]\r\nk=1\r\n");
+  EXPECT_EQ(Read(file), "1");
+
+  const std::string writable = folder / "config.ini";
+  EXPECT_EQ(Read(writable), "usual") << "the user's copy stands in for nothing that can be written";
+  EXPECT_TRUE(Write(writable, "2"));
+  EXPECT_EQ(folder.Read("config.ini"), "[S]\r\nk=2\r\n");
+  EXPECT_EQ(Read(file), "1");
+}
+
+TEST_F(FilePrivateProfileTest, WhatCannotBeReadIsNotReplaced) {
+  std::filesystem::create_directories(folder / "a.ini");
+  EXPECT_EQ(Read(folder / "a.ini"), "usual");
+  EXPECT_FALSE(Write(folder / "a.ini", "1"));
+}
+
+TEST_F(FilePrivateProfileTest, RefusesWhatALineCannotHold) {
+  const std::string file = folder.Write("a.ini", "[S]\nk=1\n");
+  EXPECT_FALSE(Write(file, "a\r\n[T]"));
+  EXPECT_FALSE(profile.Write("S\n", "k", "v", FromUtf8(file)));
+  EXPECT_FALSE(profile.Write("S", "a=b", "v", FromUtf8(file)));
+  EXPECT_EQ(folder.Read("a.ini"), "[S]\nk=1\n");
+  EXPECT_TRUE(Write(file, std::string("x\0y", 3)));
+  EXPECT_EQ(Read(file), "x") << "a value ends at its first zero";
+  EXPECT_TRUE(profile.Write("S", std::nullopt, std::nullopt, FromUtf8(file)));
+  EXPECT_EQ(folder.Read("a.ini"), "");
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <map>
+#include <random>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "native/FileSettingsStore.h"
+#include "support/ErrorOf.h"
+#include "support/TempFolder.h"
+
+namespace quorvane::test {
+
+using native::FileSettingsStore;
+
+class FileSettingsStoreTest : public ::testing::Test {
+ protected:
+  /// What a program that starts now finds.
+  std::u16string Stored(const std::u16string& key) {
+    return FileSettingsStore(path).GetSetting(u"App", u"S", key, u"none");
+  }
+
+  TempFolder folder;
+  const std::string path = folder / "deep/settings";
+};
+
+TEST_F(FileSettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
+  FileSettingsStore store(path);
+  store.Commit();
+  EXPECT_FALSE(std::filesystem::exists(path)) << "nothing to write";
+  store.SaveSetting(u"App", u"S", u"k", u"1");
+  store.SaveSetting(u"App", u"S", u"k", u"2");
+  EXPECT_EQ(store.GetSetting(u"App", u"S", u"k", u"none"), u"2");
+  EXPECT_EQ(store.GetSetting(u"App", u"s", u"k", u"none"), u"none");
+  EXPECT_EQ(Stored(u"k"), u"none");
+  store.Commit();
+  EXPECT_EQ(Stored(u"k"), u"2");
+  store.SaveSetting(u"Other", u"S", u"k", u"3");
+  store.DeleteSetting(u"App", u"S");
+  EXPECT_EQ(ErrorOf([&] { store.DeleteSetting(u"App", u"S"); }), 5);
+  EXPECT_EQ(Stored(u"k"), u"2");
+  store.Commit();
+  EXPECT_EQ(Stored(u"k"), u"none");
+  EXPECT_EQ(FileSettingsStore(path).GetSetting(u"Other", u"S", u"k", u""), u"3");
+}
+
+TEST_F(FileSettingsStoreTest, AnyTextComesBack) {
+  const unsigned seed = std::random_device()();
+  std::mt19937 random(seed);
+  const std::u16string units = u"a=[]#\\/\r\n\t \0u0中\xD83D\xDE00\xDC80\x7F\xFFFD\xFEFF\"";
+  const std::u16string pool(units.data(), units.size());
+  const auto text = [&] {
+    std::u16string made;
+    for (std::size_t left = random() % 12; left > 0; --left) made += pool[random() % pool.size()];
+    return made;
+  };
+  for (int turn = 0; turn < 200; ++turn) {
+    std::map<std::u16string, std::u16string> values;
+    const std::u16string app = text();
+    const std::u16string section = text();
+    FileSettingsStore store(path);
+    for (int i = 0; i < 8; ++i) {
+      const std::u16string key = text();
+      values[key] = text();
+      store.SaveSetting(app, section, key, values[key]);
+    }
+    store.Commit();
+    FileSettingsStore again(path);
+    for (const auto& [key, value] : values) {
+      ASSERT_EQ(again.GetSetting(app, section, key, u"none"), value) << "seed " << seed << " turn " << turn;
+    }
+  }
+}
+
+TEST_F(FileSettingsStoreTest, ADamagedFileIsNamedAndKept) {
+  for (const char* bytes : {"[App/S]\nno value\n", "k=1\n", "[App]\n", "[App/S]\nk=\\x\n", "[App/S]\nk=\\u12\n",
+                            "[App/S]\nk=\\u12g4\n", "[App/S]\nk=\\"}) {
+    folder.Write("deep/settings", bytes);
+    FileSettingsStore store(path);
+    EXPECT_EQ(ErrorOf([&] { store.GetSetting(u"App", u"S", u"k", u""); }), 321) << bytes;
+    EXPECT_EQ(folder.Read("deep/settings"), bytes);
+    EXPECT_EQ(ErrorOf([&] { store.DeleteSetting(u"App", u"S"); }), 5);
+    store.SaveSetting(u"App", u"S", u"k", u"new");
+    store.Commit();
+    EXPECT_EQ(Stored(u"k"), u"new");
+    EXPECT_EQ(folder.Read("deep/settings.damaged"), bytes);
+  }
+  std::filesystem::remove(path);
+  std::filesystem::create_directories(path);
+  FileSettingsStore store(path);
+  try {
+    store.GetSetting(u"App", u"S", u"k", u"");
+    FAIL() << "a folder was read";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number, 75);
+    EXPECT_EQ(error.Description, u"Path/File access error: " + FromUtf8(path));
+  }
+}
+
+TEST_F(FileSettingsStoreTest, ACommitThatFailsKeepsTheOldFileAndCanBeRepeated) {
+  FileSettingsStore store(folder / "file/settings");
+  folder.Write("file", "in the way");
+  store.SaveSetting(u"App", u"S", u"k", u"1");
+  EXPECT_ANY_THROW(store.Commit());
+  std::filesystem::remove(folder / "file");
+  store.Commit();
+  EXPECT_EQ(FileSettingsStore(folder / "file/settings").GetSetting(u"App", u"S", u"k", u""), u"1");
+}
+
+TEST_F(FileSettingsStoreTest, AKilledProgramLeavesTheOldOrTheNewOne) {
+  const auto fill = [](FileSettingsStore& store, const std::u16string& value) {
+    for (int i = 0; i < 200; ++i) store.SaveSetting(u"App", u"S", u"k" + ToText(i), value);
+    store.Commit();
+  };
+  FileSettingsStore first(path);
+  fill(first, u"0");
+  for (unsigned turn = 0; turn < 20; ++turn) {
+    const pid_t writer = fork();
+    if (writer == 0) {
+      FileSettingsStore store(path);
+      for (int round = 1;; ++round) fill(store, std::u16string(2000, u'x') + ToText(round));
+    }
+    usleep(2000 + 700 * turn);
+    kill(writer, SIGKILL);
+    waitpid(writer, nullptr, 0);
+    FileSettingsStore left(path);
+    const std::u16string value = left.GetSetting(u"App", u"S", u"k0", u"none");
+    for (int i = 1; i < 200; ++i) ASSERT_EQ(left.GetSetting(u"App", u"S", u"k" + ToText(i), u"none"), value);
+  }
+}
+
+}  // namespace quorvane::test
