@@ -34,6 +34,8 @@ std::u16string ErrorText(ErrorNumber number) {
       return u"Object variable or With block variable not set";
     case ErrorNumber::InvalidPattern:
       return u"Invalid pattern string";
+    case ErrorNumber::ActionNotSupported:
+      return u"Object doesn't support this action";
     case ErrorNumber::DuplicateKey:
       return u"This key is already associated with an element of this collection";
   }

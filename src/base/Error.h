@@ -16,6 +16,7 @@ enum class ErrorNumber : std::int32_t {
   Internal = 51,
   ObjectNotSet = 91,
   InvalidPattern = 93,
+  ActionNotSupported = 445,
   DuplicateKey = 457,
 };
 

@@ -29,4 +29,13 @@ void TellWarning(std::string_view message) {
   Tell("warning: ", message);
 }
 
+Error WhereItHappened(const Error& error, const std::u16string& module) {
+  constexpr std::int32_t firstSyntaxError = 5016;  // of the regular expressions
+  constexpr std::int32_t lastSyntaxError = 5021;
+  const bool aboutCondition = error.Number < 0 ||
+                              error.Number == static_cast<std::int32_t>(ErrorNumber::InvalidPattern) ||
+                              (error.Number >= firstSyntaxError && error.Number <= lastSyntaxError);
+  return aboutCondition || module.empty() ? error : Error(error.Number, module + u": " + error.Description);
+}
+
 }  // namespace quorvane::cli

@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/Diagnostics.h"
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
 #include "cli/Reporter.h"
@@ -63,7 +64,7 @@ bool Search(ResultPage& page, Session& session, const Output& output) {
 int Find(const Options& options) {
   Session& session = KeepUntilExit<Session>(options);
   session.Apply(options);
-  session.CheckOutput(options.output);
+  session.CheckOutput(options);
   if (options.format == Format::Lines) UseStylesheet(options.xsl);
   Output output(options.output);
   ResultPage& page = KeepUntilExit<ResultPage>();
@@ -76,7 +77,7 @@ int Find(const Options& options) {
       return Search(page, session, output);
     } catch (const Error& error) {
       output.Finish();  // what was found before the error stays
-      throw Error(error.Number, module.empty() ? error.Description : module + u": " + error.Description);
+      throw WhereItHappened(error, module);
     }
   }();
   if (options.format == Format::Lines) page.CheckLines();

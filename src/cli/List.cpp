@@ -52,7 +52,7 @@ void AppendComponent(const workbench::Project& project, const workbench::Compone
 
 int List(const Options& options) {
   Session session(options);
-  session.CheckOutput(options.output);
+  session.CheckOutput(options);
   Output output(options.output);
   bool any = false;
   Json json;

@@ -64,9 +64,8 @@ void Output::Flush() {
     } else if (errno == EPIPE) {
       closed_ = true;
     } else if (errno != EINTR) {
-      const int error = errno;
+      failure_ = errno;
       closed_ = true;
-      Fail(error);
     }
   }
   buffer_.clear();
@@ -74,6 +73,7 @@ void Output::Flush() {
 
 void Output::Finish() {
   Flush();
+  if (failure_ != 0) Fail(failure_);
   if (temporary_.empty()) return;
   if (fsync(file_) != 0 || std::rename(temporary_.c_str(), path_.c_str()) != 0) Fail(errno);
   temporary_.clear();

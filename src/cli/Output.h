@@ -14,11 +14,12 @@ class Output {
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
+  /// Raises nothing: a write that fails closes the output, and Finish tells.
   void Write(std::string_view bytes);
-  /// Writes out what is buffered; a file gets its name.
+  /// Writes out what is buffered; a file gets its name. Raises an error with the path when anything was not written.
   void Finish();
 
-  /// The reader has gone: nothing more is written, and there is no point in going on.
+  /// The reader has gone or a write has failed: nothing more is written, and there is no point in going on.
   bool Closed() const { return closed_; }
   bool IsTerminal() const;
 
@@ -31,6 +32,7 @@ class Output {
   int file_ = 1;
   std::string buffer_;
   bool closed_ = false;
+  int failure_ = 0;  ///< errno of the write that failed; a reader that went away is no failure
 };
 
 }  // namespace quorvane::cli

@@ -44,7 +44,7 @@ bool Save(workbench::Workbench& host, Output& output) {
 int Replace(const Options& options) {
   Session session(options);
   session.Apply(options);
-  session.CheckOutput(options.output);
+  session.CheckOutput(options);
   CatchInterrupt();
   std::u16string module;
   {
@@ -53,8 +53,7 @@ int Replace(const Options& options) {
     try {
       task.Run(kTaskReplaceAll);
     } catch (const Error& error) {
-      if (options.mode != gsRegular || module.empty()) throw;
-      throw Error(error.Number, module + u": " + error.Description);
+      throw WhereItHappened(error, module);
     }
   }
   if (Interrupted()) return 130;

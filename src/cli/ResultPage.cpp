@@ -19,7 +19,10 @@ ResultPage::ResultPage() : result_(std::make_shared<ResultCollection>()), condSn
     AddListItem(line, id);
   });
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
-    if (lastLine_ != pi->mlngID && firstFailed_ == 0) firstFailed_ = pi->mlngID;
+    if (lastLine_ != pi->mlngID) {
+      CheckElement(*pi);
+      if (firstFailed_ == 0) firstFailed_ = pi->mlngID;
+    }
     if (OnMatch) OnMatch(*pi);
   });
 }
@@ -33,6 +36,12 @@ ResultPage::~ResultPage() {
 
 void ResultPage::AddListItem(const std::u16string& line, std::int32_t id) {
   if (OnLine && !TrimBlanks(line).empty()) OnLine(line, id);
+}
+
+void ResultPage::CheckElement(const PositionInfo& pi) const {
+  pi.ScreenX1();
+  pi.ScreenX2();
+  mobjFilter.Item(pi.mlngID);
 }
 
 void ResultPage::CheckLines() {

@@ -42,6 +42,10 @@ class ResultPage final : public IPage {
   FilterManager mobjFilter;
 
  private:
+  /// Raises the error that kept a match out of the result document, such as that of a line too long for a screen
+  /// column; all elements behind it would stand at wrong numbers.
+  void CheckElement(const PositionInfo& pi) const;
+
   std::int32_t lastLine_ = 0;     ///< the match that the last line came for, shown or not
   std::int32_t firstFailed_ = 0;  ///< the first match without a line; 0: none
   Subscription filterAdd_;

@@ -1,5 +1,6 @@
 #include "cli/Session.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/Error.h"
@@ -102,17 +103,19 @@ void Session::ActivateModule(const Options& options) {
                                  : "several modules are named '" + options.module + "'; name the project too");
 }
 
-void Session::CheckOutput(const std::string& path) {
+void Session::CheckOutput(const Options& options) {
+  const std::string& path = options.output;
   std::error_code failed;
   if (path.empty() || !std::filesystem::exists(path, failed)) return;
   const auto isOutput = [&](const std::string& file) {
     return !file.empty() && std::filesystem::equivalent(path, file, failed) && !failed;
   };
+  bool clash = std::ranges::any_of(options.files, isOutput);
   for (const auto& project : Host().Projects()) {
-    bool clash = isOutput(project->Path());
+    clash = clash || isOutput(project->Path());
     for (const auto& component : project->Components()) clash = clash || isOutput(component->Path());
-    if (clash) Fail(path + ": is one of the open files and is not overwritten");
   }
+  if (clash) Fail(path + ": is one of the open files and is not overwritten");
 }
 
 }  // namespace quorvane::cli

@@ -22,8 +22,8 @@ class Session {
   /// for a project or module that the area needs and that is not there or not the only one of its name.
   void Apply(const Options& options);
 
-  /// Raises an error when `path` is one of the open files: results do not overwrite what they tell of.
-  void CheckOutput(const std::string& path);
+  /// Raises an error when the output is one of the open files: results do not overwrite what they tell of.
+  void CheckOutput(const Options& options);
 
  private:
   void ActivateProject(const Options& options);

@@ -1,10 +1,11 @@
 #include "cli/StylesheetFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <regex>
+#include <sstream>
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -22,11 +23,14 @@ constexpr std::size_t kDeclarationSearched = 200;  // bytes; a declaration stand
 }
 
 std::string ReadBytes(const std::string& path) {
+  std::error_code failed;
+  if (std::filesystem::is_directory(path, failed)) Fail(path, std::strerror(EISDIR));
   errno = 0;
   std::ifstream file(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (!file.is_open() || file.bad() || errno == EISDIR) Fail(path, std::strerror(errno != 0 ? errno : EIO));
-  return bytes;
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  if (!file.is_open() || file.bad()) Fail(path, std::strerror(errno != 0 ? errno : EIO));
+  return bytes.str();
 }
 
 std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
@@ -40,11 +44,20 @@ std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
 }
 
 /// The encoding that the XML declaration names; UTF-8 without one.
-std::string DeclaredEncoding(const std::string& bytes) {
-  static const std::regex declaration(R"(^\s*<\?xml[^>]*\bencoding\s*=\s*["']([A-Za-z0-9._-]+)["'])");
-  std::smatch match;
-  const std::string head = bytes.substr(0, kDeclarationSearched);
-  return std::regex_search(head, match, declaration) ? match[1].str() : "UTF-8";
+std::string DeclaredEncoding(std::string_view bytes) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const auto skipBlanks = [&](std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
+  };
+  std::string_view head = skipBlanks(bytes.substr(0, kDeclarationSearched));
+  head = head.substr(0, head.find("?>"));
+  const std::size_t at = head.find("encoding");
+  if (!head.starts_with("<?xml") || at == head.npos) return "UTF-8";
+  std::string_view rest = skipBlanks(head.substr(at + std::strlen("encoding")));
+  if (!rest.starts_with('=')) return "UTF-8";
+  rest = skipBlanks(rest.substr(1));
+  if (rest.empty() || (rest[0] != '"' && rest[0] != '\'')) return "UTF-8";
+  return std::string(rest.substr(1, rest.find(rest[0], 1) - 1));
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class VBProject;
 class Window;
 }  // namespace vbide
 
-/// Stateless helpers around windows, components and texts.
+/// Stateless operations around windows, components and texts.
 class Utilities {
  public:
   static constexpr std::string_view ClassName = "Utilities";
@@ -28,11 +28,34 @@ class Utilities {
   Utilities(const Utilities&) = delete;
   Utilities& operator=(const Utilities&) = delete;
 
+  void ShowWindowAsync(WindowHandle hwnd, std::int32_t nCmdShow) const;
+  /// Neither moves nor sizes nor activates the window.
+  void SetZOrder(WindowHandle hwnd, WindowHandle hWndInsertAfter) const;
+  /// Any value but 0 shows the window without activating it.
+  void SetWindowVisible(WindowHandle hwnd, std::int32_t bVisible) const;
+  WindowHandle GetTopWindow(WindowHandle hwnd) const;
   WindowHandle FindWindow(std::u16string_view className, std::u16string_view windowName) const;
   WindowHandle FindWindowEx(WindowHandle parent, std::u16string_view className, std::u16string_view windowName) const;
+  WindowHandle GetParent(WindowHandle hwnd) const;
+  WindowHandle GetForegroundWindow() const;
+  /// The title, as far as 254 bytes of the ANSI code page hold it; a character that the page lacks is a question mark.
+  std::u16string GetWindowText(WindowHandle hwnd) const;
+
+  /// The mouse on the screen, in pixels.
+  std::int32_t MouseX() const;
+  std::int32_t MouseY() const;
+  /// True strictly inside the window; its edges are outside.
+  bool IsPointInWindow(WindowHandle hwnd, std::int32_t x, std::int32_t y) const;
 
   /// For each character its 1-based place and its ANSI code: "[1,65] [2,66] ".
   std::u16string GetStrAsc(std::u16string_view s) const;
+
+  /// Whether `hChild` is `hParentToTest` or lies in it, at any depth.
+  bool IsParentWindow(WindowHandle hParentToTest, WindowHandle hChild) const;
+  void SetParent(WindowHandle hWndChild, WindowHandle hWndNewParent) const;
+  /// The row of a list under a point of its client area in pixels, rounded half to even; a value above 65535 for a
+  /// point outside all rows. Error 6 for coordinates that a message cannot carry.
+  std::int32_t GetListIndex(WindowHandle hwnd, double x, double y) const;
 
   /// The host's main window; 0 when anything fails.
   WindowHandle VBHandle(vbide::VBE& vbInstance) const;

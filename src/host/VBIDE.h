@@ -186,6 +186,23 @@ class AddIn {
   virtual std::u16string ProgId() const = 0;
 };
 
+/// How the host came to load an add-in.
+enum class ConnectMode : std::int32_t { AfterStartup = 0, Startup = 1, External = 2 };
+/// Why the host lets an add-in go.
+enum class DisconnectMode : std::int32_t { HostShutdown = 0, UserClosed = 1 };
+
+class VBE;
+
+/// The side of an add-in that the host calls.
+class AddInInstance {
+ public:
+  virtual ~AddInInstance() = default;
+
+  virtual void OnConnection(const std::shared_ptr<VBE>& application, ConnectMode mode,
+                            const std::shared_ptr<AddIn>& addIn) = 0;
+  virtual void OnDisconnection(DisconnectMode mode) = 0;
+};
+
 class Addins {
  public:
   virtual ~Addins() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace quorvane {
@@ -7,9 +8,23 @@ namespace quorvane {
 /// What the add-in knows of its own program.
 class App {
  public:
+  App();
   virtual ~App() = default;
 
-  std::u16string Title = u"Quorvane插件";  ///< caption of message boxes, name in the settings store
+  std::u16string Title;  ///< caption of message boxes; follows the language
+  std::u16string Path;   ///< folder of the program's file, without a separator at its end
+  std::int32_t Major = 4;
+  std::int32_t Minor = 13;
+  std::int32_t Revision = 129;
+  /// Web host of the project's pages, with a port where it needs one. The build option QUORVANE_PROJECT_HOST, unless
+  /// the environment variable of that name holds another.
+  std::u16string ProjectHost;
+
+  /// Path of a file in the program's folder.
+  std::u16string FileBeside(const std::u16string& name) const;
 };
+
+/// The title before a language is chosen. Settings are stored under it in every language.
+inline constexpr char16_t kStartingTitle[] = u"Quorvane插件";
 
 }  // namespace quorvane

@@ -1,13 +1,34 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quorvane {
 
 using WindowHandle = std::int32_t;  ///< 0: no window
 
-/// The window system's own calls. Texts are titles and class names as the window system knows them.
+/// In screen pixels.
+struct ScreenPoint {
+  std::int32_t X = 0;
+  std::int32_t Y = 0;
+
+  bool operator==(const ScreenPoint&) const = default;
+};
+
+/// In screen pixels; right and bottom lie one behind the last pixel.
+struct ScreenRect {
+  std::int32_t Left = 0;
+  std::int32_t Top = 0;
+  std::int32_t Right = 0;
+  std::int32_t Bottom = 0;
+
+  bool operator==(const ScreenRect&) const = default;
+};
+
+/// The window system's own calls. Texts are titles and class names as the window system knows them; commands, flags and
+/// messages have its values. A handle of no window makes a call do nothing and give 0. A call that the platform does
+/// not offer raises error 445 with its name.
 class NativeWindows {
  public:
   virtual ~NativeWindows() = default;
@@ -20,6 +41,29 @@ class NativeWindows {
   /// Message 0x1043 to a code window brings its view to the front of the client area. 0 as handle does nothing.
   virtual std::int32_t SendMessage(WindowHandle window, std::uint32_t message, std::int32_t wParam,
                                    std::int32_t lParam) = 0;
+
+  /// Command 0 hides, 4 shows without activating, others show.
+  virtual void ShowWindow(WindowHandle window, std::int32_t command);
+  /// As ShowWindow, without waiting for the window.
+  virtual void ShowWindowAsync(WindowHandle window, std::int32_t command);
+  /// Flags 1, 2 and 16: not sized, not moved, not activated. `insertAfter` is a window, or 0 top, 1 bottom, -1 above
+  /// all that are not so, -2 no longer so.
+  virtual void SetWindowPos(WindowHandle window, WindowHandle insertAfter, std::int32_t x, std::int32_t y,
+                            std::int32_t width, std::int32_t height, std::uint32_t flags);
+  /// The frontmost child, of the desktop with 0.
+  virtual WindowHandle GetTopWindow(WindowHandle window);
+  virtual WindowHandle GetParent(WindowHandle window);
+  virtual void SetParent(WindowHandle child, WindowHandle newParent);
+  virtual WindowHandle GetForegroundWindow();
+  /// The whole title.
+  virtual std::u16string GetWindowText(WindowHandle window);
+  virtual ScreenPoint GetCursorPos();
+  /// False, and `rect` untouched, for no window.
+  virtual bool GetWindowRect(WindowHandle window, ScreenRect& rect);
+
+  /// Colour of the screen, 0x00BBGGRR: 5 window, 8 its text, 13 selection, 14 its text. A platform without colours of
+  /// its own gives the classic ones, black for an index without one.
+  virtual std::uint32_t GetSysColor(std::int32_t index);
 };
 
 }  // namespace quorvane

@@ -5,11 +5,18 @@
 namespace quorvane {
 
 class App;
+class Clock;
 class CodePage;
+class ExceptionFilter;
+class HttpRequest;
 class MessageLoop;
 class NativeWindows;
+class PrivateProfile;
 class Prompts;
 class RegExp;
+class RegistryStore;
+class SettingsStore;
+class Shell;
 class XmlDocument;
 
 /// Everything that the logic needs of the platform, in one place. A program installs its platform before it touches the
@@ -26,6 +33,16 @@ class Platform {
   virtual Prompts& MessageBoxes() = 0;
   virtual App& TheApp() = 0;
   virtual NativeWindows& Windows() = 0;
+
+  // What only a program with windows has. A platform without one of them raises error 445 that names it.
+  virtual SettingsStore& Settings();
+  virtual RegistryStore& Registry();
+  virtual std::unique_ptr<HttpRequest> NewHttpRequest();
+  virtual Shell& TheShell();
+  virtual Clock& TheClock();
+  virtual ExceptionFilter& Faults();
+  /// Nothing on a platform that keeps no INI files: the language then starts as it is built in and is not written.
+  virtual PrivateProfile* Profile() { return nullptr; }
 };
 
 /// The installed platform; error 91 when there is none.

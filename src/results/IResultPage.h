@@ -4,11 +4,13 @@
 #include <memory>
 #include <string>
 
+#include "platform/NativeWindows.h"
 #include "search/IPage.h"
 
 namespace quorvane {
 
 class Control;
+class FilterManager;
 class Tab;
 class TaskManager;
 
@@ -21,6 +23,10 @@ class IResultPage : public IPage {
 
   /// mobjTask: runs this page's tasks; nothing behind TearDown.
   virtual std::shared_ptr<TaskManager> Task() const = 0;
+  /// mobjFilter: the result document; nothing behind TearDown.
+  virtual std::shared_ptr<FilterManager> Filter() const = 0;
+  /// Window of the list; 0 while it is not shown. Error 91 behind TearDown.
+  virtual WindowHandle ListHWnd() const = 0;
   /// mobjPanel: the container of the page's controls; nothing behind TearDown.
   virtual std::shared_ptr<Control> Panel() const = 0;
 

@@ -86,7 +86,8 @@ void PageManager::AddNewPage() {
 void PageManager::SelectLastTab() {
   const std::int32_t last = mcolPages->Count();
   if (last == 0) return;
-  Deref(mobjTabCtrl).Item(last)->Select();
+  // By key: a page whose tab has gone must fail here, not select the plus tab, from which readers lead back here.
+  Deref(mobjTabCtrl).Item(mcolPages->Item(last)->Key())->Select();
   TabChange.Raise();
 }
 

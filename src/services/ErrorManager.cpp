@@ -1,6 +1,7 @@
 #include "services/ErrorManager.h"
 
 #include "base/Error.h"
+#include "base/Skip.h"
 #include "base/Text.h"
 #include "host/Globals.h"
 #include "platform/App.h"
@@ -23,9 +24,12 @@ ErrorManager::~ErrorManager() {
 }
 
 void ErrorManager::ShowErr() const {
-  const std::int32_t number = CurrentError().Number;
-  if (number == kErrUserCanceled || number == 0 || number == kErrDialogCanceled) return;
-  ThePlatform().MessageBoxes().MsgBox(GetErrStr(), kOkOnly, ThePlatform().TheApp().Title);
+  const Error error = CurrentError();
+  if (error.Number == kErrUserCanceled || error.Number == 0 || error.Number == kErrDialogCanceled) return;
+  std::u16string text;
+  // Without a language that has texts, and that may be the very error, its own words must do.
+  if (!SkipErrors([&] { text = GetErrStr(); })) text = ToText(error.Number) + u": " + error.Description;
+  ThePlatform().MessageBoxes().MsgBox(text, kOkOnly, ThePlatform().TheApp().Title);
 }
 
 std::u16string ErrorManager::GetErrStr() const {

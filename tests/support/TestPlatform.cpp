@@ -16,16 +16,6 @@
 
 namespace quorvane::test {
 
-void ScriptedLoop::DoEvents() {
-  ++Yields;
-  if (OnYield) OnYield();
-  while (!waiting_.empty()) {
-    const auto work = std::move(waiting_.front());
-    waiting_.pop_front();
-    work();
-  }
-}
-
 int ScriptedPrompts::MsgBox(const std::u16string& text, int flags, const std::u16string& caption) {
   Shown.push_back({text, flags, caption});
   if (Answers.empty()) {
@@ -47,10 +37,7 @@ TestPlatform::TestPlatform(const std::string& codePage) : codePage_(native::NewC
 
 TestPlatform::~TestPlatform() {
   EXPECT_TRUE(prompts.Answers.empty()) << "message boxes that never came";
-  Globals::gobjVBE.reset();
-  Globals::gobjSetting.reset();
-  Globals::gobjUtilities.reset();
-  Globals::gobjErrorManager.reset();
+  Globals::EndOfCode();
   InstallPlatform(nullptr);
 }
 

@@ -1,34 +1,23 @@
 #pragma once
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/App.h"
 #include "platform/CodePage.h"
-#include "platform/MessageLoop.h"
 #include "platform/NativeWindows.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "support/MemoryProfile.h"
+#include "support/MemoryRegistry.h"
+#include "support/MemorySettings.h"
+#include "support/ScriptedHttp.h"
+#include "support/ScriptedLoop.h"
+#include "support/ScriptedSystem.h"
 
 namespace quorvane::test {
-
-/// A message loop that a test fills: DoEvents runs what was posted, in order, and counts itself.
-class ScriptedLoop final : public MessageLoop {
- public:
-  void DoEvents() override;
-
-  /// Runs `work` in the next DoEvents.
-  void Post(std::function<void()> work) { waiting_.push_back(std::move(work)); }
-
-  int Yields = 0;
-  std::function<void()> OnYield;  ///< runs in each DoEvents
-
- private:
-  std::deque<std::function<void()>> waiting_;
-};
 
 /// Message boxes that a test answers beforehand. A box without an answer is a failure of the test.
 class ScriptedPrompts final : public Prompts {
@@ -62,10 +51,26 @@ class TestPlatform final : public Platform {
   Prompts& MessageBoxes() override { return prompts; }
   App& TheApp() override { return app; }
   NativeWindows& Windows() override;
+  SettingsStore& Settings() override { return *store; }
+  RegistryStore& Registry() override { return registry; }
+  std::unique_ptr<HttpRequest> NewHttpRequest() override { return web.NewRequest(); }
+  Shell& TheShell() override { return shell; }
+  Clock& TheClock() override { return clock; }
+  ExceptionFilter& Faults() override { return faults; }
+  PrivateProfile* Profile() override { return iniFiles; }
 
   ScriptedLoop loop;
   ScriptedPrompts prompts;
   App app;
+  MemorySettings settings;
+  SettingsStore* store = &settings;  ///< never nothing
+  MemoryProfile profile;
+  PrivateProfile* iniFiles = &profile;  ///< nothing: a platform without
+  MemoryRegistry registry;
+  ScriptedWeb web;
+  RecordingShell shell;
+  FakeClock clock;
+  ScriptedFaults faults;
   NativeWindows* windows = nullptr;  ///< as a rule the workbench's; error 91 without
 
  private:

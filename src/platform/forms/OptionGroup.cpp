@@ -20,6 +20,7 @@ void OptionGroup::SetValue(std::int16_t index, bool value) {
     for (auto& button : buttons_) button.second = false;
   }
   buttons_[index] = value;
+  Changed.Raise();
   if (value) Click.Raise(index);
 }
 

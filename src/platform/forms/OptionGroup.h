@@ -15,13 +15,14 @@ class OptionGroup {
 
   /// Raises error 9 for an index that is not there, as SetValue does.
   bool Value(std::int16_t index) const;
-  /// Setting a button clears the others and raises Click for it, unless it was set already. Clearing raises nothing.
+  /// Setting a button clears the others and raises Click for it, unless it was set already. Clearing raises no Click.
   void SetValue(std::int16_t index, bool value);
 
   /// Ascending by index.
   const std::map<std::int16_t, bool>& Buttons() const { return buttons_; }
 
   Event<std::int16_t> Click;
+  Event<> Changed;  ///< which button is set; before Click
 
  private:
   std::map<std::int16_t, bool> buttons_;  ///< invariant: at most one value is true

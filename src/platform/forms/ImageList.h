@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// Pictures by 0-based index. A picture is a name; whoever draws knows what stands behind it.
+class ImageList {
+ public:
+  std::vector<std::u16string> Images;
+};
+
+}  // namespace quorvane

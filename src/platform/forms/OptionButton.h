@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/forms/CaptionedControl.h"
+
+namespace quorvane {
+
+class OptionGroup;
+
+/// What the user sees of one button of a group; the group holds the value and raises Click.
+class OptionButton final : public CaptionedControl {
+ public:
+  /// Adds the button to the group, which outlives it. Error 457 for an index that is there.
+  OptionButton(OptionGroup& group, std::int16_t index);
+
+  std::int16_t Index() const { return index_; }
+  bool Value() const;
+
+  /// The user's click; a button that is disabled or invisible takes none.
+  void Press();
+
+ private:
+  OptionGroup& group_;
+  std::int16_t index_;
+  Subscription onGroupChanged_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quorvane {
+
+/// The screen as forms see it, in pixels as Dialog counts them. The program's window system writes it; without one it is
+/// empty.
+struct Screen {
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+};
+
+/// The one of the program.
+Screen& TheScreen();
+
+}  // namespace quorvane

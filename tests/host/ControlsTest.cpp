@@ -1,0 +1,33 @@
+#include <gtest/gtest.h>
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Controls.h"
+#include "support/ErrorOf.h"
+
+namespace quorvane {
+namespace {
+
+using test::ErrorOf;
+
+TEST(ControlsTest, MakesByProgIdAndKeepsByName) {
+  Controls controls;
+  controls.Register(u"VB.Label", [] { return std::make_shared<Control>(); });
+  const auto one = controls.Add(u"vb.label", u"mobjLabelSearch1");
+  const auto two = controls.Add(u"VB.Label", u"mobjLabelSearch2");
+  EXPECT_FALSE(one->Visible());
+  EXPECT_EQ(one->Name(), u"mobjLabelSearch1");
+  EXPECT_EQ(controls.All(), (std::vector<std::shared_ptr<Control>>{one, two}));
+  EXPECT_EQ(ErrorOf([&] { controls.Add(u"VB.Label", u"MOBJLABELSEARCH1"); }), 727);
+  EXPECT_EQ(ErrorOf([&] { controls.Add(u"VB.Other", u"x"); }), 429);
+
+  bool gone = false;
+  const Subscription removed = controls.Removed.Subscribe([&](Control& c) { gone = &c == one.get(); });
+  controls.Remove(u"mobjlabelsearch1");
+  EXPECT_TRUE(gone);
+  EXPECT_EQ(controls.All(), (std::vector<std::shared_ptr<Control>>{two}));
+  EXPECT_EQ(ErrorOf([&] { controls.Remove(u"mobjLabelSearch1"); }), 730);
+  EXPECT_EQ(ErrorOf([&] { controls.Item(u"mobjLabelSearch1"); }), 730);
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "host/Globals.h"
+#include "search/ConditionSnap.h"
+#include "search/PositionInfo.h"
+#include "services/LanguageManager.h"
+#include "support/SearchFixture.h"
+
+namespace quorvane::test {
+
+class ConditionSnapTest : public SearchFixture {
+ protected:
+  std::string Description() {
+    page->condSnap->TakeSnap();
+    return ToUtf8(page->condSnap->Description());
+  }
+};
+
+TEST(ConditionSnap, DescribesEveryCondition) {
+  SearchWorld world("932");
+  struct Row {
+    gsArea area;
+    gsMode mode;
+    bool matchCase;
+    gsCommentStat comments;
+    bool wholeWord;
+    bool singleLine;
+    const char* english;
+  };
+  const std::vector<Row> rows{
+      {gsAllProjects, gsCommon, false, gsIncludeComment, false, true, "project group,common,include comment"},
+      {gsCurModule, gsPattern, true, gsExcludeComment, true, false,
+       "current module<M>,pattern,match case,ignore comment,whole word"},
+      {gsCurProcedure, gsRegular, false, gsCommentOnly, true, false,
+       "current procedure<A>,regexp,comment only,multi line"},
+      {gsCurProject, gsRegular, true, gsIncludeComment, false, true,
+       "current project<P>,regexp,match case,include comment,single line"},
+      {gsSelection, gsCommon, false, gsIncludeComment, true, true,
+       "selection<M[2,3,3,4]>,common,include comment,whole word"},
+  };
+  world.OpenModule(CrLf(u"Sub A()\n漢字\nabcd\nEnd Sub"));
+  world.Activate(u"M", {2, 2, 3, 4});  // the start lies inside 漢 and moves behind it
+  for (const Row& row : rows) {
+    world.Condition(row.area, row.mode, u"x");
+    world.Setting().mblnMatchCase = row.matchCase;
+    world.Setting().menumIgnoreComment = row.comments;
+    world.Setting().mblnWholeWord = row.wholeWord;
+    world.Setting().mblnRegSingleLine = row.singleLine;
+    world.page->condSnap->TakeSnap();
+    EXPECT_EQ(ToUtf8(world.page->condSnap->Description()), row.english);
+  }
+}
+
+TEST_F(ConditionSnapTest, ProcedureDescriptionNamesTheDeclarations) {
+  OpenModule(u"Dim a");
+  Condition(gsCurProcedure, gsCommon, u"x");
+  EXPECT_EQ(Description(), "current procedure<(Declarations)>,common,include comment");
+}
+
+TEST_F(ConditionSnapTest, SpeaksTheLanguageOfTheMoment) {
+  OpenModule(u"");
+  Condition(gsAllProjects, gsCommon, u"x");
+  EXPECT_EQ(Description(), "project group,common,include comment");
+  Globals::Language().Language = 0;
+  EXPECT_EQ(Description(), "全部工程,普通,包含注释");
+  EXPECT_EQ(page->caption, u"搜索'x'");
+  Globals::Language().Language = 1;
+}
+
+TEST_F(ConditionSnapTest, KeepsItsValuesButNotTheReplacement) {
+  OpenModule(u"x");
+  Condition(gsAllProjects, gsCommon, u"old");
+  Setting().mstrReplaceStr = u"old";
+  page->condSnap->TakeSnap();
+  Condition(gsCurModule, gsRegular, u"new");
+  Setting().mstrReplaceStr = u"new";
+  const ConditionSnap& snap = *page->condSnap;
+  EXPECT_EQ(snap.SearchStr(), u"old");
+  EXPECT_EQ(snap.Area(), gsAllProjects);
+  EXPECT_EQ(snap.Mode(), gsCommon);
+  EXPECT_EQ(snap.ReplaceStr(), u"new");
+}
+
+TEST_F(ConditionSnapTest, WithoutAPaneTheValuesAreNewButRegionAndTabAreNot) {
+  OpenModule(CrLf(u"a\nb"));
+  Condition(gsCurModule, gsCommon, u"first");
+  page->condSnap->TakeSnap();
+  Module(u"M").CodePane()->Window()->Close();
+  Condition(gsSelection, gsRegular, u"second");
+  EXPECT_THROW(page->condSnap->TakeSnap(), Error);
+  EXPECT_EQ(page->condSnap->SearchStr(), u"second");
+  EXPECT_EQ(page->condSnap->Area(), gsSelection);
+  EXPECT_EQ(page->caption, u"Search 'first'");
+  EXPECT_EQ(page->condSnap->PosInfo()->mlngY2, 2);
+  for (const gsArea area : {gsCurProject, gsAllProjects}) {
+    Condition(area, gsCommon, u"third");
+    page->condSnap->TakeSnap();
+    EXPECT_EQ(page->caption, u"Search 'third'") << "these areas need no pane";
+  }
+}
+
+TEST_F(ConditionSnapTest, TheLiveConditionTakesItsRegionAnewEachTime) {
+  OpenModule(CrLf(u"abc\ndef"));
+  Setting().menumArea = gsSelection;
+  Activate(u"M", {1, 1, 1, 2});
+  const auto region = Setting().PosInfo();
+  EXPECT_EQ(region->MatchStr(), u"a");
+  Activate(u"M", {2, 1, 2, 4});
+  EXPECT_EQ(Setting().PosInfo(), region);
+  EXPECT_EQ(region->MatchStr(), u"def");
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,295 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+
+#include "base/Text.h"
+#include "search/NaiveModule.h"
+#include "search/PositionInfo.h"
+#include "support/SearchFixture.h"
+
+namespace quorvane::test {
+
+namespace {
+
+struct Row {
+  const char* what;
+  const char16_t* code;
+  vbide::Selection selection;  ///< the module as a whole when it is the caret at the start
+  const char16_t* pattern;
+  const char16_t* replacement;
+  const char16_t* multiLine;   ///< the module behind a multi-line replace
+  const char16_t* singleLine;  ///< and behind a single-line one
+};
+
+constexpr vbide::Selection kAll{1, 1, 1, 1};
+
+std::u16string Replaced(const Row& row, bool singleLine) {
+  SearchWorld world;
+  world.OpenModule(CrLf(row.code));
+  world.Activate(u"M", row.selection);
+  world.Condition(row.selection == kAll ? gsCurModule : gsSelection, gsRegular, row.pattern);
+  world.Setting().mstrReplaceStr = row.replacement;
+  world.Setting().mblnRegSingleLine = singleLine;
+  EXPECT_EQ(world.Replace(), "") << row.what;
+  EXPECT_EQ(world.platform.loop.Yields, 0) << "a replace never yields";
+  return world.Module(u"M").Text();
+}
+
+}  // namespace
+
+TEST(Replace, MultiAndSingleLine) {
+  const std::vector<Row> rows{
+      {"all matches, any case, strings and comments too", u"A = \"a\" ' a\nb", kAll, u"a", u"x", u"x = \"x\" ' x\nb",
+       u"x = \"x\" ' x\nb"},
+      {"groups", u"f(a, b)\nf(c, d)", kAll, u"(\\w), (\\w)", u"$2, $1", u"f(b, a)\nf(d, c)", u"f(b, a)\nf(d, c)"},
+      {"no match", u"a\nb", kAll, u"z", u"x", u"a\nb", u"a\nb"},
+      {"to nothing", u"a\nb", kAll, u"a", u"", u"\nb", u"\nb"},
+      {"the last line to nothing", u"a\nb", kAll, u"b", u"", u"a\n", u"a\n"},
+      {"new lines need the multi-line way", u"a b\nc", kAll, u" ", u"\\r\\n", u"a\nb\nc", u"a\\r\\nb\nc"},
+      {"escapes", u"a", kAll, u"a", u"\\t\\\\n\\q$&\\", u"\t\\na", u"\\t\\\\n\\qa\\"},
+      {"joining lines", u"a _\nb\nc", kAll, u" _\\r\\n", u" ", u"a b\nc", u"a _\nb\nc"},
+      {"the start of lines, of the text for the test in single-line mode", u"xa\nxb\nx", kAll, u"^x", u"-",
+       u"-a\n-b\n-", u"-a\n-b\n-"},
+      {"the test runs over the whole region", u"a\nxb", kAll, u"^x", u"-", u"a\n-b", u"a\nxb"},
+      {"the end of lines", u"a\nb", kAll, u"$", u";", u"a;\nb;", u"a;\nb;"},
+      {"inside a line", u"aaaaa", {1, 2, 1, 4}, u"a", u"x", u"axxaa", u"axxaa"},
+      {"anchored at the selection's edges", u"aaaa", {1, 2, 1, 4}, u"^a", u"x", u"axaa", u"axaa"},
+      {"anchored at its end", u"aaaa", {1, 2, 1, 4}, u"a$", u"x", u"aaxa", u"aaxa"},
+      {"over lines", u"aaa\naaa\naaa", {1, 3, 3, 2}, u"a", u"x", u"aax\nxxx\nxaa", u"aax\nxxx\nxaa"},
+      {"to a line's end", u"aa\naa\nb", {1, 2, 2, 3}, u"a", u"x", u"ax\nxx\nb", u"ax\nxx\nb"},
+      {"to the start of a line", u"aa\naa", {1, 2, 2, 1}, u"a", u"x", u"ax\naa", u"ax\naa"},
+      {"a selection with its line break", u"aa\nbb", {1, 2, 2, 2}, u"\\r\\n", u"", u"aabb", u"aa\nbb"},
+      {"nothing selected", u"aa", {1, 2, 1, 2}, u"a", u"x", u"aa", u"aa"},
+      {"nothing selected, an empty match", u"ab", {1, 2, 1, 2}, u"^", u"x", u"axb", u"axb"},
+      {"to the end of the module", u"aa\naa", {2, 1, 2, 3}, u"a+", u"x", u"aa\nx", u"aa\nx"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(ToUtf8(Replaced(row, false)), ToUtf8(CrLf(row.multiLine))) << row.what << ", multi-line";
+    EXPECT_EQ(ToUtf8(Replaced(row, true)), ToUtf8(CrLf(row.singleLine))) << row.what << ", single-line";
+  }
+}
+
+TEST(Replace, OptionsThatCount) {
+  for (const bool singleLine : {false, true}) {
+    SearchWorld world;
+    world.OpenModule(u"A a ' a aa");
+    world.Condition(gsCurModule, gsRegular, u"a");
+    world.Setting().mblnRegSingleLine = singleLine;
+    world.Setting().mblnMatchCase = true;
+    world.Setting().mblnWholeWord = true;                   // not read
+    world.Setting().menumIgnoreComment = gsExcludeComment;  // not read
+    world.Setting().mstrReplaceStr = u"x";
+    EXPECT_EQ(world.Replace(), "");
+    EXPECT_EQ(world.Module(u"M").Text(), u"A x ' x xx");
+  }
+}
+
+class ReplaceAreas : public SearchFixture {};
+
+TEST_F(ReplaceAreas, EachAreaIsReplacedAndNoMore) {
+  struct AreaRow {
+    gsArea area;
+    std::string modules[3];
+    std::string events;
+  };
+  const std::string decl = "a\r\nSub S()\r\n a\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub";
+  const std::string all = "x\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n x\r\nEnd Sub";
+  const std::vector<AreaRow> rows{
+      {gsAllProjects, {all, "x", "x"}, "begin 2\nscan M\nscan C\nscan N\ndone 2"},
+      {gsCurProject, {all, "x", "a"}, "begin 2\nscan M\nscan C\ndone 2"},
+      {gsCurModule, {all, "a", "a"}, "begin 2\nscan M\ndone 2"},
+      {gsCurProcedure,
+       {"a\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub", "a", "a"},
+       "begin 2\nscan M\ndone 2"},
+      {gsSelection, {"a\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub", "a", "a"}, "begin 2\nscan M\ndone 2"},
+  };
+  for (const bool singleLine : {false, true}) {
+    for (const AreaRow& row : rows) {
+      Open(Group{}
+               .Project(u"P")
+               .Module(u"M", FromUtf8(decl))
+               .Class(u"C", u"a")
+               .Resource(u"R")
+               .Project(u"Q")
+               .Module(u"N", u"a"));
+      Activate(u"M", {3, 1, 4, 2});
+      Condition(row.area, gsRegular, u"\\ba\\b");
+      Setting().mstrReplaceStr = u"x";
+      Setting().mblnRegSingleLine = singleLine;
+      EXPECT_EQ(Replace(), "");
+      EXPECT_EQ(Events(), row.events);
+      const std::u16string names[] = {u"M", u"C", u"N"};
+      for (int i = 0; i < 3; ++i) EXPECT_EQ(ToUtf8(Module(names[i]).Text()), row.modules[i]) << row.area;
+    }
+  }
+}
+
+TEST_F(ReplaceAreas, ALineWithoutAMatchIsNotEdited) {
+  OpenModule(CrLf(u"a\nb\na"));
+  int edits = 0;
+  const auto changed = Module(u"M").Changed.Subscribe([&] { ++edits; });
+  Condition(gsCurModule, gsRegular, u"z");
+  EXPECT_EQ(Replace(), "");
+  Setting().mblnRegSingleLine = true;
+  EXPECT_EQ(Replace(), "");
+  EXPECT_EQ(edits, 0) << "no match, no edit";
+  EXPECT_FALSE(Module(u"M").CanUndo());
+  Setting().mstrSearchStr = u"a";
+  EXPECT_EQ(Replace(), "");
+  EXPECT_EQ(edits, 4) << "a delete and an insert for each of two lines";
+  EXPECT_EQ(Module(u"M").Text(), u"\r\nb\r\n");
+  OpenModule(CrLf(u"a\nb\na"));
+  const auto again = Module(u"M").Changed.Subscribe([&] { ++edits; });
+  Setting().mblnRegSingleLine = false;
+  EXPECT_EQ(Replace(), "");
+  EXPECT_EQ(edits, 6) << "one delete and one insert for the region";
+}
+
+TEST_F(ReplaceAreas, EditsBeforeAFailureStay) {
+  const std::u16string explosive = std::u16string(60, u'a') + u"!";
+  Open(Group{}.Module(u"A", u"a").Module(u"B", explosive).Module(u"C", u"a"));
+  Condition(gsAllProjects, gsRegular, u"(a+)+$");
+  Setting().mstrReplaceStr = u"x";
+  EXPECT_NE(Replace(), "");
+  EXPECT_EQ(Events(), "begin 2\nscan A\nscan B\ndone 2");
+  EXPECT_EQ(Module(u"A").Text(), u"x");
+  EXPECT_EQ(Module(u"B").Text(), explosive);
+  EXPECT_EQ(Module(u"C").Text(), u"a");
+}
+
+TEST(ReplaceWide, SelectionsAreScreenColumns) {
+  for (const bool singleLine : {false, true}) {
+    SearchWorld world("932");
+    world.OpenModule(CrLf(u"漢a漢a\n漢a漢a"));
+    world.Activate(u"M", {1, 4, 2, 3});
+    world.Condition(gsSelection, gsRegular, u"[漢a]");
+    world.Setting().mblnRegSingleLine = singleLine;
+    world.Setting().mstrReplaceStr = u"字";
+    EXPECT_EQ(world.Replace(), "");
+    EXPECT_EQ(ToUtf8(world.Module(u"M").Text()), "漢a字字\r\n字a漢a");
+  }
+}
+
+namespace {
+
+/// A pattern with its meaning told anew: the length of the match that begins at a place, nothing when there is none.
+struct Pattern {
+  std::u16string text;
+  std::function<std::optional<std::size_t>(std::u16string_view text, std::size_t at, bool multiLine)> match;
+};
+
+std::vector<Pattern> Patterns() {
+  const auto literal = [](std::u16string_view word) {
+    return [word](std::u16string_view text, std::size_t at, bool) {
+      return text.substr(at).starts_with(word) ? std::optional(word.size()) : std::nullopt;
+    };
+  };
+  const auto lineStart = [](std::u16string_view text, std::size_t at, bool multiLine) {
+    return at == 0 || (multiLine && text[at - 1] == u'\n') ? std::optional<std::size_t>(0) : std::nullopt;
+  };
+  const auto lineEnd = [](std::u16string_view text, std::size_t at, bool multiLine) {
+    return at == text.size() || (multiLine && text.substr(at).starts_with(u"\r\n")) ? std::optional<std::size_t>(0)
+                                                                                    : std::nullopt;
+  };
+  const auto run = [](std::u16string_view text, std::size_t at, bool) -> std::optional<std::size_t> {
+    const std::size_t length = std::min(text.find_first_not_of(u"ab", at), text.size()) - at;
+    return length > 0 ? std::optional(length) : std::nullopt;
+  };
+  return {{u"a", literal(u"a")}, {u"ab", literal(u"ab")}, {u"\\r\\n", literal(u"\r\n")},    {u"^", lineStart},
+          {u"$", lineEnd},       {u"[ab]+", run},         {u"b\\r\\na", literal(u"b\r\na")}};
+}
+
+/// `text` with all matches replaced, "$&" in `replacement` standing for the match.
+std::u16string ReplaceNaively(const Pattern& pattern, std::u16string_view text, std::u16string_view replacement,
+                              bool multiLine) {
+  std::u16string out;
+  for (std::size_t at = 0; at <= text.size();) {
+    const auto length = pattern.match(text, at, multiLine);
+    if (length) out += ReplaceAll(replacement, u"$&", text.substr(at, *length));
+    const std::size_t step = length.value_or(0);
+    if (step == 0 && at < text.size()) out += text[at];
+    at += std::max<std::size_t>(step, 1);
+  }
+  return out;
+}
+
+bool Matches(const Pattern& pattern, std::u16string_view text) {
+  for (std::size_t at = 0; at <= text.size(); ++at) {
+    if (pattern.match(text, at, false)) return true;
+  }
+  return false;
+}
+
+/// The module's text as one string, cut at the region and put together again.
+std::u16string ReplaceInText(const Pattern& pattern, const std::vector<std::u16string>& lines, vbide::Selection range,
+                             std::u16string_view replacement, bool singleLine) {
+  const NaiveModule naive(lines);
+  const std::u16string text = naive.Text();
+  const auto begin = static_cast<std::size_t>(naive.Offset(1, range.StartLine, range.StartColumn)) - 1;
+  const auto end = static_cast<std::size_t>(naive.Offset(1, range.EndLine, range.EndColumn)) - 1;
+  const std::u16string region = text.substr(begin, end - begin);
+  std::u16string middle;
+  if (!singleLine) {
+    middle = ReplaceNaively(pattern, region, replacement, true);
+  } else if (!Matches(pattern, region)) {
+    middle = region;
+  } else {
+    for (const std::u16string_view line : Split(region, kCrLf)) {
+      middle += ReplaceNaively(pattern, line, replacement, false) + std::u16string(kCrLf);
+    }
+    middle.resize(middle.size() - kCrLf.size());
+  }
+  return text.substr(0, begin) + middle + text.substr(end);
+}
+
+}  // namespace
+
+/// Generated modules, selections, patterns and replacements, through the real workbench, against plain string work;
+/// then undo must bring everything back in one step.
+TEST(ReplaceGenerated, AgreesWithPlainStringWorkAndIsUndone) {
+  const auto patterns = Patterns();
+  const std::vector<std::u16string> replacements{u"", u"x", u"[$&]", u"$&$&", u"a"};
+  for (std::uint32_t seed = 1; seed <= 1500; ++seed) {
+    Dice dice(seed);
+    auto lines = RandomLines(dice, 6, {u"a", u"b", u"c", u"ab", u" "});
+    if (lines.back().empty()) lines.back() = u"c";
+    const auto count = static_cast<std::int32_t>(lines.size());
+    vbide::Selection range;
+    range.StartLine = dice.Roll(count);
+    range.EndLine = range.StartLine + dice.Roll(count - range.StartLine + 1) - 1;
+    const auto place = [&](std::int32_t y) {
+      return dice.Roll(static_cast<std::int32_t>(lines[static_cast<std::size_t>(y) - 1].size()) + 1);
+    };
+    range.StartColumn = place(range.StartLine);
+    range.EndColumn = place(range.EndLine);
+    if (range.StartLine == range.EndLine && range.EndColumn < range.StartColumn) {
+      std::swap(range.StartColumn, range.EndColumn);
+    }
+    const bool whole = dice.Roll(4) == 1;
+    if (whole) range = {1, 1, count, static_cast<std::int32_t>(lines.back().size()) + 1};
+    const Pattern& pattern = dice.Pick(patterns);
+    std::u16string replacement = dice.Pick(replacements);
+    const bool singleLine = dice.Roll(2) == 1;
+
+    SearchWorld world;
+    world.OpenModule(JoinLines(lines));
+    world.Activate(u"M", range);
+    world.Condition(whole ? gsCurModule : gsSelection, gsRegular, pattern.text);
+    world.Setting().mblnRegSingleLine = singleLine;
+    world.Setting().mstrReplaceStr = replacement;
+    ASSERT_EQ(world.Replace(), "");
+    SCOPED_TRACE("seed " + std::to_string(seed) + ": " + ToUtf8(pattern.text) + " to '" + ToUtf8(replacement) +
+                 "' in " + ToUtf8(JoinLines(lines)) + " from " + std::to_string(range.StartLine) + "," +
+                 std::to_string(range.StartColumn) + " to " + std::to_string(range.EndLine) + "," +
+                 std::to_string(range.EndColumn) + (singleLine ? ", single line" : ""));
+    workbench::Module& module = world.Module(u"M");
+    ASSERT_EQ(ToUtf8(module.Text()), ToUtf8(ReplaceInText(pattern, lines, range, replacement, singleLine)));
+    if (module.CanUndo()) module.Undo();
+    ASSERT_FALSE(module.CanUndo()) << "one replace is one step";
+    ASSERT_FALSE(module.Modified());
+    ASSERT_EQ(ToUtf8(module.Text()), ToUtf8(JoinLines(lines)));
+  }
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "base/Text.h"
+#include "host/Connect.h"
+#include "host/Globals.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Forms.h"
+#include "services/ErrorManager.h"
+#include "services/LanguageManager.h"
+#include "support/ErrorOf.h"
+#include "support/TestPlatform.h"
+
+namespace quorvane::test {
+
+namespace {
+
+constexpr std::int32_t kFirst = 101;
+constexpr std::int32_t kLast = 264;
+
+/// One line of strings.tsv: the id, then both texts in double quotes, with \r and \n for a line end.
+struct Row {
+  std::int32_t id = 0;
+  std::u16string texts[2];
+};
+
+std::u16string Unquoted(const std::string& field) {
+  const std::u16string text = FromUtf8(field.substr(1, field.size() - 2));
+  return ReplaceAll(ReplaceAll(text, u"\\r", u"\r"), u"\\n", u"\n");
+}
+
+std::vector<Row> Table() {
+  std::ifstream stream(QUORVANE_SOURCE_DIR "/tests/services/strings.tsv");
+  std::vector<Row> rows;
+  for (std::string line; std::getline(stream, line);) {
+    const std::size_t first = line.find('\t');
+    const std::size_t second = line.find('\t', first + 1);
+    rows.push_back(
+        {std::stoi(line), {Unquoted(line.substr(first + 1, second - first - 1)), Unquoted(line.substr(second + 1))}});
+  }
+  return rows;
+}
+
+}  // namespace
+
+class LanguageManagerTest : public ::testing::Test {
+ protected:
+  LanguageManagerTest() { platform.app.Path = u"/opt/quorvane"; }
+
+  std::string& Config() { return platform.profile.Files[u"/opt/quorvane/config.ini"]; }
+
+  TestPlatform platform;
+};
+
+TEST_F(LanguageManagerTest, EveryTextInBothLanguages) {
+  const std::vector<Row> table = Table();
+  ASSERT_EQ(table.size(), 145u);
+  LanguageManager language;
+  std::size_t place = 0;
+  for (std::int32_t id = 0; id < 1000; ++id) {
+    const bool used = place < table.size() && table[place].id == id;
+    for (language.Language = 0; language.Language < 2; ++language.Language) {
+      const auto text = language.Entry(id);
+      ASSERT_EQ(text.has_value(), used) << id;
+      if (used) {
+        EXPECT_EQ(ToUtf8(*text), ToUtf8(table[place].texts[language.Language])) << id;
+      }
+    }
+    if (used) ++place;
+  }
+  EXPECT_EQ(table.front().id, kFirst);
+  EXPECT_EQ(table.back().id, kLast);
+}
+
+TEST_F(LanguageManagerTest, TheChoiceLivesInTheFile) {
+  {
+    LanguageManager first;
+    EXPECT_EQ(first.Language, 0);
+    EXPECT_EQ(first.GetString(103), u"替换(&L)");
+    EXPECT_EQ(Config(), "");
+  }
+  EXPECT_EQ(Config(), "[Language Setting]\r\nLanguage=0\r\n");
+  {
+    LanguageManager second;
+    second.Language = 1;
+    EXPECT_EQ(second.GetString(204, {u"a"}), u"Search 'a'");
+  }
+  EXPECT_EQ(Config(), "[Language Setting]\r\nLanguage=1\r\n");
+  EXPECT_EQ(LanguageManager().Language, 1);
+}
+
+TEST_F(LanguageManagerTest, WithoutIniFilesNothingIsReadOrWritten) {
+  Config() = "[Language Setting]\nLanguage=1\n";
+  platform.iniFiles = nullptr;
+  EXPECT_EQ(LanguageManager().Language, 0);
+  EXPECT_EQ(Config(), "[Language Setting]\nLanguage=1\n");
+}
+
+TEST_F(LanguageManagerTest, AFileThatCannotBeWrittenLosesTheChoiceSilently) {
+  platform.profile.ReadOnly = true;
+  {
+    LanguageManager language;
+    language.Language = 1;
+  }
+  EXPECT_EQ(Config(), "");
+}
+
+TEST_F(LanguageManagerTest, ADamagedFile) {
+  Config() = "[Language Setting]\nLanguage=English\n";
+  try {
+    LanguageManager();
+    FAIL() << "taken";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.Number, 13);
+    EXPECT_EQ(error.Description, u"Type mismatch: Language = \"English\" (/opt/quorvane/config.ini)");
+  }
+  EXPECT_EQ(Config(), "[Language Setting]\nLanguage=English\n") << "stays as it is";
+
+  for (const char* number : {"2", "-1", "2147483647"}) {
+    Config() = std::string("[Language Setting]\nLanguage=") + number + "\n";
+    EXPECT_EQ(ErrorOf([] { LanguageManager().GetString(104); }), 326) << number;
+  }
+}
+
+TEST_F(LanguageManagerTest, AnErrorIsShownEvenWithoutALanguage) {
+  Globals::Language().Language = 7;
+  platform.prompts.Answers.push_back(1);
+  try {
+    throw Error(9, u"words");
+  } catch (...) {
+    ErrorManager().ShowErr();
+  }
+  EXPECT_EQ(platform.prompts.Shown.at(0).text, u"9: words");
+}
+
+/// A form with captions, and one without.
+class CaptionedForm final : public Form, public IVersionUI {
+ public:
+  explicit CaptionedForm(std::u16string name) : Form(std::move(name)) {}
+  void Update() override { SetCaption(Globals::Language().GetString(218)); }
+};
+
+TEST_F(LanguageManagerTest, UpdateAllUIReachesWhatIsOpen) {
+  const auto open = std::make_shared<CaptionedForm>(u"open");
+  const auto closed = std::make_shared<CaptionedForm>(u"closed");
+  const auto plain = std::make_shared<Form>(u"plain");
+  plain->Load();
+  open->Load();
+  Globals::gobjConnect = std::make_shared<Connect>();
+  Globals::Language().Language = 0;
+  Globals::Language().UpdateAllUI();
+  EXPECT_EQ(open->Caption(), u"Quorvane插件选项");
+  EXPECT_EQ(closed->Caption(), u"");
+  EXPECT_EQ(platform.app.Title, u"Quorvane插件");
+  Globals::Language().Language = 1;
+  EXPECT_EQ(open->Caption(), u"Quorvane插件选项");
+  Globals::Language().UpdateAllUI();
+  EXPECT_EQ(open->Caption(), u"Quorvane Options");
+  EXPECT_EQ(platform.app.Title, u"Quorvane add-in");
+  open->Unload();
+  plain->Unload();
+}
+
+}  // namespace quorvane::test
