@@ -44,20 +44,18 @@ std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
 }
 
 /// The encoding that the XML declaration names; UTF-8 without one.
-std::string DeclaredEncoding(std::string_view bytes) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const auto skipBlanks = [&](std::string_view text) {
-    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
-  };
-  std::string_view head = skipBlanks(bytes.substr(0, kDeclarationSearched));
-  head = head.substr(0, head.find("?>"));
-  const std::size_t at = head.find("encoding");
-  if (!head.starts_with("<?xml") || at == head.npos) return "UTF-8";
-  std::string_view rest = skipBlanks(head.substr(at + std::strlen("encoding")));
-  if (!rest.starts_with('=')) return "UTF-8";
-  rest = skipBlanks(rest.substr(1));
-  if (rest.empty() || (rest[0] != '"' && rest[0] != '\'')) return "UTF-8";
-  return std::string(rest.substr(1, rest.find(rest[0], 1) - 1));
+std::string DeclaredEncoding(const std::string& bytes) {
+  const std::string fallback = "UTF-8";
+  const std::string_view head = std::string_view(bytes).substr(0, kDeclarationSearched);
+  const std::string_view declaration = head.substr(0, head.find('>'));
+  if (!declaration.starts_with("<?xml")) return fallback;
+  const std::size_t name = declaration.find("encoding");
+  if (name == declaration.npos) return fallback;
+  const std::size_t open = declaration.find_first_of("\"'", name);
+  if (open == declaration.npos) return fallback;
+  const std::size_t close = declaration.find(declaration[open], open + 1);
+  if (close == declaration.npos) return fallback;
+  return std::string(declaration.substr(open + 1, close - open - 1));
 }
 
 }  // namespace

@@ -36,6 +36,15 @@ double Brightness(const QColor& color) {
   return 0.299 * color.redF() + 0.587 * color.greenF() + 0.114 * color.blueF();
 }
 
+/// The canvas' text is plain: a control character is a blank.
+QString PlainLine(std::u16string_view text) {
+  QString line = ToQString(text);
+  for (QChar& c : line) {
+    if (c < QChar(u' ') || c == QChar(u'\u2028') || c == QChar(u'\u2029')) c = QChar(u' ');
+  }
+  return line;
+}
+
 QRect ToQRect(const CanvasRect& rect) {
   return {rect.Left, rect.Top, rect.Right - rect.Left, rect.Bottom - rect.Top};
 }
@@ -97,7 +106,7 @@ void QtCanvas::FillRect(const CanvasRect& rect, Color color) {
 }
 
 void QtCanvas::TextOut(std::int32_t x, std::int32_t y, std::u16string_view text) {
-  const QString line = ToQString(text);
+  const QString line = PlainLine(text);
   const QFontMetrics metrics = painter_.fontMetrics();
   painter_.fillRect(QRect(x, y, metrics.horizontalAdvance(line), metrics.height()), background_);
   painter_.setPen(Ink(textColor_));
@@ -105,7 +114,7 @@ void QtCanvas::TextOut(std::int32_t x, std::int32_t y, std::u16string_view text)
 }
 
 std::int32_t QtCanvas::TextWidth(std::u16string_view text) {
-  return painter_.fontMetrics().horizontalAdvance(ToQString(text));
+  return painter_.fontMetrics().horizontalAdvance(PlainLine(text));
 }
 
 void QtCanvas::DrawFocusRect(const CanvasRect& rect) {

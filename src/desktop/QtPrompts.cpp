@@ -1,6 +1,7 @@
 #include "desktop/QtPrompts.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <array>
@@ -60,6 +61,21 @@ QMessageBox::Icon IconOf(int flags) {
   }
 }
 
+/// "Words|*.XML|More words|*.*" as the toolkit has it: "Words (*.XML);;More words (*.*)". The words often name the
+/// pattern already.
+QString NameFilters(const QString& filter) {
+  const QStringList parts = filter.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString words = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
+    const QString pattern = parts[i + 1];
+    // Files here are found with their case, in a dialog of another system without.
+    const QString both = pattern == pattern.toLower() ? pattern : pattern.toLower() + QLatin1Char(' ') + pattern;
+    filters << words + QLatin1String(" (") + both + QLatin1Char(')');
+  }
+  return filters.join(QLatin1String(";;"));
+}
+
 }  // namespace
 
 int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16string& caption) {
@@ -80,6 +96,18 @@ int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16strin
     if (choice.first == pressed) return choice.second;
   }
   return kCancel.second;
+}
+
+std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& setup) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(setup.Title), QString(), NameFilters(ToQString(setup.Filter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // The dialog asks before it replaces a file, so that it has to know the whole name.
+  QString extension = ToQString(setup.DefaultExt).toLower();
+  while (extension.startsWith(QLatin1Char('.'))) extension.remove(0, 1);
+  dialog.setDefaultSuffix(extension);
+  if (!setup.FileName.empty()) dialog.selectFile(ToQString(setup.FileName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return FromQString(dialog.selectedFiles().constFirst());
 }
 
 }  // namespace quorvane::desktop

@@ -20,8 +20,9 @@ namespace desktop {
 /// input back to it; it holds no logic. The desktop gives it its window: a dock for a document, a dialog for a form,
 /// which follow caption, visibility, owner and modality of the model and hand closing by the user to it.
 ///
-/// A view is made when its window is first shown and goes with that window. It is a child of `parent`, which owns it,
-/// and takes keyboard focus by its focus proxy.
+/// The view of a form is made when the form is opened, before Form_Load; that of a document together with its dock. It
+/// goes with that window. It is a child of `parent`, which owns it, and says by its focus proxy where focus begins. Of a
+/// Dialog the window sets handle, place and size; focus and keys are the view's.
 class ViewFactory {
  public:
   /// `make(model, parent)` gives a new view; `model` outlives it.

@@ -109,7 +109,7 @@ std::string LibXmlDocument::Xml() const {
   if (!buffer) throw std::bad_alloc();
   xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
   xmlSaveCtxt* save = xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_FORMAT | XML_SAVE_NO_DECL);
-  const bool written = save != nullptr && xmlSaveDoc(save, mobjTree->Document()) >= 0;
+  const bool written = save != nullptr && xmlSaveDoc(save, mobjTree->WholeDocument()) >= 0;
   if (save != nullptr && xmlSaveClose(save) >= 0 && written) {
     return Saveable({reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
                      static_cast<std::size_t>(xmlBufferLength(buffer.get()))});

@@ -4,8 +4,6 @@
 
 #include "base/Error.h"
 #include "native/LibXmlDocument.h"
-#include "native/Stylesheet.h"
-#include "native/TransformRun.h"
 #include "native/XmlTree.h"
 
 namespace quorvane::native {
@@ -50,13 +48,7 @@ std::shared_ptr<XmlElement> LibXmlElement::Child(std::size_t index) const {
 std::u16string LibXmlElement::TransformNode(XmlDocument& stylesheet) const {
   auto* document = dynamic_cast<LibXmlDocument*>(&stylesheet);
   if (document == nullptr) RaiseError(ErrorNumber::InvalidProcedureCall);
-  const std::shared_ptr<const Stylesheet> compiled = document->Compiled();
-  std::unique_ptr<TransformRun>& run = mobjTree->Transformation();
-  if (!run || !run->Serves(*compiled)) {
-    run.reset();
-    run = std::make_unique<TransformRun>(compiled, mobjTree->Document());
-  }
-  return run->Transform(mobjNode);
+  return mobjTree->Transform(mobjNode, document->Compiled());
 }
 
 }  // namespace quorvane::native

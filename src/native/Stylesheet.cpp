@@ -10,6 +10,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "native/StylesheetReach.h"
 #include "native/XmlErrorCapture.h"
 
 namespace quorvane::native {
@@ -107,6 +108,7 @@ Stylesheet::Stylesheet(const std::string& xml) {
     RaiseError(ErrorNumber::InvalidProcedureCall, u"The stylesheet is not well-formed: " + capture.FirstParseError());
   }
   Inspect(document);
+  mblnStaysInside = mblnStateless && native::StaysInside(document);
   mobjStyle = xsltParseStylesheetDoc(document);
   if (mobjStyle == nullptr) xmlFreeDoc(document);
   if (mobjStyle == nullptr || mobjStyle->errors != 0) {
@@ -132,6 +134,8 @@ Stylesheet::~Stylesheet() {
 
 void Stylesheet::Inspect(const _xmlDoc* document) {
   const xmlNode* root = xmlDocGetRootElement(document);
+  // A document type could bring attributes that stand nowhere in the elements.
+  if (document->intSubset != nullptr) mblnStateless = false;
   for (const xmlNode* node = root; node != nullptr; node = Next(node)) {
     if (node->type != XML_ELEMENT_NODE) continue;
     if (MayRemember(node)) mblnStateless = false;

@@ -23,6 +23,8 @@ class Stylesheet {
   int KeyCount() const { return mlngKeys; }
   /// True when nothing that the stylesheet can compute is remembered from one transformation to the next.
   bool IsStateless() const { return mblnStateless; }
+  /// True when it is certain that a transformation looks at nothing outside of the element that it begins with.
+  bool StaysInside() const { return mblnStaysInside; }
 
  private:
   void Inspect(const _xmlDoc* document);
@@ -31,6 +33,7 @@ class Stylesheet {
   int mlngKeys = 0;
   std::string mstrUnknown;  ///< an element that claims to be XSLT and is not in 1.0
   bool mblnStateless = true;
+  bool mblnStaysInside = false;
 };
 
 /// Parses UTF-8 without reading anything but `xml`; an encoding named in it plays no part. Nothing when it is not

@@ -84,6 +84,15 @@ TransformRun::~TransformRun() {
   xmlFreeDoc(mobjOutput);
 }
 
+TransformRun& TransformRun::Again(std::unique_ptr<TransformRun>& last,
+                                  const std::shared_ptr<const Stylesheet>& stylesheet, _xmlDoc* document) {
+  if (!last || !last->Serves(*stylesheet)) {
+    last.reset();
+    last = std::make_unique<TransformRun>(stylesheet, document);
+  }
+  return *last;
+}
+
 std::u16string TransformRun::Transform(_xmlNode* element) {
   const bool again = std::exchange(mblnReusable, false);  // until this run has ended well
   XmlErrorCapture capture;

@@ -12,7 +12,7 @@ namespace quorvane::native {
 class Stylesheet;
 class XmlErrorCapture;
 
-/// One stylesheet made ready to run over elements of one document, again and again as long as Serves says so.
+/// One stylesheet made ready to run over elements of one document, again and again as long as that shows nowhere.
 class TransformRun {
  public:
   /// `document` must outlive the run.
@@ -21,14 +21,18 @@ class TransformRun {
   TransformRun(const TransformRun&) = delete;
   TransformRun& operator=(const TransformRun&) = delete;
 
-  /// True when this run can be used for `stylesheet`, with the same outcome as a new one.
-  bool Serves(const Stylesheet& stylesheet) const { return mblnReusable && mobjStylesheet.get() == &stylesheet; }
+  /// The run in `last` when it serves for `stylesheet` again, else a new one put in its place. All runs in `last` are
+  /// over elements of `document`.
+  static TransformRun& Again(std::unique_ptr<TransformRun>& last, const std::shared_ptr<const Stylesheet>& stylesheet,
+                             _xmlDoc* document);
 
   /// The output with `element` as the initial context node. Raises error 5 with the library's words when the
   /// stylesheet fails.
   std::u16string Transform(_xmlNode* element);
 
  private:
+  /// True when this run can be used for `stylesheet`, with the same outcome as a new one.
+  bool Serves(const Stylesheet& stylesheet) const { return mblnReusable && mobjStylesheet.get() == &stylesheet; }
   void NewOutput();
   void Evaluate(_xmlNode* element, const XmlErrorCapture& capture);
   void FinishOutput();

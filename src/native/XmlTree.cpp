@@ -1,20 +1,27 @@
-// The library's own tree, with two things added. Elements that somebody holds or that have been asked for a child carry
-// a State in the node's private field: an index of the child elements, and counts of handles. The count that decides
-// over life and death stands at the top of each tree of elements, so that one look tells whether an element without a
-// document is still wanted.
+// The library's own tree, with three things added. Elements that somebody holds or that have been asked for a child
+// carry a State in the node's private field: an index of the child elements, and counts of handles. The count that
+// decides over life and death stands at the top of each tree of elements, so that one look tells whether an element
+// without a document is still wanted.
+//
+// The third thing: an element made here keeps its attributes packed in its State, a tenth of what nodes for them would
+// take, until somebody must see nodes. A whole tree of elements then gets its nodes at once, and is marked: what joins
+// it later gets them as it joins, so that the work is never done twice.
 
 #include "native/XmlTree.h"
 
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
-#include <libxml/xmlmemory.h>
 
 #include <algorithm>
-#include <cstring>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "native/PackedAttributes.h"
+#include "native/ScratchElement.h"
+#include "native/Stylesheet.h"
 #include "native/TransformRun.h"
+#include "native/XmlNodes.h"
 #include "native/XmlText.h"
 
 namespace quorvane::native {
@@ -23,7 +30,10 @@ struct XmlTree::State {
   std::size_t Handles = 0;  ///< to the element itself
   std::size_t Total = 0;    ///< at the top of a tree: to all its elements
   bool Indexed = false;
+  bool Packed = false;             ///< its attributes are Attributes, and it has no attribute nodes
+  bool AsNodes = false;            ///< at the top of a tree: none of its elements is Packed
   std::vector<xmlNode*> Children;  ///< the child elements, when Indexed
+  PackedAttributes Attributes;     ///< when Packed
 };
 
 namespace {
@@ -55,47 +65,6 @@ void ForEachElement(xmlNode* element, Visitor visit) {
   }
 }
 
-void* NewNode(std::size_t size) {
-  void* node = xmlMalloc(size);
-  if (node == nullptr) throw std::bad_alloc();
-  std::memset(node, 0, size);
-  return node;
-}
-
-/// A text node with `value` as it is. A short text lies inside the node, where the library's parser puts it too.
-xmlNode* NewText(xmlDoc* document, const std::string& value) {
-  auto* node = static_cast<xmlNode*>(NewNode(sizeof(xmlNode)));
-  node->type = XML_TEXT_NODE;
-  node->name = xmlStringText;
-  node->doc = document;
-  constexpr std::size_t kInside = 2 * sizeof(void*);
-  static_assert(offsetof(xmlNode, nsDef) == offsetof(xmlNode, properties) + sizeof(void*));
-  node->content = value.size() < kInside ? reinterpret_cast<xmlChar*>(&node->properties)
-                                         : static_cast<xmlChar*>(xmlMalloc(value.size() + 1));
-  if (node->content == nullptr) {
-    xmlFree(node);
-    throw std::bad_alloc();
-  }
-  std::memcpy(node->content, value.c_str(), value.size() + 1);
-  return node;
-}
-
-void SetValue(xmlAttr* attribute, const std::string& value) {
-  xmlNode* text = NewText(attribute->doc, value);
-  xmlFreeNodeList(attribute->children);
-  text->parent = reinterpret_cast<xmlNode*>(attribute);
-  attribute->children = text;
-  attribute->last = text;
-}
-
-bool HasQualifiedName(const xmlAttr* attribute, std::string_view name) {
-  const auto text = [](const xmlChar* chars) { return std::string_view(reinterpret_cast<const char*>(chars)); };
-  if (attribute->ns == nullptr || attribute->ns->prefix == nullptr) return text(attribute->name) == name;
-  const std::string_view prefix = text(attribute->ns->prefix);
-  return name.size() > prefix.size() && name.starts_with(prefix) && name[prefix.size()] == ':' &&
-         name.substr(prefix.size() + 1) == text(attribute->name);
-}
-
 }  // namespace
 
 XmlTree::XmlTree(_xmlDoc* document) : mobjDocument(document) {
@@ -105,6 +74,7 @@ XmlTree::XmlTree(_xmlDoc* document) : mobjDocument(document) {
 
 XmlTree::~XmlTree() {
   mobjTransformation.reset();
+  mobjScratch.reset();
   if (xmlNode* root = Root()) FreeStates(root);
   xmlFreeDoc(mobjDocument);
 }
@@ -125,7 +95,8 @@ XmlTree::State& XmlTree::NeedState(_xmlNode* element) {
 
 void XmlTree::DropUnusedState(_xmlNode* element) {
   State*& state = StateOf(element);
-  if (state == nullptr || state->Indexed || state->Handles != 0 || state->Total != 0) return;
+  if (state == nullptr || state->Handles != 0 || state->Total != 0) return;
+  if (state->Indexed || state->Packed || state->AsNodes) return;
   delete state;
   state = nullptr;
 }
@@ -169,14 +140,13 @@ void XmlTree::FreeIfOrphaned(_xmlNode* top) {
   xmlFreeNode(top);
 }
 
-const unsigned char* XmlTree::Intern(std::string_view name) {
+std::size_t XmlTree::NumberOf(std::string_view name) {
   // Names mostly come in the order in which they came before: the one behind the last is tried first.
-  if (mlngNextName < mcolNames.size() && mcolNames[mlngNextName].Text == name)
-    return mcolNames[mlngNextName++].Interned;
+  if (mlngNextName < mcolNames.size() && mcolNames[mlngNextName].Text == name) return mlngNextName++;
   const auto known = mcolNameIndex.find(name);
-  const std::size_t index = known != mcolNameIndex.end() ? known->second : AddName(std::string(name));
-  mlngNextName = index + 1;
-  return mcolNames[index].Interned;
+  const std::size_t number = known != mcolNameIndex.end() ? known->second : AddName(std::string(name));
+  mlngNextName = number + 1;
+  return number;
 }
 
 std::size_t XmlTree::AddName(const std::string& name) {
@@ -189,11 +159,8 @@ std::size_t XmlTree::AddName(const std::string& name) {
 }
 
 _xmlNode* XmlTree::NewElement(std::string_view name) {
-  const xmlChar* interned = Intern(name);
-  auto* element = static_cast<xmlNode*>(NewNode(sizeof(xmlNode)));
-  element->type = XML_ELEMENT_NODE;
-  element->name = interned;
-  element->doc = mobjDocument;
+  xmlNode* element = NewElementNode(mobjDocument, mcolNames[NumberOf(name)].Interned);
+  NeedState(element).Packed = true;
   return element;
 }
 
@@ -229,18 +196,27 @@ void XmlTree::SetRoot(_xmlNode* element) {
   FreeIfOrphaned(old);
 }
 
+/// Hands what the State of `child`, the top of its tree, says about the tree over to the tree of `top`.
+void XmlTree::Join(_xmlNode* child, _xmlNode* top) {
+  if (const State* joined = StateOf(top); joined != nullptr && joined->AsNodes) MakeNodes(child);
+  State* state = StateOf(child);
+  if (state == nullptr) return;
+  if (state->Packed) {
+    state->Attributes.Trim();
+    mlngUsualSize = state->Attributes.Size();
+  }
+  NeedState(top).Total += std::exchange(state->Total, 0);
+  state->AsNodes = false;
+  DropUnusedState(child);
+}
+
 void XmlTree::Append(_xmlNode* parent, _xmlNode* child) {
   for (xmlNode* node = parent; node != nullptr; node = node->parent) {
     if (node == child) RaiseError(ErrorNumber::InvalidProcedureCall, u"An element cannot be put below itself");
   }
   ++mlngRevision;
   Detach(child);
-  if (const State* state = StateOf(child)) {
-    const std::size_t moved = state->Total;
-    StateOf(child)->Total = 0;
-    NeedState(TopOf(parent)).Total += moved;
-    DropUnusedState(child);
-  }
+  Join(child, TopOf(parent));
   State* state = StateOf(parent);
   if (state != nullptr && state->Indexed) state->Children.push_back(child);
   xmlAddChild(parent, child);
@@ -270,29 +246,33 @@ _xmlNode* XmlTree::Child(_xmlNode* element, std::size_t index) {
 
 void XmlTree::SetAttribute(_xmlNode* element, std::string_view name, std::u16string_view value) {
   ++mlngRevision;
-  const xmlChar* interned = Intern(name);
+  const std::size_t number = NumberOf(name);
   ToXmlText(value, mstrScratch);
+  if (State* state = StateOf(element); state != nullptr && state->Packed) {
+    if (state->Attributes.IsEmpty()) state->Attributes.Reserve(mlngUsualSize + mlngUsualSize / 8);
+    state->Attributes.Set(number, mstrScratch);
+    return;
+  }
+  const xmlChar* interned = mcolNames[number].Interned;
   xmlAttr* last = nullptr;
   for (xmlAttr* attribute = element->properties; attribute != nullptr; attribute = attribute->next) {
     if (attribute->ns == nullptr && attribute->name == interned) {
-      SetValue(attribute, mstrScratch);
+      SetValue(attribute, NewTextNode(mobjDocument, mstrScratch));
       return;
     }
     last = attribute;
   }
-  auto* added = static_cast<xmlAttr*>(NewNode(sizeof(xmlAttr)));
-  added->type = XML_ATTRIBUTE_NODE;
-  added->name = interned;
-  added->doc = mobjDocument;
-  SetValue(added, mstrScratch);
-  added->parent = element;
-  added->prev = last;
-  (last != nullptr ? last->next : element->properties) = added;
+  LinkAttribute(element, last, NewAttributeNode(interned, NewTextNode(mobjDocument, mstrScratch)));
 }
 
 std::u16string XmlTree::GetAttribute(_xmlNode* element, std::string_view name) {
   std::u16string value;
   const auto known = mcolNameIndex.find(name);
+  if (const State* state = StateOf(element); state != nullptr && state->Packed) {
+    if (known == mcolNameIndex.end()) return value;
+    if (const auto packed = state->Attributes.Find(known->second)) AppendXmlText(*packed, value);
+    return value;
+  }
   const xmlChar* interned = known != mcolNameIndex.end() ? mcolNames[known->second].Interned : nullptr;
   for (const xmlAttr* attribute = element->properties; attribute != nullptr; attribute = attribute->next) {
     const bool same = attribute->name == interned && attribute->ns == nullptr;
@@ -303,6 +283,60 @@ std::u16string XmlTree::GetAttribute(_xmlNode* element, std::string_view name) {
     break;
   }
   return value;
+}
+
+void XmlTree::Unpack(_xmlNode* element) {
+  State* state = StateOf(element);
+  if (state == nullptr || !state->Packed) return;
+  xmlAttr* last = nullptr;
+  state->Attributes.ForEach([&](const PackedAttributes::Item& item) {
+    xmlAttr* next = NewAttributeNode(mcolNames[item.Name].Interned, NewTextNode(mobjDocument, item.Value));
+    LinkAttribute(element, last, next);
+    last = next;
+  });
+  state->Attributes = {};
+  state->Packed = false;
+}
+
+void XmlTree::MakeNodes(_xmlNode* top) {
+  if (const State* state = StateOf(top); state != nullptr && state->AsNodes) return;
+  ForEachElement(top, [this, top](xmlNode* element) {
+    Unpack(element);
+    if (element != top) DropUnusedState(element);
+  });
+  NeedState(top).AsNodes = true;
+}
+
+_xmlDoc* XmlTree::WholeDocument() {
+  if (xmlNode* root = Root()) MakeNodes(root);
+  return mobjDocument;
+}
+
+/// Whether nothing around `element` shows in it: it has no content, and no namespace is declared further up.
+bool XmlTree::StandsForItself(_xmlNode* element) const {
+  const State* state = StateOf(element);
+  if (state == nullptr || !state->Packed || element->children != nullptr || mobjDocument->intSubset != nullptr) {
+    return false;
+  }
+  for (const xmlNode* above = element->parent; IsElement(above); above = above->parent) {
+    if (above->nsDef != nullptr) return false;
+  }
+  return true;
+}
+
+std::u16string XmlTree::TransformAlone(_xmlNode* element, const std::shared_ptr<const Stylesheet>& stylesheet) {
+  if (!mobjScratch) mobjScratch = std::make_unique<ScratchElement>(mobjDocument->dict);
+  mobjScratch->Begin(element->name);
+  StateOf(element)->Attributes.ForEach(
+      [this](const PackedAttributes::Item& item) { mobjScratch->Add(mcolNames[item.Name].Interned, item.Value); });
+  return mobjScratch->Transform(stylesheet);
+}
+
+std::u16string XmlTree::Transform(_xmlNode* element, const std::shared_ptr<const Stylesheet>& stylesheet) {
+  if (stylesheet->StaysInside() && StandsForItself(element)) return TransformAlone(element, stylesheet);
+  WholeDocument();
+  MakeNodes(TopOf(element));
+  return TransformRun::Again(mobjTransformation, stylesheet, mobjDocument).Transform(element);
 }
 
 }  // namespace quorvane::native

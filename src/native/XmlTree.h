@@ -8,12 +8,13 @@
 #include <unordered_map>
 #include <vector>
 
-struct _xmlAttr;
 struct _xmlDoc;
 struct _xmlNode;
 
 namespace quorvane::native {
 
+class ScratchElement;
+class Stylesheet;
 class TransformRun;
 
 /// The nodes of one document, shared by the document and every handle to one of its elements. An element that stands
@@ -26,8 +27,9 @@ class XmlTree {
   XmlTree(const XmlTree&) = delete;
   XmlTree& operator=(const XmlTree&) = delete;
 
-  _xmlDoc* Document() const { return mobjDocument; }
   _xmlNode* Root() const;
+  /// The document with all its attributes as nodes.
+  _xmlDoc* WholeDocument();
   /// Grows with every change of the tree.
   std::uint64_t Revision() const { return mlngRevision; }
 
@@ -49,8 +51,8 @@ class XmlTree {
   void SetAttribute(_xmlNode* element, std::string_view name, std::u16string_view value);
   std::u16string GetAttribute(_xmlNode* element, std::string_view name);
 
-  /// The transformation made ready for this document last; it goes when nodes are freed.
-  std::unique_ptr<TransformRun>& Transformation() { return mobjTransformation; }
+  /// The output of `stylesheet` with `element` as the initial context node. Raises what TransformRun::Transform raises.
+  std::u16string Transform(_xmlNode* element, const std::shared_ptr<const Stylesheet>& stylesheet);
 
  private:
   struct State;
@@ -71,17 +73,25 @@ class XmlTree {
 
   const std::vector<_xmlNode*>& Children(_xmlNode* element);
   void Detach(_xmlNode* element);
+  void Join(_xmlNode* child, _xmlNode* top);
   void FreeIfOrphaned(_xmlNode* top);
-  const unsigned char* Intern(std::string_view name);
+  std::size_t NumberOf(std::string_view name);
   std::size_t AddName(const std::string& name);
+  void Unpack(_xmlNode* element);
+  /// Gives nodes to all attributes of the tree of elements with `top` at its top, now and as elements join it.
+  void MakeNodes(_xmlNode* top);
+  bool StandsForItself(_xmlNode* element) const;
+  std::u16string TransformAlone(_xmlNode* element, const std::shared_ptr<const Stylesheet>& stylesheet);
 
   _xmlDoc* mobjDocument;
   std::uint64_t mlngRevision = 0;
-  std::vector<Name> mcolNames;  ///< in the order of their first use
+  std::vector<Name> mcolNames;  ///< in the order of their first use; the index of a name is its number
   std::size_t mlngNextName = 0;
-  std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> mcolNameIndex;  ///< into mcolNames
+  std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> mcolNameIndex;  ///< numbers
   std::string mstrScratch;
-  std::unique_ptr<TransformRun> mobjTransformation;
+  std::size_t mlngUsualSize = 0;                     ///< bytes that the attributes of the element appended last take
+  std::unique_ptr<TransformRun> mobjTransformation;  ///< made last for this document; it goes when nodes are freed
+  std::unique_ptr<ScratchElement> mobjScratch;       ///< made at the first need
 };
 
 }  // namespace quorvane::native

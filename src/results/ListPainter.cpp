@@ -56,10 +56,9 @@ void ListPainter::Setup(Page& p) {
   mobjParent = &p;
   mobjList = p.mlstResultList;
   mobjFont = Deref(mobjList).Font();
-  onDrawItem_ = mobjList->DrawItem.Subscribe(
-      [this](std::int32_t itemID, Canvas& canvas, bool selected, const CanvasRect& rcItem) {
-        DrawItem(itemID, canvas, selected, rcItem);
-      });
+  onDrawItem_ =
+      mobjList->DrawItem.Subscribe([this](std::int32_t itemID, Canvas& canvas, bool selected,
+                                          const CanvasRect& rcItem) { DrawItem(itemID, canvas, selected, rcItem); });
 }
 
 void ListPainter::TearDown() {
@@ -92,13 +91,13 @@ void ListPainter::DrawItemText(const DrawRecord& record, bool selected) {
   const std::u16string_view text = Deref(mobjList).List(record.itemID);
   const auto number = [&item](std::string_view name) { return ToLong(item->GetAttribute(name)); };
   std::int32_t x = record.rcItem.Left + kMargin;
-  const std::u16string line = item->GetAttribute("Line");
-  if (text.find(line) == text.npos) {
-    DrawPlainRow(record, selected, x);
+  const auto parts = FindMatchInResultLine(text, item->GetAttribute("Line"), number("StartPos"), number("EndPos"));
+  const Color plain = selected ? mcrHighlightText : mcrWindowText;
+  if (!parts) {
+    record.canvas.SetTextColor(plain);
+    DrawTextPart(record, text, x, mhFontNormal);
     return;
   }
-  const auto parts = FindMatchInResultLine(text, line, number("StartPos"), number("EndPos"));
-  const Color plain = selected ? mcrHighlightText : mcrWindowText;
   record.canvas.SetTextColor(selected ? mcrHighlightText : kPrefixColor);
   x = DrawTextPart(record, parts->Prefix(text), x, mhFontNormal);
   record.canvas.SetTextColor(plain);
@@ -106,11 +105,6 @@ void ListPainter::DrawItemText(const DrawRecord& record, bool selected) {
   x = DrawTextPart(record, parts->Match(text), x, mhFontBold);
   x = DrawTextPart(record, parts->Rest(text), x, mhFontNormal);
   WidenTo(x + kMargin);
-}
-
-void ListPainter::DrawPlainRow(const DrawRecord& record, bool selected, std::int32_t x) {
-  record.canvas.SetTextColor(selected ? mcrHighlightText : mcrWindowText);
-  DrawTextPart(record, Deref(mobjList).List(record.itemID), x, mhFontNormal);
 }
 
 std::int32_t ListPainter::DrawTextPart(const DrawRecord& record, std::u16string_view piece, std::int32_t x,

@@ -43,7 +43,6 @@ class ListPainter {
 
   void DrawItem(std::int32_t itemID, Canvas& canvas, bool selected, const CanvasRect& rcItem);
   void DrawItemText(const DrawRecord& record, bool selected);
-  void DrawPlainRow(const DrawRecord& record, bool selected, std::int32_t x);
   std::int32_t DrawTextPart(const DrawRecord& record, std::u16string_view piece, std::int32_t x,
                             const std::shared_ptr<CanvasFont>& font);
   void MakeFonts(Canvas& canvas);

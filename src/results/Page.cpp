@@ -34,6 +34,11 @@ constexpr std::int16_t kEnter = 13;
 constexpr std::int16_t kRightButton = 2;
 constexpr std::int32_t kSearchBit = 1;
 
+// Texts of the status line.
+constexpr std::int32_t kModules = 186;
+constexpr std::int32_t kMatches = 187;
+constexpr std::int32_t kShown = 188;
+
 // Layout, in twips.
 constexpr std::int32_t kLabelLeft = 100;
 constexpr std::int32_t kLabelTop = 50;
@@ -46,6 +51,7 @@ IResultListDoc& Doc() {
   return Deref(Globals::gobjResultDoc);
 }
 
+/// A visible control of the document.
 template <class T>
 std::shared_ptr<T> AddControl(std::u16string_view progId, const std::u16string& name) {
   const auto control = std::dynamic_pointer_cast<T>(Doc().Controls().Add(progId, name));
@@ -53,8 +59,8 @@ std::shared_ptr<T> AddControl(std::u16string_view progId, const std::u16string& 
   return control;
 }
 
-void TogglePopup(std::int16_t button) {
-  if (button == kRightButton) Doc().PopupMenu();
+void RemoveControl(const std::shared_ptr<Control>& control) {
+  Doc().Controls().Remove(Deref(control).Name());
 }
 
 /// True for as long as this lives.
@@ -80,9 +86,9 @@ Page::~Page() {
 }
 
 void Page::Setup(const std::shared_ptr<Tab>& theTab) {
-  AddControls();
+  AddControls(Deref(theTab).Key());
   mobjTab = theTab;
-  Deref(mobjTab).SetPanel(mobjPanel);
+  mobjTab->SetPanel(mobjPanel);
   mobjCondSnap = std::make_shared<ConditionSnap>();
   mcolResult = std::make_shared<ResultCollection>();
   mobjTask = std::make_shared<TaskManager>();
@@ -95,3 +101,205 @@ void Page::Setup(const std::shared_ptr<Tab>& theTab) {
   mobjListPainter->Setup(*this);
   Listen();
 }
+
+void Page::AddControls(const std::u16string& key) {
+  mobjPanel = AddControl<PictureBox>(u"VB.PictureBox", u"mobjPanel" + key);
+  mobjLabel = AddControl<Label>(u"VB.Label", u"mobjLabel" + key);
+  mobjLabel->SetContainer(mobjPanel);
+  mlstResultList = AddControl<OwnerDrawList>(u"ODCboLst6QVN.OwnerDrawComboList", u"mlstResultList" + key);
+  mlstResultList->SetContainer(mobjPanel);
+}
+
+void Page::Listen() {
+  onAdd_ = mobjFilter->OnAdd.Subscribe([this](const auto& line, std::int32_t id) { mobjFilter_OnAdd(line, id); });
+  onClear_ = mobjFilter->OnClear.Subscribe([this] { Guarded([this] { mobjFilter_OnClear(); }); });
+  onRefresh_ = mobjFilter->OnRefresh.Subscribe([this] { Guarded([this] { mobjFilter_OnRefresh(); }); });
+  onTaskBegin_ = mobjTask->TaskBegin.Subscribe([this](std::int32_t taskType) { mobjTask_TaskBegin(taskType); });
+  onResize_ = mobjPanel->Resize.Subscribe([this] { mobjPanel_Resize(); });
+  const auto mouseDown = [this](std::int16_t button, auto...) { Guarded([&] { MouseDown(button); }); };
+  onLabelMouseDown_ = mobjLabel->MouseDown.Subscribe(mouseDown);
+  onListMouseDown_ = mlstResultList->MouseDown.Subscribe(mouseDown);
+  onListMouseMove_ = mlstResultList->MouseMove.Subscribe(
+      [this](auto, auto, float x, float y) { Guarded([&] { mlstResultList_MouseMove(x, y); }); });
+  onListKeyDown_ = mlstResultList->KeyDown.Subscribe(
+      [this](std::int16_t keyCode, std::int16_t shift) { Guarded([&] { ProcessKeyDown(keyCode, shift); }); });
+  onListDblClick_ = mlstResultList->DblClick.Subscribe([this] { Guarded([this] { LocateSelected(); }); });
+}
+
+void Page::TearDown() {
+  const auto self = shared_from_this();
+  if (mobjTask && mobjTask->Running()) mobjTask->mblnCancel = true;  // it ends at its next yield, in silence
+  SkipErrors([this] { RemoveControl(mobjLabel); });
+  SkipErrors([this] { RemoveControl(mlstResultList); });
+  SkipErrors([this] { RemoveControl(mobjPanel); });
+  SkipErrors([this] { Deref(mobjTask).TearDown(); });
+  SkipErrors([this] { Deref(mobjFilter).TearDown(); });
+  SkipErrors([this] { Deref(mcolResult).TearDown(); });
+  SkipErrors([this] { Deref(mobjListPainter).TearDown(); });
+  SkipErrors([this] { Deref(mobjCondSnap).TearDown(); });
+  for (Subscription* subscription : {&onAdd_, &onClear_, &onRefresh_, &onTaskBegin_, &onResize_, &onLabelMouseDown_,
+                                     &onListMouseDown_, &onListMouseMove_, &onListKeyDown_, &onListDblClick_}) {
+    subscription->Reset();
+  }
+  mlstResultList.reset();
+  mobjPanel.reset();
+  mobjLabel.reset();
+  mobjTask.reset();
+  mcolResult.reset();
+  mobjFilter.reset();
+  mobjListPainter.reset();
+  mobjCondSnap.reset();
+  lastPreviewed_.reset();
+}
+
+/// The top of an event: its failure is shown and goes no further. The event may close the page.
+template <class Body>
+void Page::Guarded(Body body) {
+  const auto self = shared_from_this();
+  try {
+    body();
+  } catch (...) {
+    Deref(Globals::gobjErrorManager).ShowErr();
+  }
+}
+
+WindowHandle Page::ListHWnd() const {
+  return Deref(mlstResultList).hWnd();
+}
+
+std::shared_ptr<Control> Page::Panel() const {
+  return mobjPanel;
+}
+
+void Page::SetTabCaption(const std::u16string& caption) {
+  Deref(mobjTab).SetCaption(caption);
+}
+
+quorvane::Controls& Page::Controls() const {
+  return Doc().Controls();
+}
+
+void Page::AddListItem(const std::u16string& line, std::int32_t id) {
+  if (!TrimBlanks(line).empty()) Deref(mlstResultList).AddItem(line, id);
+  UpdateStatus();
+}
+
+void Page::UpdateStatus() {
+  if (!mblnHasResult) return;
+  const LanguageManager& language = Globals::Language();
+  const std::int32_t matches = Deref(mcolResult).Count();
+  Deref(mobjLabel).SetCaption(language.GetString(kModules) + ToText(mcolResult->ModuleCount()) +
+                              language.GetString(kMatches) + ToText(matches) + language.GetString(kShown) +
+                              ToText(Deref(mlstResultList).ListCount()) + u" " + Deref(mobjCondSnap).Description());
+  vbide::Window& toolWindow = Deref(Globals::gobjToolWindow);
+  if (!toolWindow.Visible() && matches > 0) toolWindow.SetVisible(true);
+  Deref(mobjTab).SetToolTipText(mobjLabel->Caption());
+}
+
+void Page::LocateSelected() {
+  OwnerDrawList& list = Deref(mlstResultList);
+  if (list.ListIndex() < 0) return;
+  const std::shared_ptr<PositionInfo> match = Deref(mcolResult).Item(list.ItemData(list.ListIndex()));
+  match->Show();
+}
+
+void Page::LocateNextResult() {
+  if (locatingNext_) return;
+  const auto self = shared_from_this();
+  const Under way(locatingNext_);
+  OwnerDrawList& list = Deref(mlstResultList);
+  const std::int32_t next = list.ListIndex() + 1;
+  if (next < list.ListCount()) list.SetListIndex(next);
+  LocateSelected();
+}
+
+void Page::LocatePrevResult() {
+  if (locatingPrev_) return;
+  const auto self = shared_from_this();
+  const Under way(locatingPrev_);
+  OwnerDrawList& list = Deref(mlstResultList);
+  const std::int32_t previous = list.ListIndex() - 1;
+  if (previous >= 0) list.SetListIndex(previous);
+  LocateSelected();
+}
+
+void Page::ProcessKeyDown(std::int16_t keyCode, std::int16_t) {
+  if (keyCode == kEscape) Deref(Globals::gobjToolWindow).SetVisible(false);
+  if (keyCode == kEnter) LocateSelected();
+}
+
+void Page::Reset() {
+  ClearList();
+  Deref(mobjLabel).SetCaption({});
+  Deref(mobjTab).SetCaption(mobjTab->Key());
+  mblnHasResult = false;
+  mblnCanRefresh = false;
+}
+
+void Page::ClearList() {
+  Deref(mlstResultList).Clear();
+}
+
+void Page::RefreshResult() {
+  const auto self = shared_from_this();
+  const std::shared_ptr<TaskManager> task = mobjTask;
+  Deref(task).Run(kTaskRepeatSearch);
+}
+
+void Page::mobjFilter_OnAdd(const std::u16string& line, std::int32_t id) {
+  const auto self = shared_from_this();
+  try {
+    AddListItem(line, id);
+  } catch (...) {
+    Deref(Globals::gobjErrorManager).ShowErr();
+    UpdateStatus();
+  }
+}
+
+void Page::mobjFilter_OnClear() {
+  ClearList();
+  Deref(mobjListPainter).ResetScroll();
+  UpdateStatus();
+}
+
+void Page::mobjFilter_OnRefresh() {
+  Deref(mobjFilter).Refresh(*this);
+  UpdateStatus();
+}
+
+void Page::mobjTask_TaskBegin(std::int32_t taskType) {
+  if ((taskType & kSearchBit) == 0) return;
+  mblnHasResult = true;
+  mblnCanRefresh = true;
+}
+
+void Page::mobjPanel_Resize() {
+  const std::int32_t width = mobjPanel->Width();
+  mobjLabel->Move(kLabelLeft, kLabelTop, width - kLabelSides, kLabelHeight);
+  mlstResultList->Move(0, kListTop, width, mobjPanel->Height() - kListSides);
+}
+
+void Page::MouseDown(std::int16_t button) {
+  if (button == kRightButton) Doc().PopupMenu();
+}
+
+void Page::mlstResultList_MouseMove(float x, float y) {
+  if (!Doc().ShowPreview()) return;
+  PreviewIndex(Deref(Globals::gobjUtilities).GetListIndex(ListHWnd(), x, y));
+}
+
+void Page::PreviewIndex(std::int32_t index) {
+  OwnerDrawList& list = Deref(mlstResultList);
+  if (index < 0 || index >= list.ListCount()) return;
+  const std::int32_t id = list.ItemData(index);
+  if (id > Deref(mcolResult).Count() || id <= 0) return;
+  const std::shared_ptr<PositionInfo> pi = mcolResult->Item(id);
+  const std::shared_ptr<Form> form = TheForms().Instance(u"frmCodePreview");
+  if (pi == lastPreviewed_ && !(list.ListCount() == 1 && !form->Visible())) return;
+  ICodePreview& preview = Deref(std::dynamic_pointer_cast<ICodePreview>(form));
+  preview.Update(pi, Deref(mobjCondSnap));
+  preview.UpdatePreviewPos();
+  lastPreviewed_ = pi;
+}
+
+}  // namespace quorvane

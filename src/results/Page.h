@@ -72,7 +72,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   std::shared_ptr<Control> Panel() const override;
 
  private:
-  void AddControls();
+  void AddControls(const std::u16string& key);
   void Listen();
   template <class Body>
   void Guarded(Body body);

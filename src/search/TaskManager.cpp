@@ -48,6 +48,7 @@ void TaskManager::TearDown() {
 }
 
 void TaskManager::Run(std::int32_t tt) {
+  const std::shared_ptr<ConditionSnap> kept = mobjCondSnap;  // mobjCond points at it, also behind a TearDown
   try {
     mblnRunning = true;
     mblnCancel = false;

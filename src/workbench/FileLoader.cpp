@@ -13,11 +13,14 @@
 #include <thread>
 #include <utility>
 
+#include "base/Error.h"
+
 namespace quorvane::workbench {
 
 namespace {
 
 constexpr std::size_t kFilesWorthAThread = 32;
+constexpr std::int32_t kUserInterrupt = 18;
 
 /// Closes its file when it goes.
 class OpenFile {
@@ -92,11 +95,18 @@ FileBytes ReadFileBytes(const std::string& path) {
   return file;
 }
 
-std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths) {
+std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths, const LoadProgress& progress) {
   std::vector<LoadedFile> files(paths.size());
   std::atomic<std::size_t> next = 0;
+  std::atomic<bool> stopped = false;
   const auto work = [&] {
-    for (std::size_t i = next++; i < paths.size(); i = next++) files[i] = Load(paths[i]);
+    for (std::size_t i = next++; i < paths.size() && !stopped; i = next++) files[i] = Load(paths[i]);
+  };
+  const auto workAndTell = [&] {
+    for (std::size_t i = next++; i < paths.size(); i = next++) {
+      if (!progress(i, paths.size())) throw Error(kUserInterrupt, u"Interrupted by the user");
+      files[i] = Load(paths[i]);
+    }
   };
   const std::size_t wanted =
       std::min<std::size_t>(std::thread::hardware_concurrency(), paths.size() / kFilesWorthAThread);
@@ -106,7 +116,12 @@ std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths) {
   } catch (const std::system_error&) {
     // No more threads to be had: those that run do the work.
   }
-  work();
+  try {
+    progress ? workAndTell() : work();
+  } catch (...) {
+    stopped = true;  // before the threads are waited for
+    throw;
+  }
   threads.clear();
   return files;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,8 +29,12 @@ struct LoadedFile {
   int error = 0;  ///< errno, or kNotRegularFile
 };
 
-/// Reads and takes apart many files on all hardware threads. The results stand in the order of `paths`.
-std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths);
+/// Told between two files, on the caller's thread, how many of how many were begun. False asks to stop.
+using LoadProgress = std::function<bool(std::size_t begun, std::size_t total)>;
+
+/// Reads and takes apart many files on all hardware threads. The results stand in the order of `paths`. Raises error 18
+/// when `progress`, which may be nothing, asks to stop; what it raises itself reaches the caller.
+std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths, const LoadProgress& progress = {});
 
 /// Words for the `error` of the two above: the system's for an errno.
 std::string ErrnoText(int error);

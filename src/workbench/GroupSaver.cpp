@@ -10,6 +10,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "workbench/Component.h"
+#include "workbench/FileLoader.h"
 #include "workbench/FileSaver.h"
 #include "workbench/Module.h"
 #include "workbench/Project.h"
@@ -19,6 +20,8 @@
 namespace quorvane::workbench {
 
 namespace {
+
+constexpr std::int32_t kPathFileAccess = 75;
 
 using ComponentPtr = std::shared_ptr<Component>;
 using FileId = std::tuple<std::string, std::uint64_t, std::uint64_t>;  ///< path when not on disk, device, inode
@@ -93,7 +96,8 @@ void AddTargets(const std::vector<ComponentPtr>& twins, std::vector<Target>& tar
   }
 }
 
-std::vector<Target> FindTargets(const Workbench& workbench) {
+/// The components of each file, in the order of the first of them.
+std::vector<std::vector<ComponentPtr>> FindFiles(const Workbench& workbench) {
   std::vector<std::vector<ComponentPtr>> files;
   std::map<FileId, std::size_t> places;
   for (const auto& project : workbench.Projects()) {
@@ -106,9 +110,21 @@ std::vector<Target> FindTargets(const Workbench& workbench) {
       files[place->second].push_back(component);
     }
   }
+  return files;
+}
+
+std::vector<Target> FindTargets(const Workbench& workbench) {
   std::vector<Target> targets;
-  for (const auto& twins : files) AddTargets(twins, targets);
+  for (const auto& twins : FindFiles(workbench)) AddTargets(twins, targets);
   return targets;
+}
+
+/// The components that show the file of `component`, itself among them.
+std::vector<ComponentPtr> TwinsOf(const Workbench& workbench, const Component& component) {
+  for (auto& twins : FindFiles(workbench)) {
+    if (std::ranges::find(twins, &component, &ComponentPtr::get) != twins.end()) return std::move(twins);
+  }
+  return {};
 }
 
 /// Makes the text of `module` that of `source`, editing only the run of lines that differs.
@@ -144,8 +160,9 @@ std::vector<PlannedFile> PlanSave(const Workbench& workbench) {
   return files;
 }
 
-std::vector<SavedFile> SaveGroup(Workbench& workbench) {
-  const std::vector<Target> targets = FindTargets(workbench);
+namespace {
+
+std::vector<SavedFile> SaveTargets(Workbench& workbench, const std::vector<Target>& targets) {
   std::vector<FileToSave> files;
   for (const Target& target : targets) files.push_back({target.file.path, target.file.after, target.source->Stamp()});
   if (files.empty()) return {};
@@ -161,6 +178,33 @@ std::vector<SavedFile> SaveGroup(Workbench& workbench) {
   }
   workbench.Turns().Next();
   return saved;
+}
+
+}  // namespace
+
+std::vector<SavedFile> SaveGroup(Workbench& workbench) {
+  return SaveTargets(workbench, FindTargets(workbench));
+}
+
+std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& component) {
+  std::vector<Target> targets;
+  AddTargets(TwinsOf(workbench, component), targets);
+  return SaveTargets(workbench, targets);
+}
+
+void ReloadFileOf(Workbench& workbench, const Component& component) {
+  FileBytes read = ReadFileBytes(component.Path());
+  if (read.error != 0) throw Error(kPathFileAccess, FromUtf8(component.Path() + ": " + ErrnoText(read.error)));
+  const auto held = std::make_shared<const SourceFile>(std::move(read.bytes));
+  TurnClock ownTurns;
+  const Module now(held, workbench.ThePage(), ownTurns);
+  workbench.Turns().Next();
+  for (const ComponentPtr& twin : TwinsOf(workbench, component)) {
+    TakeOver(*twin->TheModule(), now);
+    twin->TheModule()->MarkSaved(held);
+    twin->SetStamp(read.stamp);
+  }
+  workbench.Turns().Next();
 }
 
 }  // namespace quorvane::workbench

@@ -6,6 +6,7 @@
 
 namespace quorvane::workbench {
 
+class Component;
 class Workbench;
 
 /// A file that a save would change.
@@ -34,5 +35,12 @@ struct SavedFile {
 /// several components show is saved once; a component of it that was not edited takes over the text that was saved, as
 /// one step of its undo.
 std::vector<SavedFile> SaveGroup(Workbench& workbench);
+/// The same for the file of one component alone.
+std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& component);
+
+/// Makes the text of `component` and of all others that show its file what the file holds now, as one step of their
+/// undo. Edits that were not saved are thus set aside, not lost. Raises error 75, naming the file, when it cannot be
+/// read.
+void ReloadFileOf(Workbench& workbench, const Component& component);
 
 }  // namespace quorvane::workbench

@@ -50,7 +50,7 @@ class Opener {
   }
 
   void AddArgument(const std::string& argument);
-  void Load();
+  void Load(const LoadProgress& progress);
   void Build();
 
   std::vector<std::string> TakeWarnings() { return std::move(warnings_); }
@@ -157,7 +157,7 @@ void Opener::AddModule(const std::string& path, ComponentType type) {
   project.components.push_back({{type, {}, FromUtf8(path)}, path, true});
 }
 
-void Opener::Load() {
+void Opener::Load(const LoadProgress& progress) {
   std::vector<std::string> paths;
   for (const PlannedProject& project : projects_) {
     for (const PlannedComponent& component : project.components) {
@@ -166,7 +166,7 @@ void Opener::Load() {
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
-  std::vector<LoadedFile> files = LoadFiles(paths);
+  std::vector<LoadedFile> files = LoadFiles(paths, progress);
   for (std::size_t i = 0; i < paths.size(); ++i) {
     loaded_.emplace_hint(loaded_.end(), std::move(paths[i]), std::move(files[i]));
   }
@@ -235,10 +235,11 @@ std::u16string Opener::FreeProjectName() const {
 
 }  // namespace
 
-std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files) {
+std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
+                                       const LoadProgress& progress) {
   Opener opener(workbench);
   for (const std::string& file : files) opener.AddArgument(file);
-  opener.Load();
+  opener.Load(progress);
   opener.Build();
   return opener.TakeWarnings();
 }

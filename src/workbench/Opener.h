@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "workbench/FileLoader.h"
+
 #include "workbench/Workbench.h"
 
 namespace quorvane {
@@ -27,7 +29,8 @@ struct OpenedGroup {
 OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page);
 
 /// The same into a workbench that may hold projects already; what could not be opened is returned. An error leaves the
-/// workbench as it was.
-std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files);
+/// workbench as it was. `progress` as in LoadFiles.
+std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
+                                       const LoadProgress& progress = {});
 
 }  // namespace quorvane::workbench

@@ -149,9 +149,9 @@ TEST_F(FindTest, Errors) {
   const std::vector<Row> rows{
       {{""}, "TEXT"},
       {{"\r\n"}, "TEXT"},
-      {{"-m", "regexp", "a(b"}, "Main"},
-      {{"-m", "regexp", "(?<=a)b"}, "Main"},
-      {{"-m", "pattern", "[z-a]"}, "Main"},
+      {{"-m", "regexp", "a(b"}, "offset 3"},
+      {{"-m", "regexp", "(?<=a)b"}, "look-behind"},
+      {{"-m", "pattern", "[z-a]"}, "[z-a]"},
       {{"-m", "fuzzy", "x"}, "fuzzy"},
       {{"-a", "module", "x"}, "--module"},
       {{"-a", "module", "--module", "Nowhere", "x"}, "Nowhere"},

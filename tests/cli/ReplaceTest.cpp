@@ -130,7 +130,7 @@ TEST_F(CliReplaceTest, ErrorsWriteNothing) {
       {{"-m", "pattern", "total", "x"}, "Common/Pattern replace"},
       {{"--language", "zh", "-m", "common", "total", "x"},
        "\xE6\x99\xAE\xE9\x80\x9A/\xE6\xA8\xA1\xE5\xBC\x8F\xE6\x9B\xBF\xE6\x8D\xA2"},
-      {{"a(b", "x"}, "Main"},
+      {{"a(b", "x"}, "offset 3"},
       {{"", "x"}, "PATTERN"},
       {{"-a", "module", "total", "x"}, "--module"},
       {{"total", "\xE6\xBC\xA2"}, "Main.bas"},  // a character that code page 1252 lacks

@@ -117,7 +117,7 @@ TEST_F(LanguageManagerTest, ADamagedFile) {
   }
   EXPECT_EQ(Config(), "[Language Setting]\nLanguage=English\n") << "stays as it is";
 
-  for (const char* number : {"2", "-1", "2147483647"}) {
+  for (const char* number : {"2", "-1", "2147483647", "536870912"}) {
     Config() = std::string("[Language Setting]\nLanguage=") + number + "\n";
     EXPECT_EQ(ErrorOf([] { LanguageManager().GetString(104); }), 326) << number;
   }

@@ -27,6 +27,17 @@ int ScriptedPrompts::MsgBox(const std::u16string& text, int flags, const std::u1
   return answer;
 }
 
+std::optional<std::u16string> ScriptedPrompts::AskSaveFileName(const FileDialogSetup& setup) {
+  FileDialogs.push_back(setup);
+  if (FileNames.empty()) {
+    ADD_FAILURE() << "unexpected file dialog: " << ToUtf8(setup.Title);
+    return std::nullopt;
+  }
+  const auto answer = FileNames.front();
+  FileNames.pop_front();
+  return answer;
+}
+
 TestPlatform::TestPlatform(const std::string& codePage) : codePage_(native::NewCodePage(codePage)) {
   InstallPlatform(this);
   Globals::gobjErrorManager = std::make_shared<ErrorManager>();

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@
 
 namespace quorvane::test {
 
-/// Message boxes that a test answers beforehand. A box without an answer is a failure of the test.
+/// Message boxes and file dialogs that a test answers beforehand. One without an answer is a failure of the test.
 class ScriptedPrompts final : public Prompts {
  public:
   struct Box {
@@ -32,8 +33,12 @@ class ScriptedPrompts final : public Prompts {
 
   int MsgBox(const std::u16string& text, int flags, const std::u16string& caption) override;
 
+  std::optional<std::u16string> AskSaveFileName(const FileDialogSetup& setup) override;
+
   std::deque<int> Answers;
   std::vector<Box> Shown;
+  std::deque<std::optional<std::u16string>> FileNames;  ///< nothing: a cancel
+  std::vector<FileDialogSetup> FileDialogs;
 };
 
 /// The platform of the tests: real engines, scripted everything else. Installed for as long as it lives, with the shared

@@ -39,8 +39,8 @@ class ComboBox final : public Control {
   void Clear();
 
   std::int32_t ListIndex() const { return listIndex_; }  ///< -1: the text was not picked
-  /// Picks an entry: takes its text and raises Click, no Change. -1 empties the text and raises Click. Error 380 outside
-  /// the list.
+  /// Picks an entry: takes its text and raises Click, no Change. -1 empties the text and raises Click. Error 380
+  /// outside the list.
   void SetListIndex(std::int32_t index);
 
   /// The user has typed; the selection comes with it. Raises Change when the text is another one.

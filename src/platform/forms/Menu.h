@@ -11,8 +11,8 @@ namespace quorvane {
 
 /// A menu, an item of one or a separator line: a tree, each menu owning its items. "&" in a caption marks the key.
 ///
-/// The user's side: a view that shows a menu subscribes to its Popped, calls Press on an item with items when that opens
-/// and on one without when the user chooses it.
+/// The user's side: a view that shows a menu subscribes to its Popped, calls Press on an item with items when that
+/// opens and on one without when the user chooses it.
 class Menu final : public Control {
  public:
   enum class Above { Nothing, Line };

@@ -14,8 +14,8 @@ namespace quorvane {
 /// A list with one selected row at most, whose owner draws the rows. Made for many rows: adding one costs the same
 /// however many there are, and tells the view nothing but that rows have changed.
 ///
-/// The user's side: a view writes ListIndex and HasFocus, raises the events of mouse and keys, with x and y in pixels of
-/// the list, and raises DrawItem for each row that it shows. The press that selects a row comes before MouseDown.
+/// The user's side: a view writes ListIndex and HasFocus, raises the events of mouse and keys, with x and y in pixels
+/// of the list, and raises DrawItem for each row that it shows. The press that selects a row comes before MouseDown.
 class OwnerDrawList final : public Control {
  public:
   void AddItem(const std::u16string& text, std::int32_t itemData);

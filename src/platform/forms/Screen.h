@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// The screen as forms see it, in pixels as Dialog counts them. The program's window system writes it; without one it is
-/// empty.
+/// The screen as forms see it, in pixels as Dialog counts them. The program's window system writes it; without one it
+/// is empty.
 struct Screen {
   std::int32_t Width = 0;
   std::int32_t Height = 0;

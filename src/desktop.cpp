@@ -1,0 +1,5 @@
+#include "desktop/Program.h"
+
+int main(int argc, char** argv) {
+  return quorvane::desktop::Main(argc, argv);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+
+class QPalette;
+
+namespace quorvane::desktop {
+
+/// Colours of code on the background of a palette, light or dark.
+struct CodeColors {
+  QColor keyword;
+  QColor comment;
+  QColor text;  ///< string literals
+  QColor number;
+  QColor directive;
+  QColor currentLine;
+  QColor lineNumber;
+  QColor gutter;
+
+  static CodeColors Of(const QPalette& palette);
+};
+
+}  // namespace quorvane::desktop

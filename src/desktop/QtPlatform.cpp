@@ -1,0 +1,55 @@
+#include "desktop/QtPlatform.h"
+
+#include <QCoreApplication>
+#include <vector>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "desktop/QtHttpRequest.h"
+#include "native/CodePages.h"
+#include "native/LibXmlDocument.h"
+#include "native/PcreRegExp.h"
+#include "platform/CodePage.h"
+#include "platform/NativeWindows.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+std::vector<std::string> FaultQuestion(bool wanted) {
+  if (!wanted) return {};
+  return {QCoreApplication::applicationFilePath().toStdString(), "--fault-box"};
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(const Setup& setup)
+    : codePage_(native::NewCodePage(setup.codePage.empty() ? native::CodePageOfLocale() : setup.codePage)),
+      settings_(setup.configFolder + "/settings"),
+      profile_(setup.configFolder),
+      faults_(FaultQuestion(setup.faultQuestion)) {
+  app_.Path = FromUtf8(setup.programFolder);
+  InstallPlatform(this);
+}
+
+QtPlatform::~QtPlatform() {
+  InstallPlatform(nullptr);
+}
+
+std::unique_ptr<RegExp> QtPlatform::NewRegExp() {
+  return std::make_unique<native::PcreRegExp>();
+}
+
+std::shared_ptr<XmlDocument> QtPlatform::NewXmlDocument() {
+  return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<HttpRequest> QtPlatform::NewHttpRequest() {
+  return std::make_unique<QtHttpRequest>();
+}
+
+NativeWindows& QtPlatform::Windows() {
+  return Deref(windows_);
+}
+
+}  // namespace quorvane::desktop

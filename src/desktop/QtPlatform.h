@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desktop/QtMessageLoop.h"
+#include "desktop/QtPrompts.h"
+#include "desktop/QtShell.h"
+#include "native/FaultFilter.h"
+#include "native/FilePrivateProfile.h"
+#include "native/FileSettingsStore.h"
+#include "native/LocaleClock.h"
+#include "platform/App.h"
+#include "platform/Platform.h"
+
+namespace quorvane::desktop {
+
+/// The platform of the desktop. Installed for as long as it lives; an application object of the toolkit outlives it.
+class QtPlatform final : public Platform {
+ public:
+  struct Setup {
+    std::string codePage;           ///< by name; empty: that of the locale
+    std::string configFolder;       ///< where settings are kept
+    std::string programFolder;      ///< where the files that come with the program lie
+    bool faultQuestion = false;     ///< ask the user, by a run of this program, what to do about a crash
+  };
+
+  /// Raises for an unknown code page.
+  explicit QtPlatform(const Setup& setup);
+  ~QtPlatform() override;
+
+  /// The windows that Windows() gives from now on; nothing takes them away again. They outlive their use.
+  void SetWindows(NativeWindows* windows) { windows_ = windows; }
+
+  std::unique_ptr<RegExp> NewRegExp() override;
+  std::shared_ptr<XmlDocument> NewXmlDocument() override;
+  const CodePage& AnsiCodePage() override { return *codePage_; }
+  MessageLoop& Loop() override { return loop_; }
+  Prompts& MessageBoxes() override { return prompts_; }
+  App& TheApp() override { return app_; }
+  /// Error 91 before SetWindows.
+  NativeWindows& Windows() override;
+  SettingsStore& Settings() override { return settings_; }
+  std::unique_ptr<HttpRequest> NewHttpRequest() override;
+  Shell& TheShell() override { return shell_; }
+  Clock& TheClock() override { return clock_; }
+  ExceptionFilter& Faults() override { return faults_; }
+  PrivateProfile* Profile() override { return &profile_; }
+
+ private:
+  std::unique_ptr<CodePage> codePage_;
+  QtMessageLoop loop_;
+  QtPrompts prompts_;
+  QtShell shell_;
+  App app_;
+  native::FileSettingsStore settings_;
+  native::FilePrivateProfile profile_;
+  native::LocaleClock clock_;
+  native::FaultFilter faults_;
+  NativeWindows* windows_ = nullptr;
+};
+
+}  // namespace quorvane::desktop

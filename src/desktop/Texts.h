@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+namespace quorvane::desktop {
+
+/// The words of the workbench's own windows. Those of the add-in come from its string table.
+enum class Text {
+  MenuFile,
+  FileOpen,
+  FileAdd,
+  FileRecent,
+  FileRecentNone,
+  FileSave,
+  FileSaveAll,
+  FileClose,
+  FileExit,
+  MenuEdit,
+  EditUndo,
+  EditRedo,
+  EditCut,
+  EditCopy,
+  EditPaste,
+  EditSelectAll,
+  EditGoToLine,
+  MenuView,
+  ViewProjects,
+  ViewTabs,
+  ViewTheme,
+  ThemeSystem,
+  ThemeLight,
+  ThemeDark,
+  ViewLarger,
+  ViewSmaller,
+  ViewNormalSize,
+  MenuWindow,
+  WindowTile,
+  WindowCascade,
+  WindowNext,
+  WindowPrevious,
+  WindowClose,
+  WindowCloseAll,
+  MenuAddIns,
+  MenuHelp,
+  HelpAbout,
+  AboutText,
+  OpenTitle,
+  FilterProjects,
+  FilterModules,
+  FilterAll,
+  Projects,
+  TreeFilter,
+  TreeViewCode,
+  TreeSetActive,
+  TreeCloseProject,
+  FolderForms,
+  FolderModules,
+  FolderClasses,
+  FolderControls,
+  FolderPages,
+  FolderDocuments,
+  FolderDesigners,
+  FolderRelated,
+  StatusPlace,
+  StatusSelected,
+  Hint,
+  HintMore,
+  Loading,
+  Cancel,
+  NotAllOpened,
+  CannotOpen,
+  CannotSave,
+  SaveQuestion,
+  ReloadQuestion,
+  FileGone,
+  LineNumber,
+  DroppedLines,
+  Count,
+};
+
+/// Looks the words up in one language; placeholders are %1, %2.
+class Texts {
+ public:
+  /// 0 Chinese, 1 English, as everywhere in the add-in.
+  std::int32_t Language = 0;
+
+  QString operator()(Text text) const;
+};
+
+}  // namespace quorvane::desktop

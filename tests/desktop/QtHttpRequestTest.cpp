@@ -1,0 +1,161 @@
+#include "desktop/QtHttpRequest.h"
+
+#include <gtest/gtest.h>
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "desktop/QtFixture.h"
+
+namespace quorvane::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A web server of one answer on this machine.
+class Server {
+ public:
+  explicit Server(QByteArray answer, bool hangUp = true) : answer_(std::move(answer)) {
+    server_.listen(QHostAddress::LocalHost);
+    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, hangUp] {
+      QTcpSocket* socket = server_.nextPendingConnection();
+      QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, hangUp] {
+        request += socket->readAll();
+        if (!request.contains("\r\n\r\n")) return;
+        socket->write(answer_);
+        if (hangUp) socket->disconnectFromHost();
+      });
+    });
+  }
+
+  std::u16string Url() const { return u"http://127.0.0.1:" + ToText(server_.serverPort()) + u"/wiki/Update"; }
+
+  QByteArray request;
+
+ private:
+  QTcpServer server_;
+  QByteArray answer_;
+};
+
+QByteArray Response(const QByteArray& body, const QByteArray& status = "200 OK",
+                    const QByteArray& type = "text/html; charset=utf-8") {
+  return "HTTP/1.1 " + status + "\r\nContent-Type: " + type +
+         "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body;
+}
+
+class QtHttpRequestTest : public QtTest {
+ protected:
+  /// Sends a request and waits for its end; "finished: <body>", "error: <number>", or "nothing" after a second.
+  std::string Outcome(QtHttpRequest& request, const std::u16string& url) {
+    std::string outcome = "nothing";
+    const auto done = request.OnResponseFinished.Subscribe(
+        [&] { outcome = "finished: " + ToUtf8(request.ResponseText()); });
+    const auto failed = request.OnError.Subscribe([&](std::int32_t number, const std::u16string& words) {
+      outcome = (words.empty() ? "error without words: " : "error: ") + std::to_string(number & 0xFFFF);
+    });
+    request.Open(u"GET", url, true);
+    request.Send();
+    EXPECT_EQ(outcome, "nothing") << "an event came out of Send";
+    WaitUntil([&] { return outcome != "nothing"; }, 1s);
+    return outcome;
+  }
+};
+
+TEST_F(QtHttpRequestTest, GivesTheBodyWhateverTheStatus) {
+  struct Case {
+    QByteArray response;
+    std::string outcome;
+  };
+  const Case cases[] = {
+      {Response("Version: 4.14.0"), "finished: Version: 4.14.0"},
+      {Response(""), "finished: "},
+      {Response("gone", "404 Not Found"), "finished: gone"},
+      {Response("sorry", "500 Internal Server Error"), "finished: sorry"},
+      {Response("\xE7\x89\x88 1.0"), "finished: \xE7\x89\x88 1.0"},
+      {Response("\xE9", "200 OK", "text/html; charset=ISO-8859-1"), "finished: \xC3\xA9"},
+  };
+  for (const Case& row : cases) {
+    Server server(row.response);
+    QtHttpRequest request;
+    EXPECT_EQ(Outcome(request, server.Url()), row.outcome) << row.response.constData();
+    EXPECT_TRUE(server.request.startsWith("GET /wiki/Update HTTP/1.1\r\n")) << server.request.constData();
+  }
+}
+
+TEST_F(QtHttpRequestTest, EndsInAnErrorWhenTheBodyDoesNotCome) {
+  const auto number = [](std::int32_t error) { return "error: " + std::to_string(error & 0xFFFF); };
+  {
+    Server huge(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit) + 1, 'x')));
+    QtHttpRequest request;
+    EXPECT_EQ(Outcome(request, huge.Url()), number(kHttpBodyTooLarge));
+  }
+  {
+    Server stalled("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nVersion", false);
+    QtHttpRequest request(100ms);
+    EXPECT_EQ(Outcome(request, stalled.Url()), number(kHttpTimeout));
+  }
+  {
+    Server cut("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nVersion");
+    QtHttpRequest request;
+    EXPECT_EQ(Outcome(request, cut.Url()), number(kHttpConnectionLost));
+  }
+  {
+    QTcpServer closed;
+    closed.listen(QHostAddress::LocalHost);
+    const std::u16string url = u"http://127.0.0.1:" + ToText(closed.serverPort()) + u"/";
+    closed.close();
+    QtHttpRequest request;
+    EXPECT_EQ(Outcome(request, url), number(kHttpCannotConnect));
+  }
+}
+
+TEST_F(QtHttpRequestTest, TakesABodyOfTheGreatestLength) {
+  Server server(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit), 'x')));
+  QtHttpRequest request;
+  EXPECT_EQ(Outcome(request, server.Url()).size(), std::string("finished: ").size() + kHttpBodyLimit);
+}
+
+TEST_F(QtHttpRequestTest, AbortedRequestIsSilentAndTheNextOneWorks) {
+  Server server(Response("one"));
+  QtHttpRequest request;
+  int events = 0;
+  const auto done = request.OnResponseFinished.Subscribe([&] { ++events; });
+  const auto failed = request.OnError.Subscribe([&](std::int32_t, const std::u16string&) { ++events; });
+  request.Open(u"GET", server.Url(), true);
+  request.Send();
+  request.Abort();
+  QTest::qWait(100);
+  EXPECT_EQ(events, 0);
+
+  request.Send();
+  WaitUntil([&] { return events > 0; }, 1s);
+  EXPECT_EQ(events, 1);
+  EXPECT_EQ(request.ResponseText(), u"one");
+}
+
+TEST_F(QtHttpRequestTest, HandlerMayDropTheRequest) {
+  Server server(Response("one"));
+  auto request = std::make_unique<QtHttpRequest>();
+  const auto done = request->OnResponseFinished.Subscribe([&] { request.reset(); });
+  request->Open(u"GET", server.Url(), true);
+  request->Send();
+  WaitUntil([&] { return !request; }, 1s);
+  EXPECT_FALSE(request);
+}
+
+TEST_F(QtHttpRequestTest, RefusesWhatIsNoWebAddress) {
+  QtHttpRequest request;
+  for (const char16_t* url : {u"", u"example.com/x", u"file:///etc/passwd", u"http://", u"http://a b/"}) {
+    EXPECT_THROW(request.Open(u"GET", url, true), Error) << ToUtf8(url);
+  }
+}
+
+}  // namespace
+}  // namespace quorvane::desktop

@@ -1,0 +1,87 @@
+#include "DialogWorld.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "dialogs/RegisterDialogs.h"
+#include "platform/forms/Forms.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "platform/forms/Screen.h"
+#include "results/Page.h"
+#include "services/Updater.h"
+
+namespace quorvane::test {
+
+DialogWorld::DialogWorld() {
+  OpenGroup(Group{});
+  RegisterDialogs();
+  TheScreen() = {1000, 800};
+  onOpened_ = TheForms().Opened.Subscribe([](Form& form) {
+    if (auto* dialog = dynamic_cast<quorvane::Dialog*>(&form)) {
+      dialog->SetWindow(77);
+      dialog->SetSize(600, 300);
+    }
+  });
+  PageManager::SetPageFactory([] { return std::make_shared<Page>(); });
+  Globals::gobjResultDoc = document;
+  Globals::gobjToolWindow = toolWindow;
+  Globals::gobjUpdater = std::make_shared<Updater>();
+  Globals::gobjPageManager = std::make_shared<PageManager>();
+  Globals::gobjPageManager->Setup();
+  document->Setup();
+}
+
+DialogWorld::~DialogWorld() {
+  while (TheForms().Count() > 0) TheForms().Item(0)->Unload();
+  TheForms().Forget();
+  if (Globals::gobjPageManager) Globals::gobjPageManager->TearDown();
+  document->TearDown();
+  PageManager::SetPageFactory(nullptr);
+  TheScreen() = {};
+}
+
+void DialogWorld::OpenGroup(const Group& group) {
+  Open(group);
+  windows.Windows = {{500, {u"wndclass_desked_gsk", host->MainWindow()->Caption(), 0, {}}}};
+  platform.windows = &windows;
+}
+
+frmSearchDialog& DialogWorld::Dialog() {
+  return dynamic_cast<frmSearchDialog&>(*TheForms().Instance(u"frmSearchDialog"));
+}
+
+void DialogWorld::Type(ComboBox& combo, const std::u16string& text) {
+  combo.Edit(text, static_cast<std::int32_t>(text.size()), 0);
+}
+
+std::string DialogWorld::Rows() const {
+  const auto active = std::dynamic_pointer_cast<Page>(Globals::gobjPageManager->ActivePage());
+  if (!active) return "no page";
+  std::string rows = ToUtf8(active->mstrKey);
+  for (std::int32_t i = 0; i < active->mlstResultList->ListCount(); ++i) {
+    const std::u16string row = active->mlstResultList->List(i);
+    rows += "\n" + ToUtf8(std::u16string_view(row).substr(row.find(u']') + 1));
+  }
+  return rows;
+}
+
+std::string DialogWorld::Condition() {
+  const GlobalSetting& s = Setting();
+  std::string text = ToUtf8(s.mstrSearchStr) + "|" + ToUtf8(s.mstrReplaceStr);
+  for (const int value : {int{s.menumArea}, int{s.menumMode}, int{s.mblnMatchCase}, int{s.mblnWholeWord},
+                          int{s.mblnRegSingleLine}, int{s.menumIgnoreComment}}) {
+    text += "|" + std::to_string(value);
+  }
+  return text;
+}
+
+std::string DialogWorld::Commands() {
+  frmSearchDialog& d = Dialog();
+  std::string text;
+  if (d.cmdSearch->Enabled()) text += "search ";
+  if (d.cmdReplace->Enabled()) text += "replace ";
+  if (d.cmdCancel->Visible()) text += d.cmdCancel->Enabled() ? "cancel " : "dead-cancel ";
+  if (d.cmbSearch->Enabled()) text += "edit ";
+  return text + "[" + ToUtf8(d.lblCurModule->Caption()) + "]" + (d.Visible() ? "" : " hidden");
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Globals.h"
+#include "host/ISearchDialog.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/Menu.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Tab.h"
+#include "platform/forms/TabControl.h"
+#include "results/FilterManager.h"
+#include "results/ICodePreview.h"
+#include "results/Page.h"
+#include "results/PageManager.h"
+#include "results/ResultDialog.h"
+#include "search/ICondInfo.h"
+#include "search/PositionInfo.h"
+#include "search/ResultCollection.h"
+#include "search/TaskManager.h"
+#include "services/GlobalSetting.h"
+#include "support/TestPlatform.h"
+#include "workbench/AddInLoader.h"
+#include "workbench/GroupBuilder.h"
+#include "workbench/ToolWindow.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::test {
+
+using workbench::Group;
+
+/// The add-in connected to an embedded host, with its real result window; the forms that it shows are stand-ins that
+/// write down what is asked of them.
+class ResultWorld {
+ public:
+  /// Opens the group and connects.
+  explicit ResultWorld(const Group& group);
+  ~ResultWorld();
+  ResultWorld(const ResultWorld&) = delete;
+  ResultWorld& operator=(const ResultWorld&) = delete;
+
+  ResultDialog& Doc() { return dynamic_cast<ResultDialog&>(*Globals::gobjResultDoc); }
+  workbench::ToolWindow& Window() { return dynamic_cast<workbench::ToolWindow&>(*Globals::gobjToolWindow); }
+  PageManager& Pages() { return *Globals::gobjPageManager; }
+  Page& Active() { return dynamic_cast<Page&>(*Pages().ActivePage()); }
+  OwnerDrawList& List() { return *Active().mlstResultList; }
+  GlobalSetting& Setting() { return *Globals::gobjSetting; }
+
+  /// Searches all projects for plain text on the active page, making one where there is none. "" or the error as
+  /// "number text".
+  std::string Search(const std::u16string& text);
+  /// The rows of the active page, "id: text" each, the selected one behind ">".
+  std::string Rows();
+  /// "M 2,5-2,6": the selection of the active code pane.
+  std::string Selection();
+  std::string Status() { return ToUtf8Text(Active().mobjLabel->Caption()); }
+  /// Log entries since the last call, joined by blanks.
+  std::string Log();
+  /// The descriptions of the error boxes since the last call, each answered with OK beforehand.
+  std::string Boxes();
+
+  static std::string ToUtf8Text(const std::u16string& text);
+
+  TestPlatform platform;
+  std::vector<std::string> log;
+  std::int32_t rowUnderMouse = 0;  ///< what the window system answers for any point of a list
+  bool previewVisible = false;
+
+ private:
+  class Windows;
+  class SearchDialog;
+  class Preview;
+  class Modal;
+
+  void RegisterForms();
+
+  std::shared_ptr<workbench::Workbench> host_;
+  std::unique_ptr<NativeWindows> windows_;
+  std::unique_ptr<workbench::AddInLoader> loader_;
+};
+
+/// A stylesheet with this body for MatchItem.
+std::u16string Stylesheet(std::u16string_view body);
+
+}  // namespace quorvane::test
