@@ -13,6 +13,7 @@ namespace quorvane::desktop {
 
 namespace {
 
+constexpr std::uint32_t kBringViewForward = 0x1043;
 constexpr std::int32_t kHide = 0;
 constexpr std::int32_t kShowNoActivate = 4;
 constexpr std::uint32_t kNoSize = 1;
@@ -22,9 +23,11 @@ constexpr WindowHandle kBottom = 1;
 constexpr WindowHandle kTopmost = -1;
 constexpr WindowHandle kNotTopmost = -2;
 
-/// Above all other programs' windows or not. The toolkit makes the native window anew for this, so that a visible one
-/// has to be shown again.
+/// Above all other programs' windows or not. A window that belongs to another one lies above that in any case, and more
+/// would hide message boxes. The toolkit makes the native window anew for this, so that a visible one has to be shown
+/// again.
 void SetTopmost(QWidget& window, bool topmost) {
+  if (window.parentWidget() != nullptr) return;
   if (window.windowFlags().testFlag(Qt::WindowStaysOnTopHint) == topmost) return;
   const bool visible = window.isVisible();
   const QPoint place = window.pos();
@@ -87,7 +90,9 @@ std::int32_t QtWindows::SendMessage(WindowHandle window, std::uint32_t message, 
     const MessageHandler answer = found->second.answer;  // the entry may go meanwhile
     return answer(message, wParam, lParam);
   }
-  return table_->SendMessage(window, message, wParam, lParam);
+  const std::int32_t result = table_->SendMessage(window, message, wParam, lParam);
+  if (message == kBringViewForward) BroughtForward.Raise(window);
+  return result;
 }
 
 void QtWindows::ShowWindow(WindowHandle window, std::int32_t command) {
@@ -131,6 +136,7 @@ void QtWindows::SetParent(WindowHandle child, WindowHandle newParent) {
   QWidget* widget = OwnWidget(child);
   QWidget* parent = WidgetOf(newParent);
   if (widget == nullptr || widget == parent || (parent == nullptr && newParent != 0)) return;
+  if (widget->parentWidget() == parent) return;
   const bool visible = !widget->isHidden();
   widget->setParent(parent, widget->windowFlags());
   widget->setVisible(visible);

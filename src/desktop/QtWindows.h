@@ -7,6 +7,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "base/Event.h"
 #include "platform/NativeWindows.h"
 
 namespace quorvane {
@@ -36,6 +37,9 @@ class QtWindows final : public NativeWindows {
   void Bind(WindowHandle handle, QWidget& widget);
   /// From now on `handler` answers the messages to a widget, for as long as that lives.
   void Answer(QWidget& widget, MessageHandler handler);
+  /// A code window was brought to the front, so that its selection is to be seen.
+  Event<WindowHandle> BroughtForward;
+
   /// Nothing for a handle without a widget.
   QWidget* WidgetOf(WindowHandle handle) const;
 

@@ -32,6 +32,7 @@ std::shared_ptr<vbide::Window> HostWindows::CreateToolWindow(const std::shared_p
   Deref(made);
   auto window = std::make_shared<ToolWindow>(desk_->NewHandle(), caption, addIn, std::u16string(guidPosition), made);
   toolWindows_.push_back(window);
+  Created.Raise(window);
   document = std::move(made);
   return window;
 }

@@ -30,6 +30,8 @@ class HostWindows final : public vbide::Windows {
 
   const std::vector<std::shared_ptr<ToolWindow>>& ToolWindows() const { return toolWindows_; }
 
+  Event<const std::shared_ptr<ToolWindow>&> Created;  ///< before the add-in has its document
+
  private:
   std::shared_ptr<Desk> desk_;
   std::vector<std::pair<std::u16string, DocumentFactory>> factories_;

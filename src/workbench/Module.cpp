@@ -195,19 +195,20 @@ bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& b
 /// Behind the first line, in a text that is the file's.
 bool Module::FindInFile(const Search& search, const Bounds& bounds, vbide::Selection& found) const {
   const SourceFile& file = text_.Opened();
-  const std::vector<SourceFile::Line>& lines = file.Lines();
-  const SourceFile::Line& last = lines[static_cast<std::size_t>(bounds.endLine) - 1];
+  const SourceFile::Line first = file.LineAt(static_cast<std::size_t>(bounds.startLine) - 1);
+  const SourceFile::Line last = file.LineAt(static_cast<std::size_t>(bounds.endLine) - 1);
   const std::string_view bytes = std::string_view(file.Bytes()).substr(0, last.begin + last.length);
-  for (std::int32_t line = bounds.startLine + 1; line <= bounds.endLine; ++line) {
-    const auto next = lines.begin() + line - 1;
-    const std::size_t hit = search.scanner.Find(bytes, next->begin);
-    if (hit == bytes.npos) return false;
-    const auto behind = std::partition_point(next, lines.begin() + bounds.endLine,
+  std::size_t hit = search.scanner.Find(bytes, first.begin + first.length);
+  while (hit != bytes.npos) {
+    const auto begin = file.Lines().begin();  // made at the first hit
+    const auto behind = std::partition_point(begin + bounds.startLine, begin + bounds.endLine,
                                              [hit](const SourceFile::Line& l) { return l.begin <= hit; });
-    line = static_cast<std::int32_t>(behind - lines.begin());
+    const auto line = static_cast<std::int32_t>(behind - begin);
     // A hit behind the end of its line is in a line end or in a hidden line.
     const bool isCode = hit < (behind - 1)->begin + (behind - 1)->length;
     if (isCode && FindInLine(search, line, bounds, found)) return true;
+    if (line >= bounds.endLine) return false;
+    hit = search.scanner.Find(bytes, behind->begin);
   }
   return false;
 }

@@ -42,13 +42,13 @@ ModuleText::ModuleText(std::shared_ptr<const SourceFile> file, const CodePage& p
 }
 
 std::int32_t ModuleText::Count() const {
-  return static_cast<std::int32_t>(edited_ ? records_.Size() : file_->Lines().size());
+  return edited_ ? static_cast<std::int32_t>(records_.Size()) : file_->CountOfLines();
 }
 
 LineRecord ModuleText::Record(std::int32_t index) const {
   const auto at = static_cast<std::size_t>(index);
   if (edited_) return records_[at];
-  const SourceFile::Line& line = file_->Lines()[at];
+  const SourceFile::Line line = file_->LineAt(at);
   return {line.begin, line.length};
 }
 

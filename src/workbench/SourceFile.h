@@ -13,6 +13,9 @@ struct FileLineSpan;
 ///
 /// A file is a header that the host hides (VERSION, Object and BEGIN … END lines, the Attribute lines behind them),
 /// then code in which single Attribute lines are hidden too. All offsets are bytes, 0-based; line numbers are 1-based.
+///
+/// Where the lines are is found out at the first question that needs it, so that a file may be made on any thread but
+/// then serves one thread at a time, readers included.
 class SourceFile {
  public:
   /// One line of code; the line end is not part of it. CR LF, a lone LF and a lone CR end a line.
@@ -34,12 +37,17 @@ class SourceFile {
   explicit SourceFile(std::string bytes);
 
   const std::string& Bytes() const { return bytes_; }
-  const std::vector<Line>& Lines() const { return lines_; }
+  /// Known from the start, unlike the lines.
+  std::int32_t CountOfLines() const { return countOfLines_; }
+  const std::vector<Line>& Lines() const;
+  /// Line `index`, 0-based, which exists; the first and the last one are found without all the others.
+  Line LineAt(std::size_t index) const;
   const std::vector<HiddenLine>& Hidden() const { return hidden_; }  ///< ascending by `begin`
   std::uint32_t CodeBegin() const { return codeBegin_; }             ///< where the header ends
 
   std::string_view LineBytes(std::size_t index) const {  ///< 0-based, without the line end
-    return std::string_view(bytes_).substr(lines_[index].begin, lines_[index].length);
+    const Line& line = Lines()[index];
+    return std::string_view(bytes_).substr(line.begin, line.length);
   }
   /// The line end behind a line: "\r\n", "\n", "\r", or empty at the end of the file. 0-based.
   std::string_view LineEnd(std::size_t index) const;
@@ -51,11 +59,14 @@ class SourceFile {
   const std::string& Name() const { return name_; }
 
  private:
-  /// True when the line is a hidden one, which is then noted.
-  bool TakeHidden(const FileLineSpan& span);
+  /// True when the line is a hidden one, which is then noted. `linesAbove` counts the lines of code before it.
+  bool TakeHidden(const FileLineSpan& span, std::size_t linesAbove);
+  Line FirstLine() const;
+  Line LastLine() const;
 
   std::string bytes_;
-  std::vector<Line> lines_;
+  mutable std::vector<Line> lines_;  ///< empty until it is asked for, then all of them
+  std::int32_t countOfLines_ = 0;
   std::vector<HiddenLine> hidden_;
   std::uint32_t codeBegin_ = 0;
   std::int32_t headerLines_ = 0;

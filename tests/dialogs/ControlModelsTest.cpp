@@ -44,13 +44,16 @@ TEST_F(ComboTest, EventsOfTextAndList) {
   combo.Pick(1);
   combo.Pick(7);
   combo.AddItem(u"zero", 0);
-  combo.RemoveItem(3);
-  EXPECT_EQ(State(), "two 2 0+0") << "the picked entry keeps its mark when others come and go";
+  EXPECT_EQ(State(), "two 2 0+0");
+  combo.RemoveItem(0);
   combo.RemoveItem(2);
+  EXPECT_EQ(State(), "two 1 0+0") << "the picked entry keeps its mark when others come and go";
+  combo.RemoveItem(1);
   combo.SetListIndex(0);
+  combo.Edit(u"oneself", 7, 0);
   combo.Clear();
   EXPECT_EQ(log, (Log{"change abc -1 0+0", "change abcd -1 4+0", "click two 1 0+0", "click two 1 0+0", "change  -1 0+0",
-                      "click zero 0 0+0", "change  -1 0+0"}));
+                      "click one 0 0+0", "change oneself -1 7+0", "change  -1 0+0"}));
   EXPECT_EQ(combo.ListCount(), 0);
 }
 

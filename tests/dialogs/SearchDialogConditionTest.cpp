@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "base/Error.h"
 #include "base/Text.h"
 #include "services/LanguageManager.h"
 
@@ -258,7 +259,18 @@ TEST_F(SearchDialogTest, AFailureInAnEventIsShownAndTheDialogGoesOn) {
   ASSERT_EQ(platform.prompts.Shown.size(), 3u);
   Globals::gobjSetting = setting;
   d.chkIgnoreComment->Press();
-  EXPECT_EQ(Condition(), "lost||1|0|0|0|0|0") << "ticked at the start, two clicks on: the count of calls is back at 0";
+  EXPECT_EQ(Condition(), "lost||1|0|0|0|0|0") << "ticked at the start, two clicks on";
+
+  int changes = 0;
+  auto onChanged = d.chkIgnoreComment->Changed.Subscribe([&] {
+    if (++changes == 3) RaiseError(ErrorNumber::Internal);
+  });
+  platform.prompts.Answers = {1};
+  d.chkIgnoreComment->Press();  // one change: what the click makes of the box is what the cycle wants
+  d.chkIgnoreComment->Press();  // two changes, of which the second is the cycle's own
+  onChanged.Reset();
+  d.chkIgnoreComment->Press();
+  EXPECT_EQ(Condition(), "lost||1|0|0|0|0|0") << "the count of calls is back at 0";
 }
 
 }  // namespace

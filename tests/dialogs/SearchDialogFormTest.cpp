@@ -106,6 +106,9 @@ TEST_F(SearchDialogFormTest, EnterPressesTheButtonThatHasTheFocus) {
   platform.prompts.Answers = {7};
   EXPECT_TRUE(d.PressKey(13, 0));
   EXPECT_EQ(platform.prompts.Shown.size(), 1u) << "the question of replace all";
+  d.optModeButtons[gsCommon]->Press();
+  EXPECT_TRUE(d.PressKey(13, 0));
+  EXPECT_EQ(Globals::gobjPageManager->mcolPages->Count(), 1) << "a disabled one leaves Enter to the default button";
   EXPECT_EQ(ErrorOf([&] { d.SetFocus(d.cmdCancel); }), 5) << "invisible";
 }
 

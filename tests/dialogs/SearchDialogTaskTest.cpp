@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "base/Error.h"
 #include "base/Text.h"
+#include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 #include "results/Page.h"
@@ -72,9 +74,11 @@ TEST_F(SearchDialogTaskTest, DuringATaskOnlyCancelAndTheModuleAreAlive) {
     d.cmdSearch->Press();
     d.mnuToNewTab.Press();
     EXPECT_FALSE(d.PressKey(13, 0));
+    EXPECT_FALSE(d.PressAccessKey(u'm')) << "a dead key does not hand the focus on, to Cancel";
   });
   d.cmdSearch->Press();
   EXPECT_EQ(alive, "lblCurModule cmdCancel ");
+  EXPECT_EQ(Rows(), "Search1\nfoo 1\nfoo 2\nfoo 3");
   EXPECT_EQ(Pages(), 1);
   EXPECT_EQ(Setting().menumSearchTo, 1);
 }
@@ -104,6 +108,22 @@ TEST_F(SearchDialogTaskTest, APageMadeBeforeTheDialogTakesTheSearch) {
   Ready().cmdSearch->Press();
   EXPECT_EQ(Rows(), "Search1\nfoo 1\nfoo 2\nfoo 3");
   EXPECT_EQ(Pages(), 1);
+}
+
+TEST_F(SearchDialogTaskTest, ASearchReachesTheCurrentPageAlsoWhenItsTabWasNotTold) {
+  PageManager& manager = *Globals::gobjPageManager;
+  manager.AddNewPage();
+  manager.AddNewPage();
+  bool fail = false;
+  const auto before = manager.TabChange.Subscribe([&] {
+    if (std::exchange(fail, false)) RaiseError(ErrorNumber::Internal);
+  });
+  frmSearchDialog& d = Ready();
+  fail = true;  // the dialog comes behind this listener
+  platform.prompts.Answers = {1};
+  manager.mobjTabCtrl->Item(std::u16string(u"Search1"))->Select();
+  d.cmdSearch->Press();
+  EXPECT_EQ(Rows(), "Search1\nfoo 1\nfoo 2\nfoo 3");
 }
 
 TEST_F(SearchDialogTaskTest, TheFirstShowFindsATaskThatIsRunning) {
@@ -158,15 +178,14 @@ TEST_F(SearchDialogTaskTest, CancelStopsAtTheNextMatchWithoutAMessage) {
 }
 
 TEST_F(SearchDialogTaskTest, AFailedTaskIsShownWithTheDialogAtRest) {
-  Module(u"M").CodePane()->Window()->SetVisible(false);
-  frmSearchDialog& d = Ready();
+  frmSearchDialog& d = Ready(u"foo(");
+  Regular();
   Setting().menumAutoHideSearchDlg = 1;
-  d.optAreaButtons[gsCurModule]->Press();
   platform.prompts.Answers = {1};
   d.cmdSearch->Press();
-  for (auto&b: platform.prompts.Shown) std::puts(ToUtf8(b.text).c_str());
-  ASSERT_EQ(platform.prompts.Shown.size(), 1u);
-  EXPECT_EQ(Commands(), "search edit [] hidden");
+  ASSERT_EQ(platform.prompts.Shown.size(), 1u) << "the pattern is no regular expression";
+  EXPECT_EQ(Commands(), "search replace edit [] hidden");
+  EXPECT_EQ(Setting().mcolSearchHistory.Count(), 1);
 }
 
 TEST_F(SearchDialogTaskTest, EscHidesAndTheTaskRunsOnAndShowExFindsIt) {
@@ -215,7 +234,6 @@ TEST_F(SearchDialogTaskTest, FollowsRepeatedSearchesOfTheCurrentPageAlone) {
 
 TEST_F(SearchDialogTaskTest, TheDialogIsAtRestBehindASearchWhosePageWasClosed) {
   frmSearchDialog& d = Ready();
-  platform.prompts.Answers = {1};  // the search finds nowhere to put its matches
   InTheFirstTurn([] { Globals::gobjPageManager->mcolPages->RemoveAll(); });
   d.cmdSearch->Press();
   EXPECT_EQ(Commands(), "search edit []");
@@ -225,9 +243,14 @@ TEST_F(SearchDialogTaskTest, TheDialogIsAtRestBehindASearchWhosePageWasClosed) {
 
 TEST_F(SearchDialogTaskTest, UnloadedDuringItsTaskTheDialogLeavesTheTaskAlone) {
   Ready();
-  InTheFirstTurn([&] { Dialog().Unload(); });
-  Dialog().cmdSearch->Press();
+  const auto gone = std::dynamic_pointer_cast<frmSearchDialog>(TheForms().Instance(u"frmSearchDialog"));
+  InTheFirstTurn([&] {
+    gone->Unload();
+    Setting().mstrSearchStr = u"of another dialog";
+  });
+  gone->cmdSearch->Press();
   EXPECT_EQ(Rows(), "Search1\nfoo 1\nfoo 2\nfoo 3");
+  EXPECT_EQ(gone->cmbSearch->Text(), u"foo");
   EXPECT_TRUE(platform.prompts.Shown.empty());
 }
 

@@ -57,12 +57,13 @@ TEST_F(PageTest, ItsControlsStandInTheDocumentUntilItCloses) {
             "mobjPanelSearch1; mobjLabelSearch1 in mobjPanelSearch1; mlstResultListSearch1 in mobjPanelSearch1; ");
   EXPECT_EQ(Active().mobjTab->Panel(), Active().mobjPanel);
   Pages().AddNewPage();
-  Pages().mcolPages->Item(u"Search1");
-  EXPECT_EQ(Doc().Controls().Item(u"mobjPanelSearch1")->Visible(), false) << "another tab is in front";
+  EXPECT_FALSE(Doc().Controls().Item(u"mobjPanelSearch1")->Visible()) << "another tab is in front";
 
   EXPECT_EQ(Search(u"x"), "");
   const auto closed = std::dynamic_pointer_cast<Page>(Pages().ActivePage());
+  const auto matches = closed->mcolResult;
   Doc().vbalDTabControl1->PressClose(closed->mobjTab);
+  EXPECT_EQ(matches->Count(), 0) << "whoever holds the matches holds none of a closed page";
   EXPECT_EQ(names(),
             "mobjPanelSearch1; mobjLabelSearch1 in mobjPanelSearch1; mlstResultListSearch1 in mobjPanelSearch1; ");
   EXPECT_EQ(closed->mobjTask, nullptr);

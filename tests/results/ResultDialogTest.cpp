@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -208,10 +209,14 @@ TEST_F(ResultDialogTest, SavingWritesXmlAloneAndOffersTheNameAgain) {
     EXPECT_EQ(dialog.Filter, u"Extensible markup language (*.XML)|*.XML");
     EXPECT_EQ(dialog.Title, u"Save as ...");
     EXPECT_EQ(dialog.DefaultExt, u".XML");
-    if (!chosen) continue;
+    if (!chosen) {
+      EXPECT_FALSE(std::filesystem::exists(ToUtf8(offered))) << "a cancel writes nothing";
+      continue;
+    }
     const std::string saved = Bytes(ToUtf8(*chosen));
     EXPECT_EQ(!saved.empty(), written) << ToUtf8(*chosen);
     EXPECT_EQ(saved.find("<MatchItem ID=\"3\"") != std::string::npos, written);
+    std::filesystem::remove(ToUtf8(*chosen));
   }
   EXPECT_EQ(Boxes(), "");
 
