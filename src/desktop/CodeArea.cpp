@@ -82,10 +82,12 @@ CodeWindow* CodeArea::WindowOf(const Pane& pane) const {
 void CodeArea::Sync() {
   if (std::exchange(syncing_, true)) return;
   const auto panes = workbench_.TheDesk()->Panes();
+  std::erase_if(watched_, [&](const auto& entry) {
+    return std::ranges::find(panes, entry.first, &std::shared_ptr<Pane>::get) == panes.end();
+  });
   for (CodeWindow* window : CodeWindows()) {
     const bool open = std::ranges::find(panes, window->ThePane()) != panes.end();
     if (open && window->ThePane()->TheWindow()->Visible()) continue;
-    watched_.erase(window->ThePane().get());
     removeSubWindow(window);
     window->deleteLater();
   }

@@ -47,9 +47,10 @@ xsltSecurityPrefsPtr NothingAllowed() {
 /// What the library writes of a text node in XML output.
 void AppendEscaped(std::string_view text, std::string& out) {
   std::size_t begin = 0;
-  for (std::size_t at = text.find_first_of("<>&\r"); at != text.npos; at = text.find_first_of("<>&\r", begin)) {
-    out.append(text.substr(begin, at - begin));
+  for (std::size_t at = 0; at < text.size(); ++at) {
     const char c = text[at];
+    if (c != '<' && c != '>' && c != '&' && c != '\r') continue;
+    out.append(text.substr(begin, at - begin));
     out.append(c == '<' ? "&lt;" : c == '>' ? "&gt;" : c == '&' ? "&amp;" : "&#13;");
     begin = at + 1;
   }

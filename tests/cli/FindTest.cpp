@@ -272,13 +272,22 @@ class InterruptTest : public FindTest {
     if (pipe(pipe_) != 0) throw std::runtime_error("no pipe");
     child_ = Start({"find", "x", "Big.bas"}, pipe_[1]);
     close(pipe_[1]);
-    for (int waiting = 0, before = -1; before != waiting || waiting == 0;) {
-      before = waiting;
-      std::this_thread::sleep_for(std::chrono::milliseconds(200));
-      ioctl(pipe_[0], FIONREAD, &waiting);
-    }
   }
   ~InterruptTest() override { close(pipe_[0]); }
+
+  /// Waits until what stands in the pipe grows no more. Without any output the test does not run.
+  void SetUp() override {
+    constexpr int patience = 150;
+    int waiting = 0;
+    for (int i = 0; i < patience; ++i) {
+      const int before = waiting;
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      ioctl(pipe_[0], FIONREAD, &waiting);
+      if (waiting > 0 && waiting == before) return;
+    }
+    kill(child_, SIGKILL);
+    FAIL() << "no output: " << Wait(child_).err;
+  }
 
   /// Reads what comes until the other end closes; gives the number of lines.
   std::ptrdiff_t Drain() {

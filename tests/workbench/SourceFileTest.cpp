@@ -55,6 +55,19 @@ void ExpectWhole(const SourceFile& file) {
   EXPECT_EQ(rebuilt, file.Bytes());
 }
 
+/// What a file tells before its lines are cut is what the lines then say.
+void ExpectKnownBeforehand(const std::string& bytes) {
+  const SourceFile cut(bytes);
+  const std::vector<SourceFile::Line>& lines = cut.Lines();
+  ASSERT_EQ(cut.CountOfLines(), static_cast<std::int32_t>(lines.size()));
+  if (lines.empty()) return;
+  const SourceFile whole(bytes);
+  EXPECT_EQ(whole.LineAt(0), lines.front());
+  EXPECT_EQ(whole.LineAt(lines.size() - 1), lines.back());
+  EXPECT_EQ(whole.LineAt(lines.size() / 2), lines[lines.size() / 2]);
+  EXPECT_EQ(whole.LineAt(lines.size() - 1), lines.back());
+}
+
 struct Case {
   const char* what;
   std::string bytes;
@@ -67,6 +80,7 @@ TEST_P(SourceFileTest, ShowsCodeAlone) {
   const SourceFile file(GetParam().bytes);
   EXPECT_EQ(Describe(file), GetParam().expected);
   ExpectWhole(file);
+  ExpectKnownBeforehand(GetParam().bytes);
 }
 
 using namespace std::string_literals;
@@ -130,7 +144,25 @@ TEST(SourceFile, CutsAnyBytes) {
     for (auto n = random() % 60; n > 0; --n) bytes += kPieces[random() % kPieces.size()];
     const SourceFile file("x\n" + bytes);
     ExpectWhole(file);
+    ExpectKnownBeforehand("x\n" + bytes);
+    ExpectKnownBeforehand(bytes);
     EXPECT_EQ(file.Lines().size() + file.Hidden().size(), SplitPlainly(file.Bytes()).size());
+  }
+}
+
+/// Line ends are counted block by block; these lie on both sides of every border.
+TEST(SourceFile, CountsTheLinesOfLongFiles) {
+  for (const std::string lineEnd : {"\n", "\r", "\r\n", "\n\r"}) {
+    for (std::size_t before = 0; before < 130; ++before) {
+      std::string bytes(before, 'x');
+      const std::size_t ends = lineEnd == "\n\r" ? 2 : 1;
+      for (int i = 0; i < 300; ++i) bytes += lineEnd + "y";
+      EXPECT_EQ(SourceFile(bytes).CountOfLines(), 300 * static_cast<int>(ends) + 1) << before;
+    }
+    std::string longer;
+    for (int i = 0; i < 60000; ++i) longer += lineEnd;
+    ExpectKnownBeforehand(longer);
+    ExpectKnownBeforehand(longer + "x");
   }
 }
 

@@ -1,0 +1,41 @@
+#include "cli/DesktopLauncher.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "cli/Diagnostics.h"
+#include "native/UserFolders.h"
+
+namespace quorvane::cli {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> kOwn = {"find", "replace", "list", "--help", "-h", "--version"};
+constexpr int kStatusError = 2;
+
+}  // namespace
+
+bool WantsDesktop(int argc, const char* const* argv) {
+  if (argc < 2) return true;
+  const std::string_view first = argv[1];
+  if (std::ranges::find(kOwn, first) != kOwn.end()) return false;
+  std::error_code failed;
+  return first.starts_with('-') || std::filesystem::exists(first, failed);
+}
+
+int LaunchDesktop(char* const* argv) {
+  const std::string program = native::ProgramFolder() + "/quorvane-desktop";
+  execv(program.c_str(), argv);
+  TellError(program + ": " + std::strerror(errno) + "; 'quorvane --help' tells of the command line");
+  return kStatusError;
+}
+
+}  // namespace quorvane::cli

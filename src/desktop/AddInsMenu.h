@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMenu>
+#include <memory>
+#include <vector>
+
+#include "base/Event.h"
+
+namespace quorvane::workbench {
+class CommandButton;
+class HostCommandBar;
+}  // namespace quorvane::workbench
+
+namespace quorvane::desktop {
+
+/// A menu that shows the buttons of one of the host's bars as they are.
+class AddInsMenu final : public QMenu {
+ public:
+  AddInsMenu(std::shared_ptr<workbench::HostCommandBar> bar, QWidget* parent);
+  ~AddInsMenu() override;
+
+  Event<> Changed;  ///< a button came, went, or changed; as after a change of language
+
+ private:
+  void Rebuild();
+  void Follow(QAction& action, const workbench::CommandButton& button);
+
+  std::shared_ptr<workbench::HostCommandBar> bar_;
+  std::vector<Subscription> buttons_;
+  Subscription barChanged_;
+};
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,76 @@
+#include "desktop/Desktop.h"
+
+#include "desktop/FormWindows.h"
+#include "desktop/InputFilter.h"
+#include "desktop/MainWindow.h"
+#include "desktop/QtWindows.h"
+#include "desktop/views/RegisterViews.h"
+#include "dialogs/RegisterDialogs.h"
+#include "host/Connect.h"
+#include "host/Globals.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Forms.h"
+#include "results/ResultDialog.h"
+#include "services/LanguageManager.h"
+#include "workbench/AddInLoader.h"
+#include "workbench/HostWindows.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+constexpr char16_t kAddIn[] = u"QuorvaneForVB6.Connect";
+
+}  // namespace
+
+Desktop::Desktop(const QtPlatform::Setup& setup)
+    : platform_(setup),
+      settings_(QString::fromStdString(setup.configFolder + "/desktop.ini"), QSettings::IniFormat),
+      workbench_(std::make_shared<workbench::Workbench>(platform_.AnsiCodePage())),
+      windows_(std::make_unique<QtWindows>(*workbench_)) {
+  platform_.SetWindows(windows_.get());
+  RegisterViews(views_, *windows_);
+  window_ = std::make_unique<MainWindow>(*workbench_, *windows_, views_, settings_);
+  forms_ = std::make_unique<FormWindows>(views_, *windows_, *window_);
+  input_ = std::make_unique<InputFilter>(workbench_->Turns());
+  addIns_ = std::make_unique<workbench::AddInLoader>(workbench_);
+  addIns_->Register(kAddIn, [] { return std::make_shared<Connect>(); });
+  workbench_->TheWindows()->RegisterDocumentFactory(std::u16string(ResultDialog::ProgId),
+                                                    [] { return std::make_shared<ResultDialog>(); });
+  RegisterDialogs();
+  closing_ = window_->Closing.Subscribe([this] { Stop(); });
+}
+
+Desktop::~Desktop() {
+  Stop();
+  input_.reset();
+  forms_.reset();
+  window_.reset();
+  TheForms().Forget();
+  addIns_.reset();
+  workbench_.reset();
+  Globals::EndOfCode();
+}
+
+void Desktop::Start() {
+  running_ = true;
+  languageAsked_ = window_->LanguageAsked.Subscribe([this] { FollowLanguage(); });
+  addIns_->Load(kAddIn, vbide::ConnectMode::Startup);
+  FollowLanguage();
+  window_->RestoreLayout();
+  window_->show();
+}
+
+void Desktop::Stop() {
+  if (!running_) return;
+  running_ = false;
+  languageAsked_.Reset();
+  addIns_->UnloadAll(vbide::DisconnectMode::HostShutdown);
+}
+
+void Desktop::FollowLanguage() {
+  window_->SetLanguage(Globals::Language().Language);
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QStringList>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Event.h"
+
+class QWidget;
+
+namespace quorvane {
+
+namespace workbench {
+class Component;
+class Project;
+class Workbench;
+}  // namespace workbench
+
+namespace desktop {
+
+class Texts;
+
+/// Opens, saves, reloads and closes, asking the user where work could be lost and telling what went wrong. What fails
+/// leaves files and modules as they were.
+class FileCommands {
+ public:
+  /// `window` is the parent of all boxes. All three outlive this.
+  FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts);
+
+  /// Closes what is open and opens `files` instead. When that fails, what was open is opened again. False when the user
+  /// did not want to, or nothing was opened.
+  bool Open(const QStringList& files);
+  /// Opens files beside what is open.
+  bool Add(const QStringList& files);
+  /// The open dialog; empty when the user cancels.
+  QStringList AskForFiles() const;
+
+  /// False when nothing was saved for an error, which was told.
+  bool Save(const workbench::Component& component);
+  bool SaveAll();
+  /// Asks about edits that are not saved. False when the user wants to stay.
+  bool CloseAll();
+  bool CloseProject(const std::shared_ptr<workbench::Project>& project);
+
+  /// Loads again what other programs changed on disk; asks where that touches edits that are not saved.
+  void CheckDisk();
+
+  /// What the user opened and has not closed.
+  const QStringList& OpenFiles() const { return open_; }
+  int ModifiedCount() const;
+
+  Event<> Opened;                    ///< other files than before
+  Event<> Saved;                     ///< the modified marks may have changed
+  Event<const QString&> Told;        ///< a line that needs no answer
+
+ private:
+  using ComponentList = std::vector<std::shared_ptr<workbench::Component>>;
+
+  bool OpenNow(const QStringList& files);
+  bool MayClose(const ComponentList& modified);
+  void CloseNow();
+  ComponentList Modified(const workbench::Project* project) const;
+  ComponentList OfFile(const std::string& path) const;
+  template <class SaveFiles>
+  bool Guarded(SaveFiles save);
+  void CheckFile(const std::shared_ptr<workbench::Component>& component);
+  void TellWarnings(const std::vector<std::string>& warnings);
+  void TellError(const QString& what, const QString& why);
+
+  workbench::Workbench& workbench_;
+  QWidget& window_;
+  const Texts& texts_;
+  QStringList open_;
+  bool checking_ = false;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

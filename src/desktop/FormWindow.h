@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class Dialog;
+class Form;
+
+namespace desktop {
+
+class QtWindows;
+class ViewFactory;
+
+/// The window of one open form, of a size that its view chooses. Follows caption, visibility, modality and place of the
+/// form; the user's close box goes to the form, which decides.
+class FormWindow final : public QWidget {
+ public:
+  /// The window belongs to `owner`, above which it stays, and keeps the form until it goes itself.
+  FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void Follow();
+  void TellSize();
+
+  std::shared_ptr<Form> form_;
+  Dialog* dialog_;  ///< the form when it is one, else nothing
+  bool busy_ = false;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

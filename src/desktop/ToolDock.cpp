@@ -1,0 +1,41 @@
+#include "desktop/ToolDock.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <utility>
+
+#include "desktop/QtText.h"
+#include "desktop/QtWindows.h"
+#include "desktop/ViewFactory.h"
+#include "workbench/ToolWindow.h"
+
+namespace quorvane::desktop {
+
+ToolDock::ToolDock(std::shared_ptr<workbench::ToolWindow> window, const ViewFactory& views, QtWindows& windows,
+                   QWidget* parent)
+    : QDockWidget(parent), window_(std::move(window)) {
+  setObjectName(ToQString(window_->GuidPosition()));
+  if (QWidget* view = views.MakeView(*window_->TheDocument(), this)) {
+    setWidget(view);
+    setFocusProxy(view);
+  }
+  windows.Bind(window_->Handle(), *this);
+  connect(toggleViewAction(), &QAction::triggered, this, [this](bool shown) { window_->SetVisible(shown); });
+  changed_ = window_->Changed.Subscribe([this] { Follow(); });
+  Follow();
+}
+
+void ToolDock::Follow() {
+  setWindowTitle(ToQString(window_->Caption()));
+  const bool shown = window_->Visible();
+  if (shown == !isHidden()) return;
+  setVisible(shown);
+  if (shown) raise();
+}
+
+void ToolDock::closeEvent(QCloseEvent* event) {
+  QDockWidget::closeEvent(event);
+  if (event->isAccepted()) window_->SetVisible(false);
+}
+
+}  // namespace quorvane::desktop
