@@ -43,7 +43,7 @@ _xmlNode* NewTextNode(_xmlDoc* document, std::string_view value) {
     xmlFree(node);
     throw std::bad_alloc();
   }
-  std::memcpy(node->content, value.data(), value.size());
+  if (!value.empty()) std::memcpy(node->content, value.data(), value.size());
   node->content[value.size()] = 0;
   return node;
 }

@@ -1,0 +1,289 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "native/LibXmlDocument.h"
+#include "native/Stylesheet.h"
+
+namespace quorvane::native {
+namespace {
+
+/// A stylesheet that nobody takes for one that stays inside of an element.
+constexpr std::u16string_view kFarReaching = u"<xsl:variable name='unused' select='1'/>";
+
+struct Sheet {
+  bool StaysInside;
+  std::u16string Body;  ///< of the template of `e`
+  std::u16string Top = {};
+
+  std::u16string Text(std::u16string_view more = {}) const {
+    return u"<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+           u"<xsl:output omit-xml-declaration='yes'/>" +
+           std::u16string(more) + Top + u"<xsl:template match='e'>" + Body + u"</xsl:template></xsl:stylesheet>";
+  }
+};
+
+std::u16string ValueOf(std::u16string_view expression) {
+  return u"<xsl:value-of select=\"" + std::u16string(expression) + u"\"/>";
+}
+
+const std::vector<Sheet>& Sheets() {
+  static const std::vector<Sheet> sheets = {
+      // what stays inside
+      {true, ValueOf(u"@a") + u"\\" + ValueOf(u"@b") + u"[" + ValueOf(u"@missing") + u"]"},
+      {true, u"<xsl:value-of disable-output-escaping='yes' select='@a'/>|<xsl:copy-of select='@a'/>",
+       u"<xsl:output method='text'/>"},
+      {true, u"<xsl:for-each select='@*'>" + ValueOf(u"name()") + u"=" + ValueOf(u".") + u";" + ValueOf(u"position()") +
+                 u"/" + ValueOf(u"last()") + u" </xsl:for-each>"},
+      {true, u"<xsl:for-each select='@*'><xsl:sort select='.' order='descending'/><xsl:sort select='name()'/>" +
+                 ValueOf(u"concat(local-name(), ':', .)") + u"</xsl:for-each>"},
+      {true,
+       u"<xsl:choose><xsl:when test='@a &gt; 3'>big</xsl:when><xsl:when test=\"contains(@b, '/..')\">slash"
+       u"</xsl:when><xsl:otherwise>" +
+           ValueOf(u"substring-before(concat(@a, '::', @b), ':')") + u"</xsl:otherwise></xsl:choose>"},
+      {true, ValueOf(u"position()") + ValueOf(u"last()") + ValueOf(u"count(@*) + count(*) + count(node())")},
+      {true, ValueOf(u"attribute::a[1]") + ValueOf(u"self::e/@a"), u""},
+      {true, ValueOf(u"@*[2]") + ValueOf(u"self::f") + ValueOf(u"count(self::node())") + ValueOf(u"@*[last()]")},
+      {true, u"<xsl:apply-templates select='@*'/>", u"<xsl:template match='@a'>A</xsl:template>"},
+      {true, u"<xsl:call-template name='t'><xsl:with-param name='p' select='@b'/></xsl:call-template>",
+       u"<xsl:template name='t'><xsl:param name='p'/><xsl:param name='q' select='@a'/>" + ValueOf(u"$p") +
+           ValueOf(u"$q") + u"</xsl:template><xsl:template match='/'>document</xsl:template>"},
+      {true, u"<xsl:variable name='t'><b><xsl:value-of select='@a'/></b></xsl:variable>" + ValueOf(u"$t") +
+                 u"<xsl:copy-of select='$t'/>"},
+      {true, u"<xsl:copy><xsl:copy-of select='@*'/></xsl:copy><xsl:copy-of select='.'/>"},
+      {true, u"<b a='{@a}{count(@*)}'><xsl:attribute name='{name()}'>v</xsl:attribute></b>"},
+      {true, u"<xsl:if test=\"lang and false() or (@a)\">" + ValueOf(u"translate(normalize-space(@b), ' ', '_')") +
+                 u"</xsl:if><xsl:message>heard</xsl:message>" + ValueOf(u"format-number(string-length(@b), '0.0')")},
+      {true, u"<xsl:message terminate='yes'>stop</xsl:message>"},
+      {true, ValueOf(u"$nothing")},
+      {true, ValueOf(u"'/' = current()/@a or '..'") + u"x", u""},
+      // what looks further
+      {false, ValueOf(u"count(preceding-sibling::*)") + ValueOf(u"following::e/@a")},
+      {false, ValueOf(u"count(//e)") + ValueOf(u"/r/e[2]/@a")},
+      {false, ValueOf(u"name(..)") + ValueOf(u"../@a")},
+      {false, u"<xsl:for-each select='ancestor::node()'>" + ValueOf(u"name()") + u",</xsl:for-each>"},
+      {false, u"<xsl:number/>"},
+      {false, u"<xsl:apply-templates select='parent::*' mode='m'/>",
+       u"<xsl:template match='r' mode='m'>R" + ValueOf(u"count(e)") + u"</xsl:template>"},
+      {false, u"late", u"<xsl:template match='e[1]' priority='2'>first</xsl:template>"},
+      {false, u"late", u"<xsl:template match='e[position() = last()]' priority='2'>last</xsl:template>"},
+      {false, u"late", u"<xsl:template match='r/e' priority='2'>inner</xsl:template>"},
+      {false, u"<b a='don{\"\"}t {count(../e)} don{\"\"}t'/>"},
+      {false, ValueOf(u"count(key('k', @a))"), u"<xsl:key name='k' match='e' use='@a'/>"},
+      {false, ValueOf(u"$g"), u"<xsl:variable name='g' select='count(//e)'/>"},
+      {false, ValueOf(u"count(id('x') | document('')) + 1")},
+      {false, ValueOf(u"lang('en')")},
+      {false, ValueOf(u"generate-id()")},
+      {false, ValueOf(u"nope()")},
+      {false, u"<b xmlns='urn:b' a='1'/>"},
+  };
+  return sheets;
+}
+
+std::string Outcome(const XmlElement& element, XmlDocument& sheet, const std::u16string& text) {
+  sheet.LoadXml(text);
+  try {
+    return ToUtf8(element.TransformNode(sheet));
+  } catch (const Error& error) {
+    return std::string("error: ") + error.what();
+  }
+}
+
+bool StaysInside(const std::u16string& sheet) {
+  return Stylesheet(ToUtf8(sheet)).StaysInside();
+}
+
+TEST(TransformRoadsTest, StylesheetsThatStayInsideAreTold) {
+  for (const Sheet& sheet : Sheets()) {
+    // A step behind a slash could be followed further, but is not.
+    const bool expected = sheet.StaysInside && sheet.Body.find(u"/@a") == sheet.Body.npos;
+    EXPECT_EQ(StaysInside(sheet.Text()), expected) << ToUtf8(sheet.Text());
+    EXPECT_FALSE(StaysInside(sheet.Text(kFarReaching)));
+  }
+}
+
+TEST(TransformRoadsTest, WhatCouldHideAWayOutDoesNotPass) {
+  const std::u16string_view bodies[] = {
+      u"<b a=\"don't {../@a} don't\"/>",                 // no literal outside of an expression
+      u"<xsl:value-of select=\"concat('a', ../@a)\"/>",  // between literals
+      u"<xsl:value-of select=\"'a' | .. | 'b'\"/>",
+      u"<xsl:value-of select='.&#46;'/>",
+      u"<xsl:value-of select='parent :: *'/>",
+      u"<xsl:value-of select='document (\"\")'/>",
+      u"<xsl:value-of select='id&#10;(\"x\")'/>",
+      u"<xsl:value-of select='descendant-or-self::e'/>",
+      u"<xsl:value-of select='namespace::*'/>",
+      u"<xsl:copy-of select='&#47;'/>",
+      u"<xsl:if test='1'><b><xsl:if test='..'/></b></xsl:if>",
+      u"<xsl:for-each select='@*'><xsl:sort select='../@a'/></xsl:for-each>",
+      u"<xsl:for-each select='@*'><xsl:sort order='{name(..)}'/></xsl:for-each>",
+      u"<xsl:apply-imports/>",
+      u"<xsl:fallback/>",
+      u"<x:b xmlns:x='urn:x'/>",
+      u"<b xsl:extension-element-prefixes='x' xmlns:x='urn:x'/>",
+  };
+  for (const std::u16string_view body : bodies) {
+    EXPECT_FALSE(StaysInside(Sheet{false, std::u16string(body)}.Text())) << ToUtf8(body);
+  }
+  const std::u16string_view tops[] = {
+      u"<xsl:param name='p'/>",
+      u"<xsl:strip-space elements='*'/>",
+      u"<xsl:attribute-set name='s'><xsl:attribute name='a'><xsl:value-of select='..'/></xsl:attribute>"
+      u"</xsl:attribute-set>",
+      u"<xsl:template match='r//f'/>",
+      u"<xsl:template match=\"id('x')\"/>",
+      u"<xsl:template name='never'><xsl:value-of select='/'/></xsl:template>",
+      u"<other xmlns='urn:x'/>",
+  };
+  for (const std::u16string_view top : tops) {
+    EXPECT_FALSE(StaysInside(Sheet{false, u"", std::u16string(top)}.Text())) << ToUtf8(top);
+  }
+  EXPECT_TRUE(StaysInside(Sheet{true, u"<xsl:sort/>"}.Text()));
+  const std::u16string typed = u"<!DOCTYPE xsl:stylesheet [<!ATTLIST xsl:value-of select CDATA '..'>]>" +
+                               Sheet{false, u"<xsl:value-of/>"}.Text();
+  EXPECT_FALSE(StaysInside(typed));
+}
+
+/// One of two documents that live through the same. The second is always transformed by way of its nodes.
+struct Twin {
+  LibXmlDocument Document;
+  LibXmlDocument Stylesheet;
+  std::vector<std::shared_ptr<XmlElement>> Held;
+  std::u16string More;  ///< goes into every stylesheet
+};
+
+class Twins {
+ public:
+  explicit Twins(unsigned seed) : mvarRandom(seed) {
+    mobjTwins[1].More = kFarReaching;
+    Both([](Twin& twin) { twin.Document.LoadXml(u"<r xml:lang='en'><e a='1' b='2'/><f><e/></f></r>"); });
+  }
+
+  /// Differences go to the test's report.
+  void Step() {
+    const std::size_t a = Pick(mobjTwins[0].Held.size() + 1);
+    const std::size_t b = Pick(mobjTwins[0].Held.size() + 1);
+    switch (Pick(14)) {
+      case 0:
+        return Both([&](Twin& twin) { Attach(twin, twin.Document.CreateElement(mlngStep % 4 == 0 ? "f" : "e")); });
+      case 1:
+        return Compare([](Twin& twin) { return twin.Document.Xml(); });
+      case 2:
+        return Compare([&](Twin& twin) { return Try([&] { Of(twin, a).AppendChild(Of(twin, b)); }); });
+      case 3:
+        if (Pick(6) == 0) Both([&](Twin& twin) { NewRoot(twin, Of(twin, a)); });
+        return;
+      case 4:
+        if (Pick(8) == 0) Both([](Twin& twin) { twin.Held.clear(); });
+        return;
+      case 5:
+        return Compare([&](Twin& twin) {
+          return ToUtf8(Of(twin, a).GetAttribute("a")) + '|' + ToUtf8(Of(twin, a).GetAttribute("long-name")) + '|' +
+                 ToUtf8(Of(twin, a).GetAttribute("missing"));
+        });
+      case 6:
+      case 7:
+      case 8:
+        return SetAttributes(a);
+      default:
+        return Transform(a, Sheets()[Pick(Pick(2) == 0 ? 16 : Sheets().size())]);
+    }
+  }
+
+  std::size_t Elements() const { return mobjTwins[0].Held.size(); }
+
+ private:
+  template <class Act>
+  void Both(Act act) {
+    ++mlngStep;
+    for (Twin& twin : mobjTwins) act(twin);
+  }
+  template <class Ask>
+  void Compare(Ask ask) {
+    EXPECT_EQ(ask(mobjTwins[0]), ask(mobjTwins[1]));
+  }
+  template <class Act>
+  static std::string Try(Act act) {
+    try {
+      act();
+    } catch (const Error& error) {
+      return error.what();
+    }
+    return {};
+  }
+
+  std::size_t Pick(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(mvarRandom); }
+
+  /// The document element stands behind the held ones.
+  static XmlElement& Of(Twin& twin, std::size_t index) {
+    if (index < twin.Held.size()) return *twin.Held[index];
+    static std::shared_ptr<XmlElement> root;
+    root = twin.Document.DocumentElement();
+    return *root;
+  }
+
+  void Attach(Twin& twin, std::shared_ptr<XmlElement> element) {
+    if (mlngStep % 3 != 0) twin.Document.DocumentElement()->AppendChild(*element);
+    twin.Held.push_back(std::move(element));
+  }
+
+  void NewRoot(Twin& twin, XmlElement& element) {
+    if (mlngStep % 2 == 0) return twin.Document.SetDocumentElement(element);
+    twin.Document.SetDocumentElement(*twin.Document.CreateElement("r"));
+  }
+
+  void SetAttributes(std::size_t index) {
+    static const std::string_view names[] = {"a", "b", "c", "long-name", "d"};
+    static const std::u16string_view values[] = {u"",    u"1",    u"7", u"a value of more than fifteen characters",
+                                                 u"<&>", u"\r\n", u"中"};
+    for (std::size_t count = Pick(6); count > 0; --count) {
+      const std::string_view name = names[Pick(std::size(names))];
+      std::u16string value(values[Pick(std::size(values))]);
+      if (Pick(40) == 0) value.assign(20'000, u'x');
+      Both([&](Twin& twin) { Of(twin, index).SetAttribute(name, value); });
+    }
+  }
+
+  void Transform(std::size_t index, const Sheet& sheet) {
+    const auto outcome = [&](Twin& twin) { return Outcome(Of(twin, index), twin.Stylesheet, sheet.Text(twin.More)); };
+    EXPECT_EQ(outcome(mobjTwins[0]), outcome(mobjTwins[1])) << ToUtf8(sheet.Text());
+  }
+
+  std::mt19937 mvarRandom;
+  Twin mobjTwins[2];
+  std::size_t mlngStep = 0;
+};
+
+TEST(TransformRoadsTest, BothRoadsGiveTheSame) {
+  const unsigned base = std::random_device{}();
+  std::size_t most = 0;
+  for (unsigned seed = base; seed < base + 40; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    Twins twins(seed);
+    for (int step = 0; step < 400 && !HasFailure(); ++step) {
+      twins.Step();
+      most = std::max(most, twins.Elements());
+    }
+    if (HasFailure()) return;
+  }
+  EXPECT_GT(most, 10U);
+}
+
+/// An element as a child of one that declares a namespace, which a copy of it declares too.
+TEST(TransformRoadsTest, NamespacesFromFurtherUpAreCopied) {
+  LibXmlDocument document;
+  LibXmlDocument stylesheet;
+  ASSERT_TRUE(document.LoadXml(u"<r xmlns:p='urn:p'/>"));
+  const auto element = document.CreateElement("e");
+  const Sheet sheet{true, u"<xsl:copy-of select='.'/>"};
+  EXPECT_EQ(Outcome(*element, stylesheet, sheet.Text()), "<e/>");
+  document.DocumentElement()->AppendChild(*element);
+  EXPECT_EQ(Outcome(*element, stylesheet, sheet.Text()), "<e xmlns:p=\"urn:p\"/>");
+}
+
+}  // namespace
+}  // namespace quorvane::native
