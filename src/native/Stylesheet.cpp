@@ -108,7 +108,8 @@ Stylesheet::Stylesheet(const std::string& xml) {
     RaiseError(ErrorNumber::InvalidProcedureCall, u"The stylesheet is not well-formed: " + capture.FirstParseError());
   }
   Inspect(document);
-  mblnStaysInside = mblnStateless && native::StaysInside(document);
+  mblnStaysInside = native::StaysInside(document);
+  if (mblnStaysInside) mblnStateless = true;  // the other look at it is a coarse one
   mobjStyle = xsltParseStylesheetDoc(document);
   if (mobjStyle == nullptr) xmlFreeDoc(document);
   if (mobjStyle == nullptr || mobjStyle->errors != 0) {
