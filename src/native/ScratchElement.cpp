@@ -32,14 +32,12 @@ ScratchElement::~ScratchElement() {
 void ScratchElement::Begin(const unsigned char* name) {
   mobjElement->name = name;
   mobjElement->properties = nullptr;
-  if (mlngCount > 0) mcolAttributes[mlngCount - 1]->next = nullptr;
   mlngCount = 0;
 }
 
 void ScratchElement::Add(const unsigned char* name, std::string_view value) {
   if (mlngCount == mcolAttributes.size()) {
-    mcolAttributes.push_back(nullptr);
-    mcolAttributes.back() = NewAttributeNode(name, NewTextNode(mobjDocument, {}));
+    mcolAttributes.push_back(NewAttributeNode(name, NewTextNode(mobjDocument, {})));
   }
   xmlAttr* attribute = mcolAttributes[mlngCount];
   attribute->name = name;
