@@ -25,13 +25,16 @@ constexpr int kStatusError = 2;
 
 bool WantsDesktop(int argc, const char* const* argv) {
   if (argc < 2) return true;
-  const std::string_view first = argv[1];
-  if (std::ranges::find(kOwn, first) != kOwn.end()) return false;
-  std::error_code failed;
-  return first.starts_with('-') || std::filesystem::exists(first, failed);
+  return std::ranges::find(kOwn, std::string_view(argv[1])) == kOwn.end();
 }
 
 int LaunchDesktop(char* const* argv) {
+  const std::string_view first = argv[0] != nullptr && argv[1] != nullptr ? argv[1] : "-";
+  std::error_code failed;
+  if (!first.starts_with('-') && !std::filesystem::exists(first, failed)) {
+    TellError(std::string(first) + ": neither a command (find, replace, list) nor a file");
+    return kStatusError;
+  }
   const std::string program = native::ProgramFolder() + "/quorvane-desktop";
   execv(program.c_str(), argv);
   TellError(program + ": " + std::strerror(errno) + "; 'quorvane --help' tells of the command line");

@@ -36,7 +36,8 @@ CodeArea::CodeArea(workbench::Workbench& workbench, QtWindows& windows, const Te
 }
 
 CodeArea::~CodeArea() {
-  syncing_ = true;  // closing windows choose no other
+  syncing_ = true;  // windows that go choose no other
+  for (CodeWindow* window : CodeWindows()) delete window;
 }
 
 int CodeArea::NormalTextSize() {
@@ -121,12 +122,8 @@ CodeWindow* CodeArea::Open(const std::shared_ptr<Pane>& pane) {
   CodeEdit& editor = window->Editor();
   connect(&editor, &QPlainTextEdit::cursorPositionChanged, this, [this] { CurrentChanged.Raise(); });
   connect(&editor, &QPlainTextEdit::selectionChanged, this, [this] { CurrentChanged.Raise(); });
-  connect(window, &QObject::destroyed, this, [this] { CurrentChanged.Raise(); });
-  // Both live as long as the editor does.
-  auto* subscriptions = new std::vector<Subscription>;
-  subscriptions->push_back(editor.MenuWanted.Subscribe([this](const QPoint& place) { MenuWanted.Raise(place); }));
-  subscriptions->push_back(editor.Zoomed.Subscribe([this](int size) { SetTextSize(size); }));
-  connect(&editor, &QObject::destroyed, this, [subscriptions] { delete subscriptions; });
+  window->Hold(editor.MenuWanted.Subscribe([this](const QPoint& place) { MenuWanted.Raise(place); }));
+  window->Hold(editor.Zoomed.Subscribe([this](int size) { SetTextSize(size); }));
 
   const bool maximized = HasTabs() || (activeSubWindow() != nullptr && activeSubWindow()->isMaximized());
   addSubWindow(window);
@@ -165,17 +162,20 @@ void CodeArea::UpdateTitles() {
 void CodeArea::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Window).darker(104));
-  if (!subWindowList().isEmpty() || !workbench_.Projects().empty()) return;
+  if (!subWindowList().isEmpty()) return;
+  const bool open = !workbench_.Projects().empty();
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.5);
   painter.setFont(large);
   painter.setPen(palette().color(QPalette::WindowText));
   const QRect upper = viewport()->rect().adjusted(0, 0, 0, -viewport()->height() / 2 - 4);
-  painter.drawText(upper, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap, texts_(Text::Hint));
+  painter.drawText(upper, Qt::AlignHCenter | Qt::AlignBottom | Qt::TextWordWrap,
+                   texts_(open ? Text::HintOpen : Text::Hint));
   painter.setFont(font());
-  painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+  painter.setPen(palette().color(QPalette::PlaceholderText));
   const QRect lower = viewport()->rect().adjusted(0, viewport()->height() / 2 + 8, 0, 0);
-  painter.drawText(lower, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, texts_(Text::HintMore));
+  painter.drawText(lower, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                   texts_(open ? Text::HintSearch : Text::HintMore));
 }
 
 }  // namespace quorvane::desktop

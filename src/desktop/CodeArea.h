@@ -43,8 +43,8 @@ class CodeArea final : public QMdiArea {
   /// After a save: the modified marks as they are now.
   void UpdateTitles();
 
-  Event<> CurrentChanged;            ///< another window in front, or its cursor moved
-  Event<const QPoint&> MenuWanted;   ///< the menu of the editor in front, at this place of the screen
+  Event<> CurrentChanged;           ///< another window in front, or its cursor moved
+  Event<const QPoint&> MenuWanted;  ///< the menu of the editor in front, at this place of the screen
 
  protected:
   void paintEvent(QPaintEvent* event) override;

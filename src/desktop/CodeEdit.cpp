@@ -24,7 +24,8 @@ constexpr int kSmallestFont = 6;
 constexpr int kLargestFont = 48;
 
 qsizetype LeadingBlanks(const QString& line) {
-  const auto first = std::ranges::find_if(line, [](QChar c) { return c != QLatin1Char(' ') && c != QLatin1Char('\t'); });
+  const auto first =
+      std::ranges::find_if(line, [](QChar c) { return c != QLatin1Char(' ') && c != QLatin1Char('\t'); });
   return first - line.begin();
 }
 

@@ -2,6 +2,8 @@
 
 #include <QMdiSubWindow>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "base/Event.h"
 
@@ -35,6 +37,8 @@ class CodeWindow final : public QMdiSubWindow {
   void UpdateTitle();
   /// As the pane's window is to be shown: normal, minimized or maximized.
   void FollowState();
+  /// Keeps a subscription for as long as the window lives.
+  void Hold(Subscription subscription) { held_.push_back(std::move(subscription)); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -44,6 +48,7 @@ class CodeWindow final : public QMdiSubWindow {
   CodeEdit* editor_;
   std::unique_ptr<PaneBinding> binding_;
   Subscription textChanged_;
+  std::vector<Subscription> held_;
 };
 
 }  // namespace desktop

@@ -229,8 +229,8 @@ void FileCommands::CheckFile(const std::shared_ptr<Component>& component) {
   const QString path = QString::fromStdString(component->Path());
   const ComponentList twins = OfFile(component->Path());
   if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
-    const auto answer = QMessageBox::question(&window_, QApplication::applicationDisplayName(),
-                                              texts_(Text::ReloadQuestion).arg(path));
+    const auto answer =
+        QMessageBox::question(&window_, QApplication::applicationDisplayName(), texts_(Text::ReloadQuestion).arg(path));
     // Whoever keeps the edits means them: the next save is over what is on disk now.
     if (answer != QMessageBox::Yes) {
       for (const auto& twin : twins) twin->SetStamp(*stamp);

@@ -52,9 +52,9 @@ class FileCommands {
   const QStringList& OpenFiles() const { return open_; }
   int ModifiedCount() const;
 
-  Event<> Opened;                    ///< other files than before
-  Event<> Saved;                     ///< the modified marks may have changed
-  Event<const QString&> Told;        ///< a line that needs no answer
+  Event<> Opened;              ///< other files than before
+  Event<> Saved;               ///< the modified marks may have changed
+  Event<const QString&> Told;  ///< a line that needs no answer
 
  private:
   using ComponentList = std::vector<std::shared_ptr<workbench::Component>>;

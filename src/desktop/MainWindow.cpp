@@ -149,11 +149,13 @@ void MainWindow::AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& win
 void MainWindow::OpenFiles(const QStringList& files) {
   if (!files_->Open(files)) return;
   recent_.Add(files_->OpenFiles());
+  tree_->TakeFocus();
 }
 
 void MainWindow::OpenRecent(const QStringList& files) {
   if (files_->Open(files)) {
     recent_.Add(files);
+    tree_->TakeFocus();
   } else if (!QFileInfo::exists(files.constFirst())) {
     recent_.Remove(files);
   }
@@ -166,6 +168,8 @@ void MainWindow::SetLanguage(std::int32_t language) {
 }
 
 void MainWindow::UpdateTexts() {
+  QCoreApplication::removeTranslator(&toolkitTexts_);
+  if (texts_.Language == 0) QCoreApplication::installTranslator(&toolkitTexts_);
   menu_.UpdateTexts();
   tree_->UpdateTexts();
   treeDock_->setWindowTitle(texts_(Text::Projects));
@@ -191,8 +195,9 @@ void MainWindow::UpdateTitle() {
 void MainWindow::UpdateStatus() {
   CodeEdit* editor = CurrentEditor();
   const QTextCursor cursor = editor != nullptr ? editor->textCursor() : QTextCursor();
-  place_->setText(editor == nullptr ? QString()
-                                    : texts_(Text::StatusPlace).arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
+  place_->setText(editor == nullptr
+                      ? QString()
+                      : texts_(Text::StatusPlace).arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
   const int length = cursor.selectionEnd() - cursor.selectionStart();
   selected_->setText(editor != nullptr && length > 0 ? texts_(Text::StatusSelected).arg(length) : QString());
   UpdateActions();

@@ -9,6 +9,7 @@
 #include "desktop/RecentFiles.h"
 #include "desktop/Texts.h"
 #include "desktop/Theme.h"
+#include "desktop/ToolkitTexts.h"
 
 class QLabel;
 class QSettings;
@@ -90,6 +91,7 @@ class MainWindow final : public QMainWindow {
   const ViewFactory& views_;
   QSettings& settings_;
   Texts texts_;
+  ToolkitTexts toolkitTexts_;
   Theme theme_;
   RecentFiles recent_;
   MainMenu menu_;

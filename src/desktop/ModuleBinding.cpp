@@ -90,6 +90,7 @@ Common CommonLines(const std::vector<std::u16string>& a, const std::vector<std::
 ModuleBinding::ModuleBinding(std::shared_ptr<workbench::Module> module, QTextDocument& document)
     : module_(std::move(module)), document_(document) {
   document_.setUndoRedoEnabled(false);
+  document_.documentLayout();  // without one it does not tell of changes
   document_.setPlainText(ToQString(Join(ModuleLines(), u"\n")));
   shown_ = module_->Revision();
   blocks_ = document_.blockCount();
@@ -152,8 +153,7 @@ void ModuleBinding::Show(int head, int removed, int tail, const Lines& lines) {
     if (!lines.empty()) text += QLatin1Char('\n');
   } else {
     // At the end the separator in front goes or comes with the lines.
-    cursor.setPosition(head > 0 ? startOf(head) - 1 : 0);
-    if (removed == 0) cursor.setPosition(end);
+    cursor.setPosition(removed == 0 ? end : head > 0 ? startOf(head) - 1 : 0);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     if (!lines.empty()) text.prepend(QLatin1Char('\n'));
   }

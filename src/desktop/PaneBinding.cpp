@@ -45,8 +45,8 @@ void PaneBinding::ToPane() {
   const auto place = [this](int position, std::int32_t& line, std::int32_t& column) {
     const QTextBlock block = editor_.document()->findBlock(position);
     line = block.blockNumber() + 1;
-    column = ColumnOfUnit(page_, editor_.TheModule()->Lines(line, 1),
-                          static_cast<std::size_t>(position - block.position()));
+    column =
+        ColumnOfUnit(page_, editor_.TheModule()->Lines(line, 1), static_cast<std::size_t>(position - block.position()));
   };
   const QTextCursor cursor = editor_.textCursor();
   vbide::Selection selection;

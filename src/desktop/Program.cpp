@@ -22,7 +22,7 @@ namespace {
 constexpr int kStatusError = 2;
 
 int Complain(const std::string& message) {
-  std::fprintf(stderr, "quorvane: error: %s\n", message.c_str());
+  std::fprintf(stderr, "quorvane: %s\n", message.c_str());
   return kStatusError;
 }
 
@@ -33,14 +33,17 @@ bool HasDisplay() {
   return false;
 }
 
-/// The toolkit ends the process when it cannot reach the display; the user is to read why.
-void OnToolkitMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+int NoDisplay() {
+  return Complain("there is no display for a window; 'quorvane --help' tells of the command line");
+}
+
+/// While the application is made the toolkit ends the process when it cannot reach the display.
+void OnStartMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   if (type != QtFatalMsg) {
     std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, message).toLocal8Bit().constData());
     return;
   }
-  Complain("there is no usable display: " + message.section(QLatin1Char('\n'), 0, 0).toStdString());
-  std::_Exit(kStatusError);
+  std::_Exit(NoDisplay());
 }
 
 /// What a handler lets escape is told, and the program goes on.
@@ -96,10 +99,11 @@ int Run(const QStringList& arguments) {
 
 int Main(int argc, char** argv) {
   if (!HasDisplay()) {
-    return Complain("there is no display for a window; 'quorvane --help' tells of the command line");
+    return NoDisplay();
   }
-  qInstallMessageHandler(OnToolkitMessage);
+  qInstallMessageHandler(OnStartMessage);
   Application application(argc, argv);
+  qInstallMessageHandler(nullptr);
   QApplication::setApplicationName(QStringLiteral("quorvane"));
   QApplication::setApplicationDisplayName(QStringLiteral("Quorvane"));
   QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));

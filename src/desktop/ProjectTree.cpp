@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "desktop/Icons.h"
 #include "desktop/QtText.h"
@@ -53,13 +54,18 @@ Text FolderOf(ComponentType type) {
   return Text::FolderRelated;
 }
 
-/// As the host writes it: the name, and the file where that says more.
+/// The name, and behind it the file where that has another one.
+QString NameAndFile(const std::u16string& name, const std::string& path, const QString& mark) {
+  const QFileInfo file(QString::fromStdString(path));
+  const QString shown = ToQString(name);
+  const bool alike = shown.compare(file.completeBaseName(), Qt::CaseInsensitive) == 0 || shown == file.fileName();
+  return path.empty() || alike ? shown + mark
+                               : shown + mark + QLatin1String("  (") + file.fileName() + QLatin1Char(')');
+}
+
 QString Label(const Component& component) {
-  const QString name = ToQString(component.Name());
-  const QString file = QFileInfo(QString::fromStdString(component.Path())).fileName();
   const bool modified = component.TheModule() && component.TheModule()->Modified();
-  const QString mark = modified ? QStringLiteral(" \u2022") : QString();
-  return file.isEmpty() || file == name ? name + mark : name + mark + QLatin1String("  (") + file + QLatin1Char(')');
+  return NameAndFile(component.Name(), component.Path(), modified ? QStringLiteral(" \u2022") : QString());
 }
 
 }  // namespace
@@ -105,6 +111,7 @@ void ProjectTree::Rebuild() {
   components_.clear();
   projects_.clear();
   modules_.clear();
+  stale_.clear();
   tree_->clear();
   shown_.assign(workbench_.Projects().begin(), workbench_.Projects().end());
   QTreeWidgetItem* root = tree_->invisibleRootItem();
@@ -124,8 +131,7 @@ void ProjectTree::Rebuild() {
 
 void ProjectTree::BuildProject(const std::shared_ptr<Project>& project, QTreeWidgetItem* item) {
   projects_[item] = project;
-  const QString file = QFileInfo(QString::fromStdString(project->Path())).fileName();
-  item->setText(0, ToQString(project->Name()) + (file.isEmpty() ? QString() : QLatin1String("  (") + file + QLatin1Char(')')));
+  item->setText(0, NameAndFile(project->Name(), project->Path(), QString()));
   item->setIcon(0, Icons::Project());
   item->setToolTip(0, QString::fromStdString(project->Path()));
   for (const Text folder : kFolders) {
@@ -150,7 +156,7 @@ void ProjectTree::AddComponent(const std::shared_ptr<Component>& component, QTre
   item->setToolTip(0, QString::fromStdString(component->Path()));
   components_[item] = component;
   if (!component->TheModule()) return;
-  modules_.push_back(component->TheModule()->Changed.Subscribe([this] { AskForMarks(); }));
+  modules_.push_back(component->TheModule()->Changed.Subscribe([this, item] { AskForMark(*item); }));
 }
 
 std::shared_ptr<Component> ProjectTree::ComponentOf(const QTreeWidgetItem* item) const {
@@ -167,17 +173,26 @@ std::shared_ptr<Project> ProjectTree::ProjectOf(const QTreeWidgetItem* item) con
 }
 
 /// Once for all the edits of a turn.
-void ProjectTree::AskForMarks() {
-  if (marksAsked_) return;
-  marksAsked_ = true;
-  QTimer::singleShot(0, this, [this] { UpdateMarks(); });
+void ProjectTree::AskForMark(QTreeWidgetItem& item) {
+  if (stale_.empty()) QTimer::singleShot(0, this, [this] { UpdateStale(); });
+  stale_.insert(&item);
+}
+
+void ProjectTree::UpdateStale() {
+  for (QTreeWidgetItem* item : std::exchange(stale_, {})) {
+    if (const auto component = ComponentOf(item)) item->setText(0, Label(*component));
+  }
 }
 
 void ProjectTree::UpdateMarks() {
-  marksAsked_ = false;
   for (QTreeWidgetItemIterator at(tree_); *at != nullptr; ++at) {
     if (const auto component = ComponentOf(*at)) (*at)->setText(0, Label(*component));
   }
+}
+
+void ProjectTree::TakeFocus() {
+  if (tree_->currentItem() == nullptr) tree_->setCurrentItem(tree_->topLevelItem(0));
+  tree_->setFocus();
 }
 
 void ProjectTree::MarkActive() {

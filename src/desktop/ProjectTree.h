@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "base/Event.h"
@@ -37,6 +38,8 @@ class ProjectTree final : public QWidget {
   void UpdateTexts();
   /// The modified marks as they are now.
   void UpdateMarks();
+  /// Keyboard focus to the first item, unless one is chosen already.
+  void TakeFocus();
 
   QTreeWidget& Tree() { return *tree_; }
   /// Nothing for the item of a folder or project.
@@ -53,7 +56,8 @@ class ProjectTree final : public QWidget {
   void Rebuild();
   void BuildProject(const std::shared_ptr<workbench::Project>& project, QTreeWidgetItem* item);
   void AddComponent(const std::shared_ptr<workbench::Component>& component, QTreeWidgetItem* folder);
-  void AskForMarks();
+  void AskForMark(QTreeWidgetItem& item);
+  void UpdateStale();
   void Filter(const QString& text);
   bool FilterItem(QTreeWidgetItem& item, const QString& text);
   void Activate(QTreeWidgetItem* item);
@@ -66,8 +70,8 @@ class ProjectTree final : public QWidget {
   QString group_;
   QLineEdit* filter_;
   QTreeWidget* tree_;
-  bool marksAsked_ = false;
   std::vector<std::weak_ptr<workbench::Project>> shown_;
+  std::set<QTreeWidgetItem*> stale_;  ///< items whose module was edited in this turn
   std::map<const QTreeWidgetItem*, std::weak_ptr<workbench::Component>> components_;
   std::map<const QTreeWidgetItem*, std::weak_ptr<workbench::Project>> projects_;
   std::vector<Subscription> modules_;

@@ -62,7 +62,7 @@ void QtHttpRequest::Send() {
   QNetworkReply* reply = network_.sendCustomRequest(QNetworkRequest(url_), verb_);
   reply_ = reply;
   QObject::connect(reply, &QNetworkReply::readyRead, &clock_, [this] { Collect(); });
-  // Queued, because a request that fails at once ends inside Send.
+  // Queued, so that nothing comes out of Send, however soon a request fails.
   QObject::connect(
       reply, &QNetworkReply::finished, &clock_,
       [this, reply] {

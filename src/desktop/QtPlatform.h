@@ -19,10 +19,10 @@ namespace quorvane::desktop {
 class QtPlatform final : public Platform {
  public:
   struct Setup {
-    std::string codePage;           ///< by name; empty: that of the locale
-    std::string configFolder;       ///< where settings are kept
-    std::string programFolder;      ///< where the files that come with the program lie
-    bool faultQuestion = false;     ///< ask the user, by a run of this program, what to do about a crash
+    std::string codePage;        ///< by name; empty: that of the locale
+    std::string configFolder;    ///< where settings are kept
+    std::string programFolder;   ///< where the files that come with the program lie
+    bool faultQuestion = false;  ///< ask the user, by a run of this program, what to do about a crash
   };
 
   /// Raises for an unknown code page.

@@ -99,7 +99,8 @@ int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16strin
 }
 
 std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& setup) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQString(setup.Title), QString(), NameFilters(ToQString(setup.Filter)));
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(setup.Title), QString(),
+                     NameFilters(ToQString(setup.Filter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   // The dialog asks before it replaces a file, so that it has to know the whole name.
   QString extension = ToQString(setup.DefaultExt).toLower();

@@ -66,6 +66,8 @@ enum class Text {
   StatusSelected,
   Hint,
   HintMore,
+  HintOpen,
+  HintSearch,
   Loading,
   Cancel,
   NotAllOpened,

@@ -53,8 +53,9 @@ qsizetype EndOfNumber(const QString& text, qsizetype from) {
   while (at < text.size() && (text[at].isDigit() || text[at] == QLatin1Char('.') || (radix && IsWordPart(text[at])))) {
     ++at;
   }
-  const bool exponent = !radix && at + 1 < text.size() && text[at].toLower() == QLatin1Char('e') &&
-                        (text[at + 1].isDigit() || text[at + 1] == QLatin1Char('-') || text[at + 1] == QLatin1Char('+'));
+  const bool exponent =
+      !radix && at + 1 < text.size() && text[at].toLower() == QLatin1Char('e') &&
+      (text[at + 1].isDigit() || text[at + 1] == QLatin1Char('-') || text[at + 1] == QLatin1Char('+'));
   if (exponent) {
     at += 2;
     while (at < text.size() && text[at].isDigit()) ++at;

@@ -21,8 +21,8 @@ namespace desktop {
 /// which follow caption, visibility, owner and modality of the model and hand closing by the user to it.
 ///
 /// The view of a form is made when the form is opened, before Form_Load; that of a document together with its dock. It
-/// goes with that window. It is a child of `parent`, which owns it, and says by its focus proxy where focus begins. Of a
-/// Dialog the window sets handle, place and size; focus and keys are the view's.
+/// goes with that window. It is a child of `parent`, which owns it, and says by its focus proxy where focus begins. Of
+/// a Dialog the window sets handle, place and size; focus and keys are the view's.
 class ViewFactory {
  public:
   /// `make(model, parent)` gives a new view; `model` outlives it.

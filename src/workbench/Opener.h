@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "workbench/FileLoader.h"
-
 #include "workbench/Workbench.h"
 
 namespace quorvane {

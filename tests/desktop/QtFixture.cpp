@@ -1,4 +1,4 @@
-#include "desktop/QtFixture.h"
+#include "QtFixture.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -13,8 +13,9 @@ QApplication& TheApplication() {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
-  static QApplication application(count, arguments);
-  return application;
+  // It lives to the very end: what belongs to it may go later than any object here.
+  static auto* application = new QApplication(count, arguments);
+  return *application;
 }
 
 bool QtTest::WaitUntil(const std::function<bool()>& done, std::chrono::milliseconds limit) {

@@ -1,5 +1,3 @@
-#include "desktop/QtHttpRequest.h"
-
 #include <gtest/gtest.h>
 
 #include <QTcpServer>
@@ -10,9 +8,10 @@
 #include <memory>
 #include <string>
 
+#include "QtFixture.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "desktop/QtFixture.h"
+#include "desktop/QtHttpRequest.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -46,8 +45,8 @@ class Server {
 
 QByteArray Response(const QByteArray& body, const QByteArray& status = "200 OK",
                     const QByteArray& type = "text/html; charset=utf-8") {
-  return "HTTP/1.1 " + status + "\r\nContent-Type: " + type +
-         "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body;
+  return "HTTP/1.1 " + status + "\r\nContent-Type: " + type + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+         "\r\nConnection: close\r\n\r\n" + body;
 }
 
 class QtHttpRequestTest : public QtTest {
@@ -55,8 +54,8 @@ class QtHttpRequestTest : public QtTest {
   /// Sends a request and waits for its end; "finished: <body>", "error: <number>", or "nothing" after a second.
   std::string Outcome(QtHttpRequest& request, const std::u16string& url) {
     std::string outcome = "nothing";
-    const auto done = request.OnResponseFinished.Subscribe(
-        [&] { outcome = "finished: " + ToUtf8(request.ResponseText()); });
+    const auto done =
+        request.OnResponseFinished.Subscribe([&] { outcome = "finished: " + ToUtf8(request.ResponseText()); });
     const auto failed = request.OnError.Subscribe([&](std::int32_t number, const std::u16string& words) {
       outcome = (words.empty() ? "error without words: " : "error: ") + std::to_string(number & 0xFFFF);
     });

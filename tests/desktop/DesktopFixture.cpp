@@ -1,0 +1,100 @@
+#include "DesktopFixture.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <filesystem>
+
+#include "desktop/CodeArea.h"
+#include "desktop/CodeEdit.h"
+#include "desktop/CodeWindow.h"
+#include "desktop/MainWindow.h"
+#include "desktop/ProjectTree.h"
+#include "workbench/Component.h"
+#include "workbench/Module.h"
+#include "workbench/Project.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::desktop {
+
+DesktopTest::DesktopTest() {
+  qputenv("QUORVANE_PROJECT_HOST", "127.0.0.1:1");  // nobody answers there
+  std::filesystem::copy(QUORVANE_SOURCE_DIR "/samples", folder.Path() / "samples",
+                        std::filesystem::copy_options::recursive);
+  QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { WatchBoxes(); });
+  poll_.start(5);
+}
+
+DesktopTest::~DesktopTest() {
+  Stop();
+  EXPECT_TRUE(answers_.empty()) << "a box did not come";
+}
+
+void DesktopTest::Start(const std::string& codePage) {
+  QtPlatform::Setup setup;
+  setup.codePage = codePage;
+  setup.configFolder = folder / "config";
+  setup.programFolder = folder / "program";
+  desktop = std::make_unique<Desktop>(setup);
+  desktop->Start();
+}
+
+void DesktopTest::Stop() {
+  desktop.reset();
+}
+
+void DesktopTest::Open(const std::string& file) {
+  Window().OpenFiles({QString::fromStdString(folder / file)});
+}
+
+MainWindow& DesktopTest::Window() {
+  return desktop->Window();
+}
+
+std::shared_ptr<workbench::Component> DesktopTest::ComponentNamed(const std::u16string& name) {
+  for (const auto& project : desktop->Host().Projects()) {
+    for (const auto& component : project->Components()) {
+      if (component->Name() == name) return component;
+    }
+  }
+  throw std::runtime_error("no such component");
+}
+
+workbench::Module& DesktopTest::ModuleNamed(const std::u16string& name) {
+  return *ComponentNamed(name)->TheModule();
+}
+
+CodeEdit& DesktopTest::EditorOf(const std::u16string& name) {
+  ModuleNamed(name).CodePane()->Show();
+  return Window().Code().Current()->Editor();
+}
+
+QTreeWidgetItem* DesktopTest::ItemNamed(const QString& text) {
+  for (QTreeWidgetItemIterator at(&Window().Tree().Tree()); *at != nullptr; ++at) {
+    if ((*at)->text(0) == text) return *at;
+  }
+  return nullptr;
+}
+
+void DesktopTest::AnswerNext(int button, QString* shown) {
+  answers_.push_back({button, shown});
+}
+
+void DesktopTest::WatchBoxes() {
+  auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr) return;
+  const QString text = box->text() + box->informativeText();
+  if (answers_.empty()) {
+    ADD_FAILURE() << "a box that nobody waited for: " << text.toStdString();
+    return box->reject();
+  }
+  const Answer answer = answers_.front();
+  answers_.pop_front();
+  if (answer.shown != nullptr) *answer.shown = text;
+  QAbstractButton* wanted = box->button(static_cast<QMessageBox::StandardButton>(answer.button));
+  EXPECT_NE(wanted, nullptr) << "no such button on: " << text.toStdString();
+  wanted != nullptr ? wanted->click() : box->reject();
+}
+
+}  // namespace quorvane::desktop
