@@ -4,12 +4,11 @@
 
 #include "cli/Commands.h"
 #include "cli/Diagnostics.h"
+#include "cli/ExitStatus.h"
 
 namespace quorvane::cli {
 
 namespace {
-
-constexpr int kStatusError = 2;
 
 int Run(const Options& options) {
   switch (options.command) {

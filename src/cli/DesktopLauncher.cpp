@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "cli/Diagnostics.h"
+#include "cli/ExitStatus.h"
 #include "native/UserFolders.h"
 
 namespace quorvane::cli {
@@ -19,8 +20,6 @@ namespace quorvane::cli {
 namespace {
 
 constexpr std::array<std::string_view, 6> kOwn = {"find", "replace", "list", "--help", "-h", "--version"};
-constexpr int kStatusError = 2;
-
 }  // namespace
 
 bool WantsDesktop(int argc, const char* const* argv) {

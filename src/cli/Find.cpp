@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Diagnostics.h"
+#include "cli/ExitStatus.h"
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
 #include "cli/Reporter.h"
@@ -17,10 +18,6 @@
 namespace quorvane::cli {
 
 namespace {
-
-constexpr int kStatusFound = 0;
-constexpr int kStatusNothing = 1;
-constexpr int kStatusCanceled = 130;
 
 /// An object that is never taken apart: the end of the process gives its memory back all at once.
 template <class T, class... Args>

@@ -1,9 +1,10 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Session.h"
-#include "host/VBIDE.h"
+#include "search/ProcKindName.h"
 #include "workbench/Component.h"
 #include "workbench/Module.h"
 #include "workbench/Project.h"
@@ -12,24 +13,10 @@ namespace quorvane::cli {
 
 namespace {
 
-std::u16string_view KindName(vbide::ProcKind kind) {
-  switch (kind) {
-    case vbide::ProcKind::Let:
-      return u"Let";
-    case vbide::ProcKind::Set:
-      return u"Set";
-    case vbide::ProcKind::Get:
-      return u"Get";
-    case vbide::ProcKind::Proc:
-      break;
-  }
-  return u"Proc";
-}
-
 void AppendProcedures(const workbench::Module& code, Json& json) {
   json.Key("Procedures").BeginArray();
   for (const workbench::Procedure& procedure : code.Procedures()) {
-    json.BeginObject().Key("Name").Text(procedure.name).Key("Kind").Text(KindName(procedure.kind));
+    json.BeginObject().Key("Name").Text(procedure.name).Key("Kind").Text(ProcKindName(procedure.kind));
     json.Key("StartLine").Number(procedure.startLine).Key("CountOfLines").Number(procedure.countOfLines).EndObject();
   }
   json.EndArray();
@@ -64,7 +51,7 @@ int List(const Options& options) {
     }
   }
   output.Finish();
-  return any ? 0 : 1;
+  return any ? kStatusFound : kStatusNothing;
 }
 
 }  // namespace quorvane::cli

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "cli/Diagnostics.h"
+#include "cli/ExitStatus.h"
 
 namespace quorvane::cli {
 
@@ -222,7 +223,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv, int& stat
     status = parser.App().exit(request);
   } catch (const CLI::ParseError& error) {
     TellError(error.what());
-    status = 2;
+    status = kStatusError;
   }
   return std::nullopt;
 }

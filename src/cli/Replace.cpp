@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Diagnostics.h"
+#include "cli/ExitStatus.h"
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
 #include "cli/Session.h"
@@ -56,11 +57,11 @@ int Replace(const Options& options) {
       throw WhereItHappened(error, module);
     }
   }
-  if (Interrupted()) return 130;
+  if (Interrupted()) return kStatusCanceled;
   Output output(options.output);
   const bool changed = options.write ? Save(session.Host(), output) : ShowDiff(session.Host(), output);
   output.Finish();
-  return changed ? 0 : 1;
+  return changed ? kStatusFound : kStatusNothing;
 }
 
 }  // namespace quorvane::cli

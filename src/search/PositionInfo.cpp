@@ -11,6 +11,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
 #include "search/OffsetIndex.h"
+#include "search/ProcKindName.h"
 #include "services/ErrorManager.h"
 #include "services/GlobalSetting.h"
 #include "services/LanguageManager.h"
@@ -135,17 +136,7 @@ std::shared_ptr<vbide::VBProject> PositionInfo::project() const {
 std::u16string PositionInfo::ProcType() const {
   vbide::ProcKind kind = vbide::ProcKind::Proc;
   Code().ProcOfLine(mlngY1, kind);
-  switch (kind) {
-    case vbide::ProcKind::Let:
-      return u"Let";
-    case vbide::ProcKind::Set:
-      return u"Set";
-    case vbide::ProcKind::Get:
-      return u"Get";
-    case vbide::ProcKind::Proc:
-      break;
-  }
-  return u"Proc";
+  return std::u16string(ProcKindName(kind));
 }
 
 std::u16string PositionInfo::ProcName() const {
