@@ -10,6 +10,8 @@
 #include "host/Globals.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
+#include "results/Page.h"
+#include "results/PageManager.h"
 #include "results/ResultDialog.h"
 #include "services/LanguageManager.h"
 #include "workbench/AddInLoader.h"
@@ -38,6 +40,7 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
   addIns_->Register(kAddIn, [] { return std::make_shared<Connect>(); });
   workbench_->TheWindows()->RegisterDocumentFactory(std::u16string(ResultDialog::ProgId),
                                                     [] { return std::make_shared<ResultDialog>(); });
+  PageManager::SetPageFactory([] { return std::make_shared<Page>(); });
   RegisterDialogs();
   closing_ = window_->Closing.Subscribe([this] { Stop(); });
 }

@@ -135,6 +135,24 @@ QIcon Icons::Folder() {
   });
 }
 
+QIcon Icons::ByName(std::u16string_view name) {
+  if (name == u"tab-new") {
+    return Draw([](QPainter& painter) {
+      painter.setPen(QPen(kGreen, 2.2, Qt::SolidLine, Qt::RoundCap));
+      painter.drawLine(QPointF(8, 3), QPointF(8, 13));
+      painter.drawLine(QPointF(3, 8), QPointF(13, 8));
+    });
+  }
+  if (name == u"tab-close") {
+    return Draw([](QPainter& painter) {
+      painter.setPen(QPen(kGray, 1.8, Qt::SolidLine, Qt::RoundCap));
+      painter.drawLine(QPointF(4, 4), QPointF(12, 12));
+      painter.drawLine(QPointF(12, 4), QPointF(4, 12));
+    });
+  }
+  return {};
+}
+
 QIcon Icons::Component(ComponentType type) {
   return Draw([type](QPainter& painter) {
     switch (type) {

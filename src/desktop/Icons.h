@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <string_view>
 
 #include "host/VBIDE.h"
 
@@ -14,6 +15,8 @@ QIcon Group();
 QIcon Project();
 QIcon Folder();
 QIcon Component(vbide::ComponentType type);
+/// A picture that the add-in names: "tab-new" or "tab-close"; empty for any other.
+QIcon ByName(std::u16string_view name);
 
 }  // namespace Icons
 

@@ -25,6 +25,11 @@ ToolDock::ToolDock(std::shared_ptr<workbench::ToolWindow> window, const ViewFact
   Follow();
 }
 
+/// The view goes before its document.
+ToolDock::~ToolDock() {
+  delete widget();
+}
+
 void ToolDock::Follow() {
   setWindowTitle(ToQString(window_->Caption()));
   const bool shown = window_->Visible();

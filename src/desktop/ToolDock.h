@@ -20,6 +20,7 @@ class ToolDock final : public QDockWidget {
  public:
   ToolDock(std::shared_ptr<workbench::ToolWindow> window, const ViewFactory& views, QtWindows& windows,
            QWidget* parent);
+  ~ToolDock() override;
 
   /// Caption and visibility as the tool window has them.
   void Follow();

@@ -1,0 +1,116 @@
+#include "desktop/views/ComboView.h"
+
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+
+#include "base/Error.h"
+#include "desktop/QtText.h"
+#include "desktop/views/ControlViews.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/DataObject.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+/// What the toolkit brings with a drag.
+class Dragged final : public DataObject {
+ public:
+  explicit Dragged(const QMimeData& data) : data_(data) {}
+
+  bool GetFormat(std::int16_t format) const override { return format == kPlainText && data_.hasText(); }
+  std::u16string GetData(std::int16_t format) const override {
+    if (!GetFormat(format)) RaiseError(ErrorNumber::InvalidProcedureCall, u"The dropped data has no such format");
+    return FromQString(data_.text());
+  }
+
+ private:
+  const QMimeData& data_;
+};
+
+}  // namespace
+
+ComboView::ComboView(ComboBox& combo, Kind kind, QWidget* parent) : QComboBox(parent), combo_(combo) {
+  setInsertPolicy(QComboBox::NoInsert);
+  setMaxVisibleItems(16);
+  if (kind == Kind::Editable) {
+    setEditable(true);
+    setCompleter(nullptr);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(32);
+    lineEdit()->installEventFilter(this);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { Edited(); });
+  }
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    combo_.Pick(index);
+    Follow();
+  });
+  changed_ = combo_.Changed.Subscribe([this] { Follow(); });
+  Follow();
+}
+
+void ComboView::Follow() {
+  if (busy_) return;
+  busy_ = true;
+  FollowList();
+  if (isEditable()) {
+    FollowText();
+  } else {
+    setCurrentIndex(combo_.ListIndex());
+  }
+  FollowControl(*this, combo_);
+  busy_ = false;
+}
+
+void ComboView::FollowList() {
+  bool same = count() == combo_.ListCount();
+  for (int i = 0; same && i < count(); ++i) same = itemText(i) == ToQString(combo_.List(i));
+  if (same) return;
+  clear();
+  for (int i = 0; i < combo_.ListCount(); ++i) addItem(ToQString(combo_.List(i)));
+}
+
+void ComboView::FollowText() {
+  const QString text = ToQString(combo_.Text());
+  const bool other = lineEdit()->text() != text;
+  if (other) lineEdit()->setText(text);
+  if (!other && selStart_ == combo_.SelStart() && selLength_ == combo_.SelLength()) return;
+  selStart_ = combo_.SelStart();
+  selLength_ = combo_.SelLength();
+  if (selLength_ > 0) {
+    lineEdit()->setSelection(selStart_, selLength_);
+  } else {
+    lineEdit()->setCursorPosition(selStart_);
+  }
+}
+
+void ComboView::Edited() {
+  const QLineEdit& line = *lineEdit();
+  busy_ = true;
+  combo_.Edit(FromQString(line.text()), line.cursorPosition(), 0);
+  selStart_ = combo_.SelStart();
+  selLength_ = combo_.SelLength();
+  busy_ = false;
+  Follow();
+}
+
+bool ComboView::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+      static_cast<QDropEvent*>(event)->acceptProposedAction();
+      return true;
+    case QEvent::Drop: {
+      auto* drop = static_cast<QDropEvent*>(event);
+      drop->setDropAction(Qt::CopyAction);
+      drop->accept();
+      combo_.Drop(Dragged(*drop->mimeData()));
+      return true;
+    }
+    default:
+      return QComboBox::eventFilter(watched, event);
+  }
+}
+
+}  // namespace quorvane::desktop

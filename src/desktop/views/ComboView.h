@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QComboBox>
+#include <cstdint>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class ComboBox;
+
+namespace desktop {
+
+/// A text to edit with its list. A text that is dropped on it goes to the model, which decides what becomes of it.
+class ComboView final : public QComboBox {
+ public:
+  enum class Kind { Editable, ListOnly };
+
+  /// The model outlives this. With ListOnly a text can only be picked.
+  ComboView(ComboBox& combo, Kind kind, QWidget* parent);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Follow();
+  void FollowList();
+  void FollowText();
+  void Edited();
+
+  ComboBox& combo_;
+  bool busy_ = false;
+  std::int32_t selStart_ = 0;  ///< the model's selection when it was last shown
+  std::int32_t selLength_ = 0;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

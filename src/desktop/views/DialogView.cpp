@@ -1,0 +1,94 @@
+#include "desktop/views/DialogView.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "desktop/QtKeys.h"
+#include "desktop/views/MenuView.h"
+#include "platform/forms/Control.h"
+#include "platform/forms/Dialog.h"
+
+namespace quorvane::desktop {
+
+DialogView::DialogView(Dialog& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
+  setFocusPolicy(Qt::NoFocus);
+  subscriptions_.push_back(dialog_.Changed.Subscribe([this] { FollowFocus(); }));
+  if (parent != nullptr) parent->installEventFilter(this);
+}
+
+DialogView::~DialogView() = default;
+
+void DialogView::EnterWidget(const std::shared_ptr<Control>& control, QWidget& widget) {
+  entered_.emplace_back(control, &widget);
+  widget.installEventFilter(this);
+  // A control that can be used again may be the one that has the focus.
+  subscriptions_.push_back(control->Changed.Subscribe([this] { FollowFocus(); }));
+}
+
+void DialogView::EnterMenu(Menu& menu) {
+  menus_.push_back(std::make_unique<MenuView>(menu, *this));
+}
+
+QWidget* DialogView::WidgetOf(const Control& control) const {
+  for (const auto& [shown, widget] : entered_) {
+    if (shown.get() == &control) return widget;
+  }
+  return nullptr;
+}
+
+std::shared_ptr<Control> DialogView::ControlOf(const QObject* widget) const {
+  for (const QObject* at = widget; at != nullptr && at != this; at = at->parent()) {
+    for (const auto& [control, shown] : entered_) {
+      if (shown == at) return control;
+    }
+  }
+  return nullptr;
+}
+
+/// While controls are disabled the toolkit moves the focus about; the dialog's active control stays what it is, and
+/// gets the focus back.
+void DialogView::FollowFocus() {
+  const auto active = dialog_.ActiveControl();
+  if (!active || !window()->isVisible()) return;
+  QWidget* widget = WidgetOf(*active);
+  if (widget == nullptr || !widget->isEnabled() || widget->isHidden()) return;
+  const QWidget* now = window()->focusWidget();
+  if (now == widget || (now != nullptr && widget->isAncestorOf(now))) return;
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+bool DialogView::TakeKey(const QKeyEvent& event) {
+  const std::int32_t code = VirtualKeyOf(event);
+  if (code == 0) return false;
+  return dialog_.PressKey(static_cast<std::int16_t>(code), static_cast<std::int16_t>(ShiftStateOf(event.modifiers())));
+}
+
+bool DialogView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    // What a control let through comes to the window again.
+    if (watched == window() && ControlOf(window()->focusWidget())) return false;
+    return TakeKey(*static_cast<QKeyEvent*>(event));
+  }
+  if (event->type() == QEvent::FocusIn) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+                        reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    const auto control = ControlOf(watched);
+    if (byUser && control && control->Enabled()) dialog_.TakeFocus(control);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void DialogView::mousePressEvent(QMouseEvent* event) {
+  const std::int16_t button = MouseButtonOf(event->button());
+  if (button == 0 || childAt(event->position().toPoint()) != nullptr) return;
+  dialog_.PressMouse(button, static_cast<std::int16_t>(ShiftStateOf(event->modifiers())),
+                     static_cast<float>(event->position().x()), static_cast<float>(event->position().y()));
+}
+
+void DialogView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && childAt(event->position().toPoint()) == nullptr) dialog_.DoubleClick();
+}
+
+}  // namespace quorvane::desktop

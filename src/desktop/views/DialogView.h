@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "base/Event.h"
+
+class QKeyEvent;
+
+namespace quorvane {
+
+class Control;
+class Dialog;
+class Menu;
+
+namespace desktop {
+
+class MenuView;
+
+/// What the views of dialogs have in common. The dialog sees each key before its controls do; the focus follows the
+/// dialog's active control and tells it where the user went; a press on the surface beside the controls is the
+/// dialog's own.
+class DialogView : public QWidget {
+ public:
+  /// The dialog outlives this.
+  DialogView(Dialog& dialog, QWidget* parent);
+  ~DialogView() override;
+
+  /// The widget of a control; nothing for one that is not shown.
+  QWidget* WidgetOf(const Control& control) const;
+
+ protected:
+  /// Enters the widget that shows a control. The order of entering is that of Tab.
+  template <class Widget>
+  Widget* Enter(const std::shared_ptr<Control>& control, Widget* widget) {
+    EnterWidget(control, *widget);
+    return widget;
+  }
+  void EnterMenu(Menu& menu);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void EnterWidget(const std::shared_ptr<Control>& control, QWidget& widget);
+  void FollowFocus();
+  bool TakeKey(const QKeyEvent& event);
+  std::shared_ptr<Control> ControlOf(const QObject* widget) const;
+
+  Dialog& dialog_;
+  std::vector<std::pair<std::shared_ptr<Control>, QWidget*>> entered_;
+  std::vector<std::unique_ptr<MenuView>> menus_;
+  std::vector<Subscription> subscriptions_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

@@ -1,0 +1,52 @@
+#include "desktop/views/MenuView.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <memory>
+
+#include "desktop/QtText.h"
+#include "platform/forms/Menu.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+/// Some captions come with a line break at their end.
+QString CaptionOf(const Menu& item) {
+  QString caption = ToQString(item.Caption());
+  while (caption.endsWith(QLatin1Char('\n')) || caption.endsWith(QLatin1Char('\r'))) caption.chop(1);
+  return caption;
+}
+
+void AddItem(QMenu& shown, const std::shared_ptr<Menu>& item) {
+  if (item->IsSeparator()) {
+    shown.addSeparator();
+    return;
+  }
+  QAction* action = shown.addAction(CaptionOf(*item));
+  action->setEnabled(item->Enabled());
+  action->setVisible(item->Visible());
+  action->setCheckable(item->Checked());
+  action->setChecked(item->Checked());
+  QObject::connect(action, &QAction::triggered, action, [item] { item->Press(); });
+}
+
+}  // namespace
+
+MenuView::MenuView(Menu& menu, QWidget& owner)
+    : menu_(menu), owner_(owner), popped_(menu.Popped.Subscribe([this] { Show(); })) {}
+
+void MenuView::PopUpAt(const QPoint& place) {
+  place_ = place;
+  menu_.PopUp();
+  place_.reset();
+}
+
+void MenuView::Show() {
+  auto* shown = new QMenu(&owner_);
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  for (const auto& item : menu_.Items()) AddItem(*shown, item);
+  shown->popup(place_.value_or(QCursor::pos()));
+}
+
+}  // namespace quorvane::desktop

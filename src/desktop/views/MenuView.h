@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPoint>
+#include <optional>
+
+#include "base/Event.h"
+
+class QWidget;
+
+namespace quorvane {
+
+class Menu;
+
+namespace desktop {
+
+/// Shows a menu whenever it pops up: at the mouse, or at a place that the keyboard chose. Each time its items are read
+/// anew; the menu goes on living beside a running task.
+class MenuView {
+ public:
+  /// `menu` and `owner` outlive this.
+  MenuView(Menu& menu, QWidget& owner);
+
+  /// Pops the menu up there, in screen pixels, instead of at the mouse.
+  void PopUpAt(const QPoint& place);
+
+ private:
+  void Show();
+
+  Menu& menu_;
+  QWidget& owner_;
+  std::optional<QPoint> place_;
+  Subscription popped_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

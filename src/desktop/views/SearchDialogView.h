@@ -1,0 +1,31 @@
+#pragma once
+
+#include "desktop/views/DialogView.h"
+
+class QLayout;
+
+namespace quorvane {
+
+class Frame;
+class frmSearchDialog;
+
+namespace desktop {
+
+/// The search dialog: both texts above, the frames side by side below them with the line that names the module being
+/// searched, the buttons in a column on the right.
+class SearchDialogView final : public DialogView {
+ public:
+  /// The form outlives this.
+  SearchDialogView(frmSearchDialog& form, QWidget* parent);
+
+ private:
+  QLayout* MakeTexts();
+  QWidget* MakeFrame(const std::shared_ptr<Frame>& frame);
+  QLayout* MakeFrames();
+  QLayout* MakeButtons();
+
+  frmSearchDialog& form_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

@@ -1,0 +1,54 @@
+#include "desktop/views/StatusLabel.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <utility>
+
+#include "desktop/QtKeys.h"
+#include "desktop/QtText.h"
+#include "platform/forms/Label.h"
+
+namespace quorvane::desktop {
+
+StatusLabel::StatusLabel(std::shared_ptr<Label> label, QWidget* parent) : QWidget(parent), label_(std::move(label)) {
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  changed_ = label_->Changed.Subscribe([this] { update(); });
+}
+
+QString StatusLabel::Text() const {
+  return ToQString(label_->Caption());
+}
+
+QSize StatusLabel::sizeHint() const {
+  return {0, fontMetrics().height() + 2};
+}
+
+QSize StatusLabel::minimumSizeHint() const {
+  return sizeHint();
+}
+
+void StatusLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+  const QString shown = fontMetrics().elidedText(Text(), Qt::ElideRight, width());
+  painter.drawText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine), shown);
+}
+
+void StatusLabel::mousePressEvent(QMouseEvent* event) {
+  const std::int16_t button = MouseButtonOf(event->button());
+  if (button == 0) return QWidget::mousePressEvent(event);
+  label_->MouseDown.Raise(button, static_cast<std::int16_t>(ShiftStateOf(event->modifiers())),
+                         static_cast<float>(event->position().x()), static_cast<float>(event->position().y()));
+}
+
+bool StatusLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const QString text = Text();
+  const bool cut = fontMetrics().horizontalAdvance(text) > width();
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? text.toHtmlEscaped() : QString(), this);
+  return true;
+}
+
+}  // namespace quorvane::desktop

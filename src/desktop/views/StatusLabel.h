@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class Label;
+
+namespace desktop {
+
+/// One line of text that may change with every match of a running task: it is drawn, not laid out, cut at its end when
+/// it is too long, and then told in full by its tool tip.
+class StatusLabel final : public QWidget {
+ public:
+  StatusLabel(std::shared_ptr<Label> label, QWidget* parent);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  QString Text() const;
+
+  std::shared_ptr<Label> label_;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

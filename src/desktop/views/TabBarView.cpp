@@ -1,0 +1,138 @@
+#include "desktop/views/TabBarView.h"
+
+#include <QMouseEvent>
+#include <QToolButton>
+#include <algorithm>
+
+#include "desktop/Icons.h"
+#include "desktop/QtKeys.h"
+#include "desktop/QtText.h"
+#include "platform/forms/ImageList.h"
+#include "platform/forms/Tab.h"
+#include "platform/forms/TabControl.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+constexpr int kWidestTab = 260;
+
+/// An "&" of a search text marks nothing.
+QString CaptionOf(const Tab& tab) {
+  return ToQString(tab.Caption()).trimmed().replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+std::int16_t Shift(const QMouseEvent& event) {
+  return static_cast<std::int16_t>(ShiftStateOf(event.modifiers()));
+}
+
+}  // namespace
+
+TabBarView::TabBarView(TabControl& control, QWidget* parent)
+    : QTabBar(parent), control_(control), follow_([this] { Follow(); }) {
+  setDocumentMode(true);
+  setDrawBase(false);
+  setExpanding(false);
+  setElideMode(Qt::ElideRight);
+  setUsesScrollButtons(true);
+  setSelectionBehaviorOnRemove(QTabBar::SelectPreviousTab);
+  connect(this, &QTabBar::currentChanged, this, [this](int index) {
+    if (!busy_ && index >= 0) shown_[static_cast<std::size_t>(index)]->Select();
+  });
+  changed_ = control_.Changed.Subscribe([this] { follow_.Ask(); });
+  Follow();
+}
+
+TabBarView::~TabBarView() = default;
+
+void TabBarView::Follow() {
+  busy_ = true;
+  const std::vector<std::shared_ptr<Tab>> tabs = control_.Tabs();
+  for (std::size_t i = shown_.size(); i-- > 0;) {
+    if (std::ranges::find(tabs, shown_[i]) != tabs.end()) continue;
+    shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(i));
+    removeTab(static_cast<int>(i));
+  }
+  for (std::size_t i = 0; i < tabs.size(); ++i) {
+    const int index = static_cast<int>(i);
+    if (i >= shown_.size() || shown_[i] != tabs[i]) {
+      shown_.insert(shown_.begin() + static_cast<std::ptrdiff_t>(i), tabs[i]);
+      insertTab(index, QString());
+    }
+    FollowTab(index, *tabs[i]);
+    if (tabs[i] == control_.SelectedTab()) setCurrentIndex(index);
+  }
+  setEnabled(control_.Enabled());
+  busy_ = false;
+}
+
+void TabBarView::FollowTab(int index, const Tab& tab) {
+  const QString caption = CaptionOf(tab);
+  if (tabText(index) != caption) setTabText(index, caption);
+  setTabToolTip(index, ToQString(tab.ToolTipText()).toHtmlEscaped());
+  const auto& images = control_.Images();
+  const bool pictured =
+      images && tab.IconIndex() >= 0 && static_cast<std::size_t>(tab.IconIndex()) < images->Images.size();
+  if (pictured && tabIcon(index).isNull()) {
+    setTabIcon(index, Icons::ByName(images->Images[static_cast<std::size_t>(tab.IconIndex())]));
+  }
+  FollowCloseButton(index, tab);
+}
+
+void TabBarView::FollowCloseButton(int index, const Tab& tab) {
+  QWidget* now = tabButton(index, QTabBar::RightSide);
+  if (tab.CanClose() == (now != nullptr)) return;
+  if (now != nullptr) {
+    setTabButton(index, QTabBar::RightSide, nullptr);
+    now->deleteLater();
+    return;
+  }
+  auto* button = new QToolButton(this);
+  button->setIcon(Icons::ByName(u"tab-close"));
+  button->setIconSize({12, 12});
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::NoFocus);
+  const auto it = shown_[static_cast<std::size_t>(index)];
+  connect(button, &QToolButton::clicked, this, [this, it] { control_.PressClose(it); });
+  setTabButton(index, QTabBar::RightSide, button);
+}
+
+QSize TabBarView::tabSizeHint(int index) const {
+  return QTabBar::tabSizeHint(index).boundedTo({kWidestTab, QWIDGETSIZE_MAX});
+}
+
+std::shared_ptr<Tab> TabBarView::TabUnder(const QMouseEvent& event) const {
+  const int index = tabAt(event.position().toPoint());
+  return index >= 0 ? shown_[static_cast<std::size_t>(index)] : nullptr;
+}
+
+/// The bar itself selects nothing: the control does.
+void TabBarView::mousePressEvent(QMouseEvent* event) {
+  const std::int16_t button = MouseButtonOf(event->button());
+  if (button == 0) return;
+  const auto tab = TabUnder(*event);
+  if (button == 1) pressed_ = tab;
+  const auto x = static_cast<float>(event->position().x());
+  const auto y = static_cast<float>(event->position().y());
+  if (tab) {
+    control_.PressTab(tab, button, Shift(*event), x, y);
+  } else {
+    control_.PressBar(button, Shift(*event), x, y);
+  }
+}
+
+void TabBarView::mouseReleaseEvent(QMouseEvent*) {}
+
+/// The second press of two counts as a double click where the first one hit the same tab, and as a press else: the tab
+/// under the mouse may be one that the first press has made.
+void TabBarView::mouseDoubleClickEvent(QMouseEvent* event) {
+  follow_.Now();
+  const auto tab = TabUnder(*event);
+  if (event->button() == Qt::LeftButton && tab && tab == pressed_.lock()) {
+    control_.DoubleClickTab(tab);
+  } else if (event->button() != Qt::LeftButton) {
+    mousePressEvent(event);
+  }
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTabBar>
+#include <memory>
+#include <vector>
+
+#include "base/Event.h"
+#include "desktop/views/Later.h"
+
+namespace quorvane {
+
+class Tab;
+class TabControl;
+
+namespace desktop {
+
+/// The bar of a tab control: its tabs with their pictures, close buttons and tool tips. What the user does with it goes
+/// to the control, and the bar shows what came of it.
+class TabBarView final : public QTabBar {
+ public:
+  /// The control outlives this.
+  TabBarView(TabControl& control, QWidget* parent);
+  ~TabBarView() override;
+
+ protected:
+  QSize tabSizeHint(int index) const override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void Follow();
+  void FollowTab(int index, const Tab& tab);
+  void FollowCloseButton(int index, const Tab& tab);
+  std::shared_ptr<Tab> TabUnder(const QMouseEvent& event) const;
+
+  TabControl& control_;
+  std::vector<std::shared_ptr<Tab>> shown_;  ///< as they stand on this bar
+  std::weak_ptr<Tab> pressed_;               ///< by the last press of the left button
+  bool busy_ = false;
+  Later follow_;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane
