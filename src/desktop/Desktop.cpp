@@ -10,9 +10,12 @@
 #include "host/Globals.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
+#include "results/IResultPage.h"
 #include "results/Page.h"
+#include "results/PageCollection.h"
 #include "results/PageManager.h"
 #include "results/ResultDialog.h"
+#include "search/TaskManager.h"
 #include "services/LanguageManager.h"
 #include "workbench/AddInLoader.h"
 #include "workbench/HostWindows.h"
@@ -23,6 +26,19 @@ namespace quorvane::desktop {
 namespace {
 
 constexpr char16_t kAddIn[] = u"QuorvaneForVB6.Connect";
+
+/// Asks running searches to end; true when there were any. They end behind the event that is being handled now.
+bool CancelTasks() {
+  if (!Globals::gobjPageManager) return false;
+  bool any = false;
+  for (const auto& page : *Globals::gobjPageManager->mcolPages) {
+    const auto task = page->Task();
+    if (!task || !task->Running()) continue;
+    task->mblnCancel = true;
+    any = true;
+  }
+  return any;
+}
 
 }  // namespace
 
@@ -42,6 +58,7 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
                                                     [] { return std::make_shared<ResultDialog>(); });
   PageManager::SetPageFactory([] { return std::make_shared<Page>(); });
   RegisterDialogs();
+  closeAsked_ = window_->CloseAsked.Subscribe([](bool& busy) { busy = CancelTasks() || busy; });
   closing_ = window_->Closing.Subscribe([this] { Stop(); });
 }
 

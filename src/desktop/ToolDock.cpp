@@ -22,6 +22,7 @@ ToolDock::ToolDock(std::shared_ptr<workbench::ToolWindow> window, const ViewFact
   windows.Bind(window_->Handle(), *this);
   connect(toggleViewAction(), &QAction::triggered, this, [this](bool shown) { window_->SetVisible(shown); });
   changed_ = window_->Changed.Subscribe([this] { Follow(); });
+  shownByProgram_ = window_->Shown.Subscribe([this] { BringForward(); });
   Follow();
 }
 
@@ -35,7 +36,12 @@ void ToolDock::Follow() {
   const bool shown = window_->Visible();
   if (shown == !isHidden()) return;
   setVisible(shown);
-  if (shown) raise();
+}
+
+/// Before other docks on its place, and with the focus, unless the user is in another window, such as a dialog.
+void ToolDock::BringForward() {
+  raise();
+  if (window()->isActiveWindow() && focusProxy() != nullptr) focusProxy()->setFocus();
 }
 
 void ToolDock::closeEvent(QCloseEvent* event) {

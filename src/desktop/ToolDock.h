@@ -29,8 +29,11 @@ class ToolDock final : public QDockWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void BringForward();
+
   std::shared_ptr<workbench::ToolWindow> window_;
   Subscription changed_;
+  Subscription shownByProgram_;
 };
 
 }  // namespace quorvane::desktop

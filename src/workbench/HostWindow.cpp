@@ -16,9 +16,11 @@ void HostWindow::SetCaption(const std::u16string& caption) {
 }
 
 void HostWindow::SetVisible(bool visible) {
-  if (visible == visible_) return;
-  visible_ = visible;
-  Changed.Raise();
+  if (visible != visible_) {
+    visible_ = visible;
+    Changed.Raise();
+  }
+  if (visible) Shown.Raise();
 }
 
 void HostWindow::SetWindowState(std::int32_t state) {

@@ -33,6 +33,7 @@ class HostWindow : public vbide::Window {
   WindowHandle Handle() const { return handle_; }
 
   Event<> Changed;  ///< caption, visibility or state
+  Event<> Shown;    ///< it was made visible, also when it was so already: whoever did that wants to see it
 
  private:
   WindowHandle handle_;

@@ -1,5 +1,7 @@
 #include "desktop/views/ControlViews.h"
 
+#include <QShortcutEvent>
+
 #include "desktop/QtText.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
@@ -16,6 +18,15 @@ template <class Widget>
 void FollowCaption(Widget& widget, const CaptionedControl& control) {
   widget.setToolTip(ToQString(control.ToolTipText()));
   FollowControl(widget, control);
+}
+
+/// An access key clicks at once, where the toolkit would show the button pressed for a while first: the next key may
+/// depend on it.
+bool ClickByKey(QAbstractButton& button, const QEvent& event) {
+  if (event.type() != QEvent::Shortcut || static_cast<const QShortcutEvent&>(event).isAmbiguous()) return false;
+  button.setFocus(Qt::ShortcutFocusReason);
+  button.click();
+  return true;
 }
 
 }  // namespace
@@ -54,6 +65,10 @@ ButtonView::ButtonView(CommandButton& button, QWidget* parent) : QPushButton(par
   follow();
 }
 
+bool ButtonView::event(QEvent* event) {
+  return ClickByKey(*this, *event) || QPushButton::event(event);
+}
+
 OptionView::OptionView(OptionButton& option, QWidget* parent) : QRadioButton(parent), option_(option) {
   setAutoExclusive(false);
   changed_ = option.Changed.Subscribe([this] { Follow(); });
@@ -62,6 +77,10 @@ OptionView::OptionView(OptionButton& option, QWidget* parent) : QRadioButton(par
     Follow();
   });
   Follow();
+}
+
+bool OptionView::event(QEvent* event) {
+  return ClickByKey(*this, *event) || QRadioButton::event(event);
 }
 
 void OptionView::Follow() {
@@ -77,6 +96,10 @@ CheckView::CheckView(CheckBox& box, QWidget* parent) : QCheckBox(parent), box_(b
     Follow();
   });
   Follow();
+}
+
+bool CheckView::event(QEvent* event) {
+  return ClickByKey(*this, *event) || QCheckBox::event(event);
 }
 
 void CheckView::Follow() {

@@ -46,6 +46,9 @@ class ButtonView final : public QPushButton {
  public:
   ButtonView(CommandButton& button, QWidget* parent);
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   Subscription changed_;
 };
@@ -53,6 +56,9 @@ class ButtonView final : public QPushButton {
 class OptionView final : public QRadioButton {
  public:
   OptionView(OptionButton& option, QWidget* parent);
+
+ protected:
+  bool event(QEvent* event) override;
 
  private:
   void Follow();
@@ -64,6 +70,9 @@ class OptionView final : public QRadioButton {
 class CheckView final : public QCheckBox {
  public:
   CheckView(CheckBox& box, QWidget* parent);
+
+ protected:
+  bool event(QEvent* event) override;
 
  private:
   void Follow();

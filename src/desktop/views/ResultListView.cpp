@@ -47,9 +47,8 @@ ResultListView::ResultListView(std::shared_ptr<OwnerDrawList> list, QtWindows& w
   viewport()->setCursor(Qt::ArrowCursor);
   setFont(FontOf(list_.Font(), font()));
   list_.SetHwnd(windows.HandleOf(*viewport()));
-  windows.Answer(*viewport(), [this](std::uint32_t message, std::int32_t, std::int32_t lParam) {
-    return Answer(message, lParam);
-  });
+  windows.Answer(*viewport(),
+                 [this](std::uint32_t message, std::int32_t, std::int32_t lParam) { return Answer(message, lParam); });
   rowsChanged_ = list_.RowsChanged.Subscribe([this] { follow_.Ask(); });
   changed_ = list_.Changed.Subscribe([this] { follow_.Ask(); });
   repaintWanted_ = list_.RepaintWanted.Subscribe([this] { viewport()->update(); });

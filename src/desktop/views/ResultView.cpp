@@ -25,7 +25,8 @@ ResultView::ResultView(ResultDialog& document, QtWindows& windows, QWidget* pare
       resultMenu_(document.mnuResultOption, *this),
       tabMenu_(document.mnuTabOption, *this),
       bar_(new TabBarView(*document.vbalDTabControl1, this)),
-      pages_(new QWidget(this)) {
+      pages_(new QWidget(this)),
+      fit_([this] { FitPanels(); }) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -82,7 +83,7 @@ void ResultView::Follow(Shown& shown) {
   if (shown.widget == nullptr) {
     shown.widget = Make(shown.control);
     if (shown.widget == nullptr) return;
-    if (shown.widget->parentWidget() == pages_) FitPanels();
+    if (shown.widget->parentWidget() == pages_) fit_.Ask();  // whoever places what lies in it may not listen yet
   }
   const Control& control = *shown.control;
   QWidget& widget = *shown.widget;

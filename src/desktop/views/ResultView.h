@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Event.h"
+#include "desktop/views/Later.h"
 #include "desktop/views/MenuView.h"
 
 namespace quorvane {
@@ -61,6 +62,7 @@ class ResultView final : public QWidget {
   QWidget* pages_;
   std::map<const Control*, std::unique_ptr<Shown>> shown_;
   std::vector<Subscription> subscriptions_;
+  Later fit_;
   bool wasShown_ = false;
 };
 

@@ -40,7 +40,7 @@ void StatusLabel::mousePressEvent(QMouseEvent* event) {
   const std::int16_t button = MouseButtonOf(event->button());
   if (button == 0) return QWidget::mousePressEvent(event);
   label_->MouseDown.Raise(button, static_cast<std::int16_t>(ShiftStateOf(event->modifiers())),
-                         static_cast<float>(event->position().x()), static_cast<float>(event->position().y()));
+                          static_cast<float>(event->position().x()), static_cast<float>(event->position().y()));
 }
 
 bool StatusLabel::event(QEvent* event) {

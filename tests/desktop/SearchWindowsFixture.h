@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <string>
+
+#include "DesktopFixture.h"
+#include "dialogs/frmSearchDialog.h"
+#include "results/Page.h"
+#include "results/ResultDialog.h"
+
+class QWidget;
+class QMenu;
+
+namespace quorvane::desktop {
+
+class DialogView;
+class ResultListView;
+class ResultView;
+
+/// The whole program in English, with the sample group open and the add-in's windows at hand.
+class SearchWindowsTest : public DesktopTest {
+ protected:
+  void StartWithGroup();
+  /// As the hotkey does.
+  void ShowDialog();
+
+  static frmSearchDialog& Dialog();
+  static ResultDialog& Document();
+  static std::shared_ptr<Page> CurrentPage();
+  DialogView& DialogWidget();
+  /// The widget of a control of the search dialog.
+  QWidget& WidgetOf(const Control& control);
+  ResultView& Results();
+  ResultListView& List();
+
+  /// Types a text into the dialog's first box.
+  void TypeSearch(const QString& text);
+  /// A whole search in the group with what the dialog says otherwise.
+  void Search(const QString& text);
+  /// What is selected in the code window in front.
+  QString SelectedCode();
+  void ClickRow(int row, bool twice);
+
+  /// The one menu that is open; it must come.
+  static QMenu* OpenMenu();
+  /// Chooses an entry of the open menu by its words, without the mark of its key.
+  static void Choose(const QString& words);
+};
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,330 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+
+#include "SearchWindowsFixture.h"
+#include "base/Text.h"
+#include "desktop/AddInsMenu.h"
+#include "desktop/CodeArea.h"
+#include "desktop/CodeEdit.h"
+#include "desktop/CodeWindow.h"
+#include "desktop/MainWindow.h"
+#include "desktop/ToolDock.h"
+#include "desktop/views/DialogView.h"
+#include "desktop/views/ResultListView.h"
+#include "desktop/views/ResultView.h"
+#include "desktop/views/TabBarView.h"
+#include "host/Globals.h"
+#include "host/Utilities.h"
+#include "host/VBIDE.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "platform/forms/TabControl.h"
+#include "results/PageManager.h"
+#include "search/ResultCollection.h"
+#include "search/TaskManager.h"
+#include "services/GlobalSetting.h"
+#include "workbench/Module.h"
+#include "workbench/Project.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kNever = 2;  // the search dialog does not hide itself
+
+QString TabText(const TabBarView& bar, int index) {
+  return bar.tabText(index);
+}
+
+TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = 0;
+  ShowDialog();
+  EXPECT_TRUE(WidgetOf(*Dialog().cmbSearch).hasFocus());
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("nextorderno"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_G, Qt::AltModifier);
+  EXPECT_EQ(Globals::gobjSetting->menumArea, gsAllProjects);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(Dialog().Visible());
+  ASSERT_TRUE(WaitUntil([this] { return Results().isVisible(); }, 1s));
+  const int matches = CurrentPage()->mcolResult->Count();
+  ASSERT_GE(matches, 3);
+  EXPECT_EQ(TabText(Results().Bar(), 0), QStringLiteral("Search 'nextorderno'"));
+
+  List().setFocus();
+  QTest::keyClick(&List(), Qt::Key_Down);
+  QTest::keyClick(&List(), Qt::Key_Down);
+  EXPECT_EQ(List().Model().ListIndex(), 1);
+  QTest::keyClick(&List(), Qt::Key_Return);
+  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
+  EXPECT_EQ(Window().focusWidget(), &Window().Code().Current()->Editor());
+
+  // From the code window the hotkeys go on, to the end of the list and no further.
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Period, Qt::ControlModifier);
+  EXPECT_EQ(List().Model().ListIndex(), 2);
+  for (int i = 0; i < matches; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Period, Qt::ControlModifier);
+  EXPECT_EQ(List().Model().ListIndex(), matches - 1);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_EQ(List().Model().ListIndex(), matches - 2);
+
+  List().setFocus();
+  QTest::keyClick(&List(), Qt::Key_Escape);
+  EXPECT_FALSE(Results().isVisible());
+  EXPECT_FALSE(Globals::gobjToolWindow->Visible());
+}
+
+TEST_F(SearchWindowsTest, MouseAloneLeadsToTheMatch) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  AddInsMenu& menu = *Window().findChild<AddInsMenu*>();
+  menu.popup({0, 0});
+  Choose(QStringLiteral("Quorvane"));
+  ASSERT_TRUE(WaitUntil([] { return Dialog().Visible(); }, 1s));
+  Dialog().cmbSearch->Edit(u"nextorderno", 0, 0);
+  QTest::mouseClick(&WidgetOf(*Dialog().optAreaButtons[2]), Qt::LeftButton, {}, QPoint(10, 10));
+  QTest::mouseClick(&WidgetOf(*Dialog().cmdSearch), Qt::LeftButton);
+  ASSERT_TRUE(WaitUntil([this] { return Results().isVisible(); }, 1s));
+  ClickRow(2, true);
+  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
+  EXPECT_EQ(List().Model().ListIndex(), 2);
+  // The dialog stays above, and the surface beside its controls has a menu.
+  EXPECT_TRUE(DialogWidget().window()->isVisible());
+  QTest::mouseClick(&DialogWidget(), Qt::RightButton, {}, QPoint(3, 3));
+  Choose(QStringLiteral("To new tab"));
+  EXPECT_EQ(Globals::gobjSetting->menumSearchTo, 0);
+}
+
+TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  ModuleNamed(u"modMain").InsertLines(1, u"' \u00e9\t\twide\tneedle one\r\n' needle two");
+  Search(QStringLiteral("needle one\\r\\n' needle"));
+  Dialog().optModeButtons[2]->Press();
+  Dialog().chkIgnoreComment->Press();  // gray: comments alone
+  Dialog().cmdSearch->Press();
+  QCoreApplication::processEvents();
+  ASSERT_EQ(List().Model().ListCount(), 1);
+  ClickRow(0, true);
+  EXPECT_EQ(SelectedCode(), QStringLiteral("needle one\u2029' needle"));
+}
+
+TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
+  StartWithGroup();
+  Globals::gobjSetting->menumSearchTo = 0;
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  Search(QStringLiteral("order"));
+  Search(QStringLiteral("a & b"));
+  Search(QStringLiteral("total"));
+  TabBarView& bar = Results().Bar();
+  const auto captions = [&] {
+    QString all;
+    for (int i = 0; i < bar.count(); ++i) all += bar.tabText(i) + QLatin1Char('|');
+    return all.toStdString();
+  };
+  const auto middle = [&](int index) { return bar.tabRect(index).center(); };
+  EXPECT_EQ(captions(), "Search 'order'|Search 'a && b'|Search 'total'||");
+
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(0));
+  EXPECT_EQ(CurrentPage()->mstrKey, u"Search1");
+  EXPECT_EQ(List().Model().ListCount(), CurrentPage()->mcolResult->Count());
+  EXPECT_TRUE(bar.tabToolTip(0).contains(QStringLiteral("match:")));
+
+  // The tab behind all pages makes one, also when it is hit twice in a row, and has no close button.
+  const QPoint plus = middle(3);
+  EXPECT_EQ(bar.tabButton(3, QTabBar::RightSide), nullptr);
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, plus);
+  QTest::mouseDClick(&bar, Qt::LeftButton, {}, plus);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "Search 'order'|Search 'a && b'|Search 'total'|Search4||");
+
+  dynamic_cast<QToolButton*>(bar.tabButton(1, QTabBar::RightSide))->click();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "Search 'order'|Search 'total'|Search4||");
+  QTest::mouseClick(&bar, Qt::MiddleButton, {}, middle(2));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "Search 'order'|Search 'total'||");
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(0));
+  QTest::mouseDClick(&bar, Qt::LeftButton, {}, middle(0));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "Search 'total'||");
+
+  QTest::mouseClick(&bar, Qt::RightButton, {}, middle(0));
+  Choose(QStringLiteral("Close All tabs"));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "|");
+  EXPECT_FALSE(Results().isVisible());
+}
+
+TEST_F(SearchWindowsTest, MenuOfTheListSwitchesWithTheTask) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  Search(QStringLiteral("order"));
+  const int found = CurrentPage()->mcolResult->Count();
+  const auto open = [this] {
+    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, List().RectOf(1).center());
+    EXPECT_TRUE(WaitUntil([] { return OpenMenu() != nullptr; }, 1s));
+  };
+  open();
+  EXPECT_EQ(List().Model().ListIndex(), 1);
+  Choose(QStringLiteral("Clear result list"));
+  EXPECT_EQ(CurrentPage()->mlstResultList->ListCount(), 0);
+  Search(QStringLiteral("order"));
+  open();
+  Choose(QStringLiteral("Repeat search"));
+  CurrentPage()->mlstResultList->Clear();
+  EXPECT_TRUE(WaitUntil([&] { return CurrentPage()->mlstResultList->ListCount() == found; }, 1s));
+}
+
+TEST_F(SearchWindowsTest, WhileASearchRunsOnlyCancelWorks) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = 1;
+  ShowDialog();
+  TypeSearch(QStringLiteral("e"));
+  Dialog().optAreaButtons[2]->Press();
+  Globals::gobjPageManager->AddNewPage();
+  bool looked = false;
+  const Subscription atMatch = CurrentPage()->mobjTask->Query.Subscribe([&](bool&) {
+    if (looked || CurrentPage()->mcolResult->Count() < 20) return;
+    looked = true;
+    EXPECT_FALSE(WidgetOf(*Dialog().cmbSearch).isEnabled());
+    EXPECT_FALSE(WidgetOf(*Dialog().cmdSearch).isEnabled());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(Results().Bar().isEnabled());
+    EXPECT_EQ(Dialog().lblCurModule->Caption(), u"modMain");
+    QWidget& cancel = WidgetOf(*Dialog().cmdCancel);
+    EXPECT_TRUE(cancel.isVisible());
+    QTest::mouseClick(&cancel, Qt::LeftButton);
+  });
+  Globals::gobjSetting->menumSearchTo = 1;
+  QTest::keyClick(&WidgetOf(*Dialog().cmbSearch), Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(CurrentPage()->mcolResult->Count(), 20);
+  EXPECT_TRUE(Dialog().Visible());
+  EXPECT_TRUE(Results().Bar().isEnabled());
+  EXPECT_FALSE(WidgetOf(*Dialog().cmdCancel).isVisible());
+  EXPECT_TRUE(WidgetOf(*Dialog().cmbSearch).hasFocus());
+}
+
+TEST_F(SearchWindowsTest, LeavingDuringASearchEndsItFirst) {
+  StartWithGroup();
+  ShowDialog();
+  TypeSearch(QStringLiteral("e"));
+  Globals::gobjPageManager->AddNewPage();
+  Globals::gobjSetting->menumSearchTo = 1;
+  bool closed = false;
+  const Subscription atEnd = Window().Closing.Subscribe([&] { closed = true; });
+  const Subscription atMatch = CurrentPage()->mobjTask->Query.Subscribe([&](bool&) {
+    Window().close();
+    EXPECT_FALSE(closed);
+  });
+  Dialog().cmdSearch->Press();
+  EXPECT_TRUE(WaitUntil([&] { return closed; }, 2s));
+}
+
+TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  ShowDialog();
+  auto& ignore = dynamic_cast<QCheckBox&>(WidgetOf(*Dialog().chkIgnoreComment));
+  const auto click = [&] {
+    QTest::mouseClick(&ignore, Qt::LeftButton, {}, QPoint(8, ignore.height() / 2));
+    return ignore.checkState();
+  };
+  ASSERT_EQ(ignore.checkState(), Qt::Checked);
+  EXPECT_EQ(click(), Qt::PartiallyChecked);
+  EXPECT_EQ(click(), Qt::Unchecked);
+  EXPECT_EQ(click(), Qt::Checked);
+  EXPECT_EQ(ignore.toolTip(), QStringLiteral("Only search in comment when gray"));
+
+  auto& whole = dynamic_cast<QCheckBox&>(WidgetOf(*Dialog().chkWholeWord));
+  auto& replace = dynamic_cast<QPushButton&>(WidgetOf(*Dialog().cmdReplace));
+  TypeSearch(QStringLiteral("order"));
+  EXPECT_FALSE(replace.isEnabled());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_X, Qt::AltModifier);
+  EXPECT_EQ(whole.text(), QStringLiteral("Single line"));
+  EXPECT_TRUE(replace.isEnabled());
+  EXPECT_FALSE(dynamic_cast<QRadioButton&>(WidgetOf(*Dialog().optModeButtons[0])).isChecked());
+
+  // The histories, the newest first; picking an entry takes its text.
+  Search(QStringLiteral("total"));
+  Search(QStringLiteral("order"));
+  auto& combo = dynamic_cast<QComboBox&>(WidgetOf(*Dialog().cmbSearch));
+  ASSERT_EQ(combo.count(), 2);
+  EXPECT_EQ(combo.itemText(0), QStringLiteral("order"));
+  QTest::keyClick(&combo, Qt::Key_Down);
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"total");
+
+  // A dropped text takes the place of all that was there.
+  QMimeData dropped;
+  dropped.setText(QStringLiteral("two\r\nlines"));
+  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(combo.lineEdit(), &enter);
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(combo.lineEdit(), &drop);
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"twolines");
+
+  QTest::keyClick(&combo, Qt::Key_Escape);
+  EXPECT_FALSE(DialogWidget().window()->isVisible());
+  EXPECT_TRUE(Dialog().Loaded());
+}
+
+TEST_F(SearchWindowsTest, SelectionOfTheCodeComesToTheDialog) {
+  StartWithGroup();
+  ShowDialog();
+  DialogWidget().window()->close();
+  EXPECT_FALSE(Dialog().Visible());
+  EditorOf(u"modMain");
+  ModuleNamed(u"modMain").CodePane()->SetSelection({3, 1, 3, 7});
+  const QString selected = SelectedCode();
+  ASSERT_EQ(selected.size(), 6);
+  ShowDialog();
+  const auto& box = dynamic_cast<QComboBox&>(WidgetOf(*Dialog().cmbSearch));
+  EXPECT_EQ(box.currentText(), selected);
+  EXPECT_EQ(Dialog().cmbSearch->SelLength(), 6);
+}
+
+TEST_F(SearchWindowsTest, ListOfManyRowsScrollsAndFindsRowsByPlace) {
+  StartWithGroup();
+  Globals::gobjToolWindow->SetVisible(true);
+  Globals::gobjPageManager->AddNewPage();
+  const auto list = CurrentPage()->mlstResultList;
+  for (int i = 0; i < 100'000; ++i) list->AddItem(u"row " + ToText(i), i + 1);
+  QCoreApplication::processEvents();
+  List().setFocus();
+  QTest::keyClick(&List(), Qt::Key_End);
+  EXPECT_EQ(list->ListIndex(), 99'999);
+  EXPECT_FALSE(List().RectOf(99'999).isNull());
+  EXPECT_TRUE(List().RectOf(0).isNull());
+  QTest::keyClick(&List(), Qt::Key_PageUp);
+  EXPECT_FALSE(List().RectOf(list->ListIndex()).isNull());
+  EXPECT_LT(list->ListIndex(), 99'999);
+
+  const Utilities& utilities = *Globals::gobjUtilities;
+  const QPoint inside = List().RectOf(99'998).center();
+  EXPECT_EQ(utilities.GetListIndex(list->hWnd(), static_cast<float>(inside.x()), static_cast<float>(inside.y())),
+            99'998);
+  EXPECT_GE(utilities.GetListIndex(list->hWnd(), 5, static_cast<float>(List().height() + 50)), list->ListCount());
+  EXPECT_GE(utilities.GetListIndex(list->hWnd(), -4, 5), list->ListCount());
+
+  list->SetHorizontalExtent(5000);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(List().horizontalScrollBar()->maximum(), 5000 - List().viewport()->width());
+  QTest::keyClick(&List(), Qt::Key_Home);
+  EXPECT_EQ(list->ListIndex(), 0);
+  EXPECT_FALSE(List().RectOf(0).isNull());
+}
+
+}  // namespace
+}  // namespace quorvane::desktop
