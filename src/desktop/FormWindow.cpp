@@ -1,8 +1,11 @@
 #include "desktop/FormWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMoveEvent>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/QtText.h"
@@ -12,15 +15,30 @@
 
 namespace quorvane::desktop {
 
+namespace {
+
+/// A form without a border floats above everything and leaves the focus where it is.
+Qt::WindowFlags FlagsOf(const Dialog* dialog) {
+  if (dialog != nullptr && dialog->Border() == FormBorder::None) {
+    return Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
+  }
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+         Qt::WindowSystemMenuHint;
+}
+
+}  // namespace
+
 FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner)
-    : QWidget(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                         Qt::WindowSystemMenuHint),
+    : QWidget(owner, FlagsOf(dynamic_cast<Dialog*>(form.get()))),
       form_(std::move(form)),
-      dialog_(dynamic_cast<Dialog*>(form_.get())) {
+      dialog_(dynamic_cast<Dialog*>(form_.get())),
+      windows_(windows),
+      floats_(dialog_ != nullptr && dialog_->Border() == FormBorder::None) {
   setObjectName(ToQString(form_->Name()));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSizeConstraint(QLayout::SetFixedSize);
+  if (!floats_) layout->setSizeConstraint(QLayout::SetFixedSize);
+  setAttribute(Qt::WA_ShowWithoutActivating, floats_);
   if (dialog_ != nullptr) dialog_->SetWindow(windows.HandleOf(*this));
   if (QWidget* view = views.MakeView(*form_, this)) {
     layout->addWidget(view);
@@ -32,8 +50,9 @@ FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtW
   Follow();
 }
 
+/// The size of a form with a border is its view's choice.
 void FormWindow::TellSize() {
-  if (dialog_ == nullptr) return;
+  if (dialog_ == nullptr || floats_) return;
   const QSize size = layout()->sizeHint();
   if (size.width() == dialog_->Width() && size.height() == dialog_->Height()) return;
   busy_ = true;
@@ -47,14 +66,34 @@ void FormWindow::Follow() {
   if (dialog_ != nullptr && pos() != QPoint(dialog_->Left(), dialog_->Top())) {
     move(dialog_->Left(), dialog_->Top());
   }
-  if (form_->Visible() == isVisible()) return;
-  if (form_->Visible()) {
-    setWindowModality(form_->ShownModal() ? Qt::ApplicationModal : Qt::NonModal);
-    show();
-    activateWindow();
+  if (floats_) setFixedSize(std::max(dialog_->Width(), 1), std::max(dialog_->Height(), 1));
+  const bool wanted = form_->Visible() && !(floats_ && dialog_->Width() == 0);  // it was never filled
+  if (wanted == isVisible()) return;
+  if (wanted) {
+    Show();
   } else {
     hide();
   }
+}
+
+void FormWindow::Show() {
+  if (floats_) return show();
+  setWindowModality(form_->ShownModal() ? Qt::ApplicationModal : Qt::NonModal);
+  winId();
+  if (QWidget* above = OwnerWindow(); above != nullptr && above->windowHandle() != nullptr) {
+    windowHandle()->setTransientParent(above->windowHandle());
+  }
+  show();
+  raise();
+  activateWindow();
+}
+
+/// The window above which this one stays: that of the form's owner, else that in front.
+QWidget* FormWindow::OwnerWindow() const {
+  QWidget* owner = nullptr;
+  if (const auto form = std::dynamic_pointer_cast<Dialog>(form_->Owner())) owner = windows_.WidgetOf(form->hWnd());
+  if (owner == nullptr) owner = form_->ShownModal() ? QApplication::activeWindow() : parentWidget();
+  return owner != this ? owner : parentWidget();
 }
 
 void FormWindow::moveEvent(QMoveEvent* event) {

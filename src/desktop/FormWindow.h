@@ -15,8 +15,8 @@ namespace desktop {
 class QtWindows;
 class ViewFactory;
 
-/// The window of one open form, of a size that its view chooses. Follows caption, visibility, modality and place of the
-/// form; the user's close box goes to the form, which decides.
+/// The window of one open form, of a size that its view chooses, or, without a border, the form. Follows caption,
+/// visibility, modality and place of the form; the user's close box goes to the form, which decides.
 class FormWindow final : public QWidget {
  public:
   /// The window belongs to `owner`, above which it stays, and keeps the form until it goes itself.
@@ -29,10 +29,14 @@ class FormWindow final : public QWidget {
 
  private:
   void Follow();
+  void Show();
   void TellSize();
+  QWidget* OwnerWindow() const;
 
   std::shared_ptr<Form> form_;
   Dialog* dialog_;  ///< the form when it is one, else nothing
+  QtWindows& windows_;
+  bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;
   Subscription changed_;
 };

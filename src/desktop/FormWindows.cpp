@@ -25,7 +25,8 @@ FormWindow* FormWindows::WindowOf(const Form& form) const {
 
 void FormWindows::Open(Form& form) {
   const QSize screen = owner_.screen()->size();
-  TheScreen() = {screen.width(), screen.height()};
+  constexpr int kTwipsOfInch = 1440;
+  TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
   auto window = std::make_unique<FormWindow>(form.shared_from_this(), views_, windows_, &owner_);
   shown_[&form] = std::move(window);
 }

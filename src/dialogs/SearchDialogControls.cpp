@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/Text.h"
 #include "platform/forms/Controls.h"
 
 namespace quorvane {
@@ -12,13 +11,9 @@ namespace {
 /// The buttons of optArea from top to bottom.
 constexpr std::array<std::size_t, 5> kAreasOnScreen = {3, 0, 1, 2, 4};
 
-std::u16string Indexed(const std::u16string& name, std::int16_t index) {
-  return name + u"(" + ToText(index) + u")";
-}
-
 void PlaceButtons(Controls& controls, const std::u16string& name, const Frame& frame) {
   for (const auto& child : frame.Children) {
-    controls.Place(Indexed(name, std::static_pointer_cast<OptionButton>(child)->Index()), child);
+    controls.Place(name, std::static_pointer_cast<OptionButton>(child)->Index(), child);
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <memory>
-#include <utility>
 
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/ComboBox.h"
@@ -31,11 +30,11 @@ class SearchDialogControls {
   const std::shared_ptr<Frame> frameArea = std::make_shared<Frame>();
   OptionGroup optArea;  ///< the index is a gsArea
   /// optArea(Index) by its index, which is not the order on the screen.
-  const std::array<std::shared_ptr<OptionButton>, 5> optAreaButtons = MakeButtons<5>(optArea);
+  const std::array<std::shared_ptr<OptionButton>, 5> optAreaButtons = MakeOptionButtons<5>(optArea);
 
   const std::shared_ptr<Frame> frameMode = std::make_shared<Frame>();
   OptionGroup optMode;  ///< the index is a gsMode
-  const std::array<std::shared_ptr<OptionButton>, 3> optModeButtons = MakeButtons<3>(optMode);
+  const std::array<std::shared_ptr<OptionButton>, 3> optModeButtons = MakeOptionButtons<3>(optMode);
 
   const std::shared_ptr<Frame> frameOption = std::make_shared<Frame>();
   const std::shared_ptr<CheckBox> chkMatchCase = std::make_shared<CheckBox>();
@@ -60,13 +59,6 @@ class SearchDialogControls {
   void PlaceIn(Controls& controls) const;
 
  private:
-  template <std::size_t N>
-  static std::array<std::shared_ptr<OptionButton>, N> MakeButtons(OptionGroup& group) {
-    return [&]<std::size_t... I>(std::index_sequence<I...>) {
-      return std::array{std::make_shared<OptionButton>(group, static_cast<std::int16_t>(I))...};
-    }
-    (std::make_index_sequence<N>());
-  }
   void PlaceMenu(Controls& controls) const;
 };
 

@@ -7,7 +7,6 @@
 #include "platform/forms/Screen.h"
 #include "results/PageManager.h"
 #include "search/TaskManager.h"
-#include "services/ErrorManager.h"
 #include "services/GlobalSetting.h"
 #include "services/LanguageManager.h"
 #include "services/Updater.h"
@@ -22,15 +21,7 @@ constexpr std::int16_t kF1 = 112;
 
 }  // namespace
 
-void ShowEventError() {
-  if (Globals::gobjErrorManager) {
-    Globals::gobjErrorManager->ShowErr();
-  } else {
-    ErrorManager().ShowErr();
-  }
-}
-
-frmSearchDialog::frmSearchDialog() : Dialog(u"frmSearchDialog") {
+frmSearchDialog::frmSearchDialog() : FramedDialog(u"frmSearchDialog") {
   PlaceIn(Controls());
   SetDefaultButton(cmdSearch);
   ListenToCondition();

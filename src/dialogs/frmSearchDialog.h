@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "base/Event.h"
+#include "dialogs/FramedDialog.h"
 #include "dialogs/SearchDialogControls.h"
 #include "host/ISearchDialog.h"
 #include "host/IVersionUI.h"
-#include "platform/forms/Dialog.h"
 
 namespace quorvane {
 
@@ -23,9 +23,10 @@ class TaskManager;
 /// The modeless dialog in which the user says what to search for. It keeps no condition of its own: every change in a
 /// control is written to the shared settings at once, from which the tasks read. It follows the task of the current
 /// page, or the replace that it has started, through that task's events, since a run ends only behind them.
-///
-/// A failure in the handler of an event is shown and goes no further.
-class frmSearchDialog final : public Dialog, public SearchDialogControls, public IVersionUI, public ISearchDialog {
+class frmSearchDialog final : public FramedDialog,
+                              public SearchDialogControls,
+                              public IVersionUI,
+                              public ISearchDialog {
  public:
   frmSearchDialog();
   ~frmSearchDialog() override;
@@ -54,11 +55,6 @@ class frmSearchDialog final : public Dialog, public SearchDialogControls, public
   void Form_DblClick() override;
 
  private:
-  template <class Body>
-  void Framed(Body body);
-  template <class Raised, class Body>
-  void On(Raised& event, Body body);
-
   // Condition
   void ListenToCondition();
   void UpdateControlState();
@@ -97,27 +93,8 @@ class frmSearchDialog final : public Dialog, public SearchDialogControls, public
   std::int16_t mintCommentDepth = 0;  ///< calls of chkIgnoreComment_Click under way
   std::shared_ptr<TaskManager> mobjTaskMgr;  ///< the watched task
   std::shared_ptr<PageManager> mobjPageMgr;
-  std::vector<Subscription> controlEvents_;
   std::vector<Subscription> taskEvents_;  ///< of mobjTaskMgr
   Subscription onTabChange_;
 };
-
-/// Shows the error that is being handled, at the end of an event. The shared ErrorManager may be gone already.
-void ShowEventError();
-
-template <class Body>
-void frmSearchDialog::Framed(Body body) {
-  const auto self = weak_from_this().lock();  // the body may unload the form; nothing while it is being made
-  try {
-    body();
-  } catch (...) {
-    ShowEventError();
-  }
-}
-
-template <class Raised, class Body>
-void frmSearchDialog::On(Raised& event, Body body) {
-  controlEvents_.push_back(event.Subscribe([this, body](auto&&... args) { Framed([&] { body(args...); }); }));
-}
 
 }  // namespace quorvane

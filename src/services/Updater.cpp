@@ -210,7 +210,7 @@ RegExp& Updater::VersionPattern() {
   return *mobjRegExp;
 }
 
-std::u16string Updater::Url(std::u16string_view path) const {
+std::u16string Updater::Url(std::u16string_view path) {
   return u"http://" + ThePlatform().TheApp().ProjectHost + std::u16string(path);
 }
 

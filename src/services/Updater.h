@@ -40,6 +40,8 @@ class Updater final : public ILib {
   void CancelUpdate();
   /// Opens the project's site in a new browser window.
   void GotoProjectSite();
+  /// The address of a page of the project's; `path` begins with a slash.
+  static std::u16string Url(std::u16string_view path);
 
   void Setup() override;
   void TearDown() override;
@@ -59,7 +61,6 @@ class Updater final : public ILib {
   std::u16string CurrentVersion() const;
   std::u16string ParseVersion(const std::u16string& page);
   RegExp& VersionPattern();
-  std::u16string Url(std::u16string_view path) const;
 
   DateTime mdteLastUpdate;
   bool mblnPassive = false;

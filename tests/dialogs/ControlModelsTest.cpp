@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "DialogWorld.h"
 #include "base/Text.h"
+#include "platform/forms/RichTextBox.h"
+#include "platform/forms/TabStrip.h"
+#include "platform/forms/TextBox.h"
 #include "support/ErrorOf.h"
 
 namespace quorvane {
@@ -124,6 +129,170 @@ TEST(AccessKeyTest, IsMarkedInTheCaption) {
   EXPECT_EQ(AccessKey(u"a &&b"), 0);
   EXPECT_EQ(AccessKey(u"end &"), 0);
   EXPECT_EQ(AccessKey(u""), 0);
+}
+
+/// One character of a text with its look: the naive twin of a rich text box.
+struct Cell {
+  char16_t c;
+  Color color;
+  bool operator==(const Cell&) const = default;
+};
+
+std::vector<Cell> CellsOf(const RichTextBox& box) {
+  std::vector<Cell> cells;
+  const RichTextBox::Run* before = nullptr;
+  for (const auto& run : box.Runs()) {
+    EXPECT_EQ(static_cast<std::size_t>(run.Start), cells.size());
+    EXPECT_GT(run.Length, 0);
+    EXPECT_EQ(run.StrikeThru, run.Color > 1);
+    EXPECT_FALSE(before && before->Color == run.Color) << "not merged";
+    for (std::int32_t i = 0; i < run.Length; ++i) cells.push_back({box.Text().at(cells.size()), run.Color});
+    before = &run;
+  }
+  EXPECT_EQ(cells.size(), box.Text().size());
+  return cells;
+}
+
+TEST(RichTextBoxTest, BehavesLikeOneLookForEachCharacter) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  const auto below = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random); };
+  RichTextBox box;
+  std::vector<Cell> cells;
+  Color caret = 0;
+  std::size_t start = 0;
+  std::size_t length = 0;
+  for (int step = 0; step < 5000 && !testing::Test::HasFailure(); ++step) {
+    const std::size_t place = below(20);
+    switch (below(4)) {
+      case 0:
+        box.SetSelStart(static_cast<std::int32_t>(place));
+        start = std::min(place, cells.size());
+        length = 0;
+        if (!cells.empty()) caret = cells[start == 0 ? 0 : start - 1].color;
+        break;
+      case 1:
+        box.SetSelLength(static_cast<std::int32_t>(place));
+        length = std::min(place, cells.size() - start);
+        break;
+      case 2: {
+        const Color color = static_cast<Color>(below(3));
+        box.SetSelColor(color);
+        box.SetSelStrikeThru(color > 1);
+        if (length == 0) caret = color;
+        for (std::size_t i = start; i < start + length; ++i) cells[i].color = color;
+        break;
+      }
+      default: {
+        const bool all = below(50) == 0;
+        const std::u16string text(below(4), static_cast<char16_t>(u'a' + below(26)));
+        caret = box.SelColor();
+        all ? box.SetText(text) : box.SetSelText(text);
+        if (all) start = 0;
+        const auto from = cells.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto at = cells.erase(from, all ? cells.end() : from + static_cast<std::ptrdiff_t>(length));
+        cells.insert(at, text.size(), Cell{text.empty() ? u' ' : text[0], caret});
+        start = all ? 0 : start + text.size();
+        length = 0;
+      }
+    }
+    EXPECT_TRUE(CellsOf(box) == cells) << "step " << step;
+    EXPECT_EQ(box.SelColor(), length > 0 ? cells[start].color : caret);
+    EXPECT_EQ(box.SelText().size(), length);
+    EXPECT_EQ(static_cast<std::size_t>(box.SelStart()), start);
+  }
+  EXPECT_EQ(ErrorOf([&] { box.SetSelStart(-1); }), 380);
+  EXPECT_EQ(ErrorOf([&] { box.SetSelLength(-1); }), 380);
+}
+
+TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
+  TextBox box(TextBox::Lines::Many);
+  int changes = 0;
+  const auto onChange = box.Change.Subscribe([&] { ++changes; });
+  const struct {
+    const char16_t* before;
+    const char16_t* typed;
+    const char16_t* after;
+    int changes;
+  } rows[] = {
+      {u"a\r\nb", u"a\nb", u"a\r\nb", 0}, {u"a\nb", u"a\nb", u"a\nb", 0},   {u"a\nb", u"a\r\nb\r\n", u"a\nb\n", 1},
+      {u"a", u"a\nb", u"a\r\nb", 1},      {u"", u"\r\n\n", u"\r\n\r\n", 1},
+  };
+  for (const auto& row : rows) {
+    box.SetText(row.before);
+    changes = 0;
+    box.Edit(row.typed);
+    EXPECT_EQ(ToUtf8(box.Text()), ToUtf8(row.after));
+    EXPECT_EQ(changes, row.changes) << ToUtf8(row.after);
+  }
+  box.SetLocked(true);
+  box.Edit(u"typed");
+  EXPECT_EQ(ToUtf8(box.Text()), "\r\n\r\n");
+}
+
+/// A dialog with two tabs, a control of the same access key on each, and buttons for Enter and Esc.
+class TabbedDialog final : public Dialog {
+ public:
+  TabbedDialog() : Dialog(u"t") {
+    first->SetContainer(frame);
+    frame->SetContainer(tabs->Panel(0));
+    second->SetContainer(tabs->Panel(1));
+    for (const auto& button : {first, second, cancel}) button->SetCaption(u"&x");
+    cancel->SetCaption(u"no key");
+    Controls().Place(u"frame", frame);
+    Controls().Place(u"first", first);
+    Controls().Place(u"second", second);
+    Controls().Place(u"cancel", cancel);
+    SetCancelButton(cancel);
+  }
+
+  const std::shared_ptr<TabStrip> tabs = std::make_shared<TabStrip>(std::int16_t{2});
+  const std::shared_ptr<Frame> frame = std::make_shared<Frame>();
+  const std::shared_ptr<CommandButton> first = std::make_shared<CommandButton>();
+  const std::shared_ptr<CommandButton> second = std::make_shared<CommandButton>();
+  const std::shared_ptr<CommandButton> cancel = std::make_shared<CommandButton>();
+};
+
+TEST(DialogTest, KeysReachOnlyWhatIsOnTheScreen) {
+  const auto dialog = std::make_shared<TabbedDialog>();
+  dialog->Show();
+  std::string log;
+  const auto onFirst = dialog->first->Click.Subscribe([&] { log += "1"; });
+  const auto onSecond = dialog->second->Click.Subscribe([&] { log += "2"; });
+  const auto onTab =
+      dialog->tabs->Click.Subscribe([&](std::int16_t previous) { log += " from " + std::to_string(previous) + " "; });
+  const auto onCancel = dialog->cancel->Click.Subscribe([&] {
+    log += dialog->cancel->Value() ? " esc" : " no value";
+    dialog->Unload();
+  });
+  dialog->PressAccessKey(u'x');
+  dialog->tabs->Pick(1);
+  dialog->tabs->Pick(1);
+  dialog->PressAccessKey(u'x');
+  dialog->PressAccessKey(u'x');
+  EXPECT_EQ(ErrorOf([&] { dialog->SetFocus(dialog->first); }), 5) << "on the other tab";
+  EXPECT_EQ(ErrorOf([&] { dialog->tabs->SetTab(2); }), 380);
+  EXPECT_TRUE(dialog->PressKey(13, 0)) << "the button that has the focus";
+  dialog->cancel->SetEnabled(false);
+  EXPECT_FALSE(dialog->PressKey(27, 0));
+  dialog->cancel->SetEnabled(true);
+  EXPECT_TRUE(dialog->PressKey(27, 0));
+  EXPECT_EQ(log, "1 from 0 222 esc");
+  EXPECT_FALSE(dialog->Loaded());
+  EXPECT_FALSE(dialog->cancel->Value());
+}
+
+TEST(ButtonTest, MayGoDuringItsOwnClick) {
+  auto button = std::make_shared<CommandButton>();
+  bool during = false;
+  Subscription onClick = button->Click.Subscribe([&] {
+    during = button->Value();
+    button.reset();
+  });
+  button.get()->Press();
+  EXPECT_TRUE(during);
+  EXPECT_EQ(button, nullptr);
 }
 
 }  // namespace

@@ -1,10 +1,18 @@
 #include "desktop/views/RegisterViews.h"
 
 #include "desktop/ViewFactory.h"
+#include "desktop/views/AboutView.h"
+#include "desktop/views/CodePreviewView.h"
+#include "desktop/views/OptionsView.h"
+#include "desktop/views/ProcessingView.h"
 #include "desktop/views/ResultView.h"
 #include "desktop/views/SearchDialogView.h"
+#include "dialogs/frmAbout.h"
+#include "dialogs/frmCodePreview.h"
+#include "dialogs/frmProcessing.h"
 #include "dialogs/frmSearchDialog.h"
 #include "results/ResultDialog.h"
+#include "services/frmOption.h"
 
 namespace quorvane::desktop {
 
@@ -13,6 +21,12 @@ void RegisterViews(ViewFactory& factory, QtWindows& windows) {
       [&windows](ResultDialog& document, QWidget* parent) { return new ResultView(document, windows, parent); });
   factory.RegisterForm<frmSearchDialog>(
       [](frmSearchDialog& form, QWidget* parent) { return new SearchDialogView(form, parent); });
+  factory.RegisterForm<frmCodePreview>(
+      [](frmCodePreview& form, QWidget* parent) { return new CodePreviewView(form, parent); });
+  factory.RegisterForm<frmOption>([](frmOption& form, QWidget* parent) { return new OptionsView(form, parent); });
+  factory.RegisterForm<frmAbout>([](frmAbout& form, QWidget* parent) { return new AboutView(form, parent); });
+  factory.RegisterForm<frmProcessing>(
+      [](frmProcessing& form, QWidget* parent) { return new ProcessingView(form, parent); });
 }
 
 }  // namespace quorvane::desktop

@@ -1,15 +1,23 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/forms/CaptionedControl.h"
 
 namespace quorvane {
 
 class CommandButton final : public CaptionedControl {
  public:
-  /// The user's press by mouse or key; a button that is disabled or invisible takes none.
+  /// True during its own Click alone.
+  bool Value() const { return *pressed_; }
+
+  /// The user's press by mouse or key; a button that is disabled or invisible takes none. It may go during its Click.
   void Press();
 
   Event<> Click;
+
+ private:
+  std::shared_ptr<bool> pressed_ = std::make_shared<bool>(false);  ///< never nothing
 };
 
 }  // namespace quorvane

@@ -43,6 +43,10 @@ void Controls::Place(const std::u16string& name, const std::shared_ptr<Control>&
   Added.Raise(*control);
 }
 
+void Controls::Place(const std::u16string& name, std::int16_t index, const std::shared_ptr<Control>& control) {
+  Place(name + u"(" + ToText(index) + u")", control);
+}
+
 void Controls::CheckFree(const std::u16string& name) const {
   if (Find(name) != controls_.end()) throw Error(kNameTaken, u"There is already a control with the name " + name);
 }

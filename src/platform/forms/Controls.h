@@ -29,6 +29,8 @@ class Controls {
   std::shared_ptr<Control> Add(std::u16string_view progId, const std::u16string& name);
   /// Takes in a control that a form has by its design, as it is. Error 91 for nothing, 727 for a name that is taken.
   void Place(const std::u16string& name, const std::shared_ptr<Control>& control);
+  /// Likewise one of several of one name: under "name(index)".
+  void Place(const std::u16string& name, std::int16_t index, const std::shared_ptr<Control>& control);
   /// The control stays whole for whoever holds it. Error 730 when there is none of that name.
   void Remove(std::u16string_view name);
   /// Error 730 when there is none of that name.

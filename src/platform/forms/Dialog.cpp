@@ -1,5 +1,6 @@
 #include "platform/forms/Dialog.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Error.h"
@@ -8,22 +9,33 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/Line.h"
 #include "platform/forms/Menu.h"
 #include "platform/forms/OptionButton.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/ProgressBar.h"
+#include "platform/forms/Screen.h"
 
 namespace quorvane {
 
 namespace {
 
 constexpr std::int16_t kEnter = 13;
+constexpr std::int16_t kEsc = 27;
 
 bool IsOpen(const Control& control) {
-  return control.Enabled() && control.Visible();
+  if (!control.Enabled() || !control.Visible()) return false;
+  const auto container = control.Container();
+  return !container || IsOpen(*container);
+}
+
+template <class... Kinds>
+bool IsOneOf(const Control& control) {
+  return ((dynamic_cast<const Kinds*>(&control) != nullptr) || ...);
 }
 
 bool TakesFocus(const Control& control) {
-  return dynamic_cast<const Label*>(&control) == nullptr && dynamic_cast<const Frame*>(&control) == nullptr &&
-         dynamic_cast<const Menu*>(&control) == nullptr;
+  return !IsOneOf<Label, Frame, Menu, Line, PictureBox, ProgressBar>(control);
 }
 
 /// Empty for a control without one; the entries of a menu have their keys to themselves.
@@ -45,6 +57,10 @@ void Dialog::SetDefaultButton(std::shared_ptr<CommandButton> button) {
   defaultButton_ = std::move(button);
 }
 
+void Dialog::SetCancelButton(std::shared_ptr<CommandButton> button) {
+  cancelButton_ = std::move(button);
+}
+
 void Dialog::Move(std::int32_t left, std::int32_t top) {
   left_ = left;
   top_ = top;
@@ -52,8 +68,16 @@ void Dialog::Move(std::int32_t left, std::int32_t top) {
 }
 
 void Dialog::SetSize(std::int32_t width, std::int32_t height) {
+  width = std::max(width, 0);
+  height = std::max(height, 0);
+  if (width == width_ && height == height_) return;
   width_ = width;
   height_ = height;
+  if (start_ == FormStart::CenterScreen && !Visible()) {
+    left_ = (TheScreen().Width - width) / 2;
+    top_ = (TheScreen().Height - height) / 2;
+  }
+  Form_Resize();
   Changed.Raise();
 }
 
@@ -73,7 +97,14 @@ bool Dialog::PressKey(std::int16_t keyCode, std::int16_t shift) {
   const auto self = shared_from_this();
   Form_KeyDown(keyCode, shift);
   if (!Visible()) return true;
+  if (keyCode == kEsc) return PressEsc();
   return keyCode == kEnter && PressEnter();
+}
+
+bool Dialog::PressEsc() {
+  if (!cancelButton_ || !IsOpen(*cancelButton_)) return false;
+  cancelButton_->Press();
+  return true;
 }
 
 bool Dialog::PressEnter() {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "base/Event.h"
 #include "platform/NativeWindows.h"
@@ -13,15 +14,30 @@ namespace quorvane {
 
 class CommandButton;
 
-/// A form with controls and keys: a fixed border, no minimize or maximize box, not listed in the task bar, and it sees
-/// keys before its controls do. The order of the controls is the tab order; labels and frames are passed over.
+enum class FormBorder {
+  FixedDialog,      ///< title and close box
+  FixedToolWindow,  ///< the same, small
+  None,             ///< neither border nor title; showing it never takes the focus from anywhere
+};
+
+enum class FormStart {
+  Manual,        ///< where Move puts it
+  CenterScreen,  ///< in the middle of the screen until it is first shown, whatever its size becomes
+};
+
+/// A form with controls and keys: not to be sized by the user, no minimize or maximize box, not listed in the task bar,
+/// and it sees keys before its controls do. The order of the controls is the tab order; labels, frames and other
+/// controls that only show something are passed over, and so is all that lies in an invisible or disabled container.
 ///
 /// Places are in pixels of the screen. A view that shows the form gives it its handle and its size when the form is
 /// opened, before Form_Load, and keeps place and focus in step with Changed. The gestures are the user's side.
 class Dialog : public Form {
  public:
-  using Form::Form;
+  explicit Dialog(std::u16string name, FormBorder border = FormBorder::FixedDialog, FormStart start = FormStart::Manual)
+      : Form(std::move(name)), border_(border), start_(start) {}
   ~Dialog() override;
+
+  FormBorder Border() const { return border_; }
 
   /// Menu entries too.
   quorvane::Controls& Controls() { return controls_; }
@@ -34,6 +50,7 @@ class Dialog : public Form {
   std::int32_t Width() const { return width_; }
   std::int32_t Height() const { return height_; }
   void Move(std::int32_t left, std::int32_t top);
+  /// Runs Form_Resize when it is another size, by whomever. A width or height below 0 counts as 0.
   void SetSize(std::int32_t width, std::int32_t height);
 
   /// The control that has the focus; nothing when none has.
@@ -43,6 +60,8 @@ class Dialog : public Form {
 
   /// Enter presses it wherever the focus is, but on another button; nothing when there is none.
   const std::shared_ptr<CommandButton>& DefaultButton() const { return defaultButton_; }
+  /// Esc presses it; nothing when there is none.
+  const std::shared_ptr<CommandButton>& CancelButton() const { return cancelButton_; }
 
   // Gestures
   /// The focus went to a control by mouse or Tab.
@@ -55,20 +74,29 @@ class Dialog : public Form {
   /// On the form's own surface, not on a control. Button 1 left, 2 right, 4 middle.
   void PressMouse(std::int16_t button, std::int16_t shift, float x, float y) { Form_MouseDown(button, shift, x, y); }
   void DoubleClick() { Form_DblClick(); }
+  /// The focus left the form's window, which holds no control that could have it.
+  void LoseFocus() { Form_LostFocus(); }
 
  protected:
   virtual void Form_KeyDown(std::int16_t keyCode, std::int16_t shift);
   virtual void Form_MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
   virtual void Form_DblClick() {}
+  virtual void Form_LostFocus() {}
+  virtual void Form_Resize() {}
 
   void SetDefaultButton(std::shared_ptr<CommandButton> button);
+  void SetCancelButton(std::shared_ptr<CommandButton> button);
 
  private:
   bool PressEnter();
+  bool PressEsc();
   bool Act(std::size_t place);
 
   quorvane::Controls controls_;
+  FormBorder border_;
+  FormStart start_;
   std::shared_ptr<CommandButton> defaultButton_;
+  std::shared_ptr<CommandButton> cancelButton_;
   std::weak_ptr<Control> active_;
   WindowHandle hWnd_ = 0;
   std::int32_t left_ = 0;

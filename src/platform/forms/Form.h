@@ -61,9 +61,11 @@ class Form : public std::enable_shared_from_this<Form> {
   /// `cancel` true keeps the form loaded.
   virtual void Form_QueryUnload(bool& cancel, UnloadMode mode);
   virtual void Form_Unload(bool& cancel);
+  /// Neither loads nor waits; a form that is not loaded stays invisible. For a form that shows or hides its window by
+  /// the handle, which leaves Visible behind.
+  void SetVisible(bool visible);
 
  private:
-  void SetVisible(bool visible);
   void Leave();
   void WaitModal();
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
+#include <utility>
 
 #include "platform/forms/CaptionedControl.h"
 
@@ -25,5 +28,14 @@ class OptionButton final : public CaptionedControl {
   std::int16_t index_;
   Subscription onGroupChanged_;
 };
+
+/// The buttons 0 to N - 1 of an empty group.
+template <std::size_t N>
+std::array<std::shared_ptr<OptionButton>, N> MakeOptionButtons(OptionGroup& group) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::array{std::make_shared<OptionButton>(group, static_cast<std::int16_t>(I))...};
+  }
+  (std::make_index_sequence<N>());
+}
 
 }  // namespace quorvane

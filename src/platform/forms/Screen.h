@@ -9,6 +9,7 @@ namespace quorvane {
 struct Screen {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
+  std::int32_t TwipsPerPixel = 15;  ///< across and down; 96 dots an inch
 };
 
 /// The one of the program.

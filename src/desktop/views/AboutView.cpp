@@ -1,0 +1,84 @@
+#include "desktop/views/AboutView.h"
+
+#include <QFontDatabase>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+#include "desktop/Icons.h"
+#include "desktop/views/ControlViews.h"
+#include "desktop/views/LinkView.h"
+#include "desktop/views/MemoView.h"
+#include "dialogs/frmAbout.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+constexpr int kIconSize = 48;
+constexpr QSize kTextSize(520, 150);
+
+}  // namespace
+
+AboutView::AboutView(frmAbout& form, QWidget* parent) : DialogView(form, parent), form_(form) {
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(MakeHead());
+  layout->addWidget(MakeText(form_.Frame说明, form_.txt说明, true));
+  layout->addWidget(MakeText(form_.Frame许可, form_.txt许可, false));
+  layout->addWidget(MakeRule());
+  layout->addLayout(MakeFoot());
+  setFocusProxy(WidgetOf(*form_.cmdOK));
+}
+
+QLayout* AboutView::MakeHead() {
+  auto* head = new QGridLayout;
+  auto* icon = Enter(form_.picIcon, new QLabel(this));
+  icon->setPixmap(Icons::Program().pixmap(kIconSize, kIconSize));
+  auto* title = Enter(form_.lblTitle, new LabelView(*form_.lblTitle, this));
+  QFont large = title->font();
+  large.setPointSizeF(large.pointSizeF() * 1.5);
+  large.setBold(true);
+  title->setFont(large);
+  head->addWidget(icon, 0, 0, 2, 1);
+  head->addWidget(title, 0, 1);
+  head->addWidget(Enter(form_.lblVersion, new LabelView(*form_.lblVersion, this)), 1, 1);
+  head->setColumnStretch(1, 1);
+  head->setHorizontalSpacing(12);
+  return head;
+}
+
+QWidget* AboutView::MakeText(const std::shared_ptr<Frame>& frame, const std::shared_ptr<TextBox>& text, bool readMe) {
+  auto* box = Enter(frame, new FrameView(*frame, this));
+  auto* layout = new QVBoxLayout(box);
+  auto* shown = Enter(text, new MemoView(*text, box));
+  shown->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  shown->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  QPalette ground = shown->palette();
+  ground.setColor(QPalette::Base, palette().color(QPalette::Window));
+  shown->setPalette(ground);
+  shown->setMinimumSize(readMe ? QSize(kTextSize.width(), kTextSize.height() + 40) : kTextSize);
+  layout->addWidget(shown);
+  return box;
+}
+
+QWidget* AboutView::MakeRule() {
+  auto* rule = new QFrame(this);
+  rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+  Enter(form_.Line1[0], rule);
+  return rule;
+}
+
+QLayout* AboutView::MakeFoot() {
+  auto* foot = new QGridLayout;
+  foot->addWidget(Enter(form_.lbl网址, new LabelView(*form_.lbl网址, this)), 0, 0);
+  foot->addWidget(Enter(form_.lblProjectUrl, new LinkView(*form_.lblProjectUrl, this)), 0, 1, Qt::AlignLeft);
+  foot->addWidget(Enter(form_.lbl邮箱, new LabelView(*form_.lbl邮箱, this)), 1, 0);
+  foot->addWidget(Enter(form_.lblEmail, new LinkView(*form_.lblEmail, this)), 1, 1, Qt::AlignLeft);
+  auto* ok = Enter(form_.cmdOK, new ButtonView(*form_.cmdOK, this));
+  ok->setDefault(true);
+  foot->addWidget(ok, 0, 2, 2, 1, Qt::AlignVCenter);
+  foot->setColumnStretch(1, 1);
+  return foot;
+}
+
+}  // namespace quorvane::desktop

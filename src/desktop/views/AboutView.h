@@ -1,0 +1,32 @@
+#pragma once
+
+#include "desktop/views/DialogView.h"
+
+class QLayout;
+
+namespace quorvane {
+
+class Frame;
+class Label;
+class TextBox;
+class frmAbout;
+
+namespace desktop {
+
+/// The about box: icon, title and version, both texts, a rule, the links and the button that closes it.
+class AboutView final : public DialogView {
+ public:
+  /// The form outlives this.
+  AboutView(frmAbout& form, QWidget* parent);
+
+ private:
+  QLayout* MakeHead();
+  QWidget* MakeText(const std::shared_ptr<Frame>& frame, const std::shared_ptr<TextBox>& text, bool readMe);
+  QWidget* MakeRule();
+  QLayout* MakeFoot();
+
+  frmAbout& form_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

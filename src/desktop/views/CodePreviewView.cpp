@@ -1,0 +1,94 @@
+#include "desktop/views/CodePreviewView.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include "desktop/QtText.h"
+#include "dialogs/frmCodePreview.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+constexpr int kTabColumns = 4;
+constexpr int kDocumentMargin = 3;
+
+/// Code is read in columns: where the font that is asked for is not installed, the system's font of fixed width stands
+/// in, not whatever letters come first.
+QFont FontOf(const Font& font) {
+  const QString family = ToQString(font.Name);
+  QFont made = QFontDatabase::hasFamily(family) ? QFont(family) : QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  made.setPointSizeF(font.Size);
+  return made;
+}
+
+double TabWidth(const QFont& font) {
+  return QFontMetricsF(font).horizontalAdvance(QLatin1Char(' ')) * kTabColumns;
+}
+
+class ScreenMeasurer final : public TextMeasurer {
+ public:
+  std::int32_t LineHeight(const Font& font) const override { return QFontMetrics(FontOf(font)).lineSpacing(); }
+
+  std::int32_t LineWidth(const Font& font, std::u16string_view line) const override {
+    const QFont shown = FontOf(font);
+    QTextLayout layout(ToQString(line), shown);
+    QTextOption option(Qt::AlignLeft);
+    option.setTabStopDistance(TabWidth(shown));
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine laid = layout.createLine();
+    layout.endLayout();
+    return laid.isValid() ? static_cast<std::int32_t>(laid.naturalTextWidth() + 0.999) : 0;
+  }
+};
+
+/// The platform's colours are made for white ground.
+QColor ColorOf(Color color, const QPalette& palette) {
+  if (color == 0) return palette.color(QPalette::Text);
+  QColor shown(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+               static_cast<int>(color >> 16 & 0xFF));
+  const bool dark = palette.color(QPalette::Base).lightness() < 128;
+  return dark ? QColor::fromHsl(shown.hslHue(), shown.hslSaturation() * 3 / 4, 175) : shown;
+}
+
+}  // namespace
+
+CodePreviewView::CodePreviewView(frmCodePreview& form, QWidget* parent)
+    : QTextEdit(parent), form_(form), follow_([this] { Follow(); }) {
+  setReadOnly(true);
+  setFocusPolicy(Qt::NoFocus);
+  setTextInteractionFlags(Qt::NoTextInteraction);
+  setLineWrapMode(QTextEdit::NoWrap);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setMinimumSize(0, 0);
+  document()->setDocumentMargin(kDocumentMargin);
+  document()->setUndoRedoEnabled(false);
+  form_.SetMeasurer(std::make_shared<ScreenMeasurer>());
+  changed_ = form_.rtPreview->Changed.Subscribe([this] { follow_.Ask(); });
+  Follow();
+}
+
+CodePreviewView::~CodePreviewView() = default;
+
+void CodePreviewView::Follow() {
+  const QFont font = FontOf(form_.Font());
+  setFont(font);
+  setTabStopDistance(TabWidth(font));
+  clear();
+  QTextCursor cursor(document());
+  const QString text = ToQString(form_.rtPreview->Text());
+  for (const RichTextBox::Run& run : form_.rtPreview->Runs()) {
+    QTextCharFormat format;
+    format.setForeground(ColorOf(run.Color, palette()));
+    format.setFontStrikeOut(run.StrikeThru);
+    cursor.insertText(text.mid(run.Start, run.Length).remove(QLatin1Char('\r')), format);
+  }
+}
+
+}  // namespace quorvane::desktop

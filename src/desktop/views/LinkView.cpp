@@ -1,0 +1,41 @@
+#include "desktop/views/LinkView.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "desktop/QtText.h"
+#include "desktop/views/ControlViews.h"
+#include "platform/forms/Label.h"
+
+namespace quorvane::desktop {
+
+LinkView::LinkView(Label& label, QWidget* parent) : QLabel(parent), label_(label) {
+  setFocusPolicy(Qt::TabFocus);
+  setTextFormat(Qt::PlainText);
+  setForegroundRole(QPalette::Link);
+  QFont underlined = font();
+  underlined.setUnderline(true);
+  setFont(underlined);
+  if (label_.HandPointer) setCursor(Qt::PointingHandCursor);
+  changed_ = label_.Changed.Subscribe([this] { Follow(); });
+  Follow();
+}
+
+void LinkView::Follow() {
+  setText(ToQString(label_.Caption()));
+  FollowControl(*this, label_);
+}
+
+void LinkView::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) label_.Press();
+}
+
+void LinkView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return) {
+    label_.Press();
+  } else {
+    QLabel::keyPressEvent(event);
+  }
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QLabel>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class Label;
+
+namespace desktop {
+
+/// A label that is clicked as a link is, by mouse or, when it has the focus, by Space or Enter.
+class LinkView final : public QLabel {
+ public:
+  /// The model outlives this.
+  LinkView(Label& label, QWidget* parent);
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Follow();
+
+  Label& label_;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

@@ -1,0 +1,41 @@
+#include "desktop/views/MemoView.h"
+
+#include "desktop/QtText.h"
+#include "desktop/views/ControlViews.h"
+#include "platform/forms/TextBox.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+/// As the toolkit's editor gives its text.
+QString WithPlainBreaks(const std::u16string& text) {
+  return ToQString(text)
+      .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+      .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+}  // namespace
+
+MemoView::MemoView(TextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
+  setTabChangesFocus(box.Locked());
+  changed_ = box.Changed.Subscribe([this] { Follow(); });
+  connect(this, &QPlainTextEdit::textChanged, this, [this] {
+    if (busy_) return;
+    busy_ = true;
+    box_.Edit(FromQString(toPlainText()));
+    busy_ = false;
+  });
+  Follow();
+}
+
+void MemoView::Follow() {
+  if (busy_) return;
+  busy_ = true;
+  if (const QString text = WithPlainBreaks(box_.Text()); text != toPlainText()) setPlainText(text);
+  setReadOnly(box_.Locked());
+  FollowControl(*this, box_);
+  busy_ = false;
+}
+
+}  // namespace quorvane::desktop

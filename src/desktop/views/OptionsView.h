@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/views/DialogView.h"
+
+class QLayout;
+class QTabWidget;
+
+namespace quorvane {
+
+class Control;
+class Frame;
+class frmOption;
+
+namespace desktop {
+
+class KeyEditorView;
+
+/// The options: four tabs and the two buttons below them.
+class OptionsView final : public DialogView {
+ public:
+  /// The form outlives this.
+  OptionsView(frmOption& form, QWidget* parent);
+
+  QTabWidget& Tabs() { return *tabs_; }
+  KeyEditorView& Keys() { return *keys_; }
+
+ private:
+  void MakeTabs();
+  QWidget* MakeGeneralTab();
+  QWidget* MakeFilterTab();
+  QWidget* MakeHotkeyTab();
+  QWidget* MakeLanguageTab();
+  QLayout* MakeButtons();
+  QWidget* MakePreviewFrame(QWidget* parent);
+  QWidget* MakeUpdateFrame(QWidget* parent);
+  /// A frame with its option buttons and check boxes one below the other.
+  QWidget* MakeChoices(const std::shared_ptr<Frame>& frame, QWidget* parent);
+  void FollowTabs();
+
+  frmOption& form_;
+  QTabWidget* tabs_;
+  KeyEditorView* keys_ = nullptr;
+  bool busy_ = false;
+  Subscription tabsChanged_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

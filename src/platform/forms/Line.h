@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Canvas.h"
+#include "platform/forms/Control.h"
+
+namespace quorvane {
+
+/// A thin line as decoration.
+class Line final : public Control {
+ public:
+  Color BorderColor = 0;
+};
+
+}  // namespace quorvane
