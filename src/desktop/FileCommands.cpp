@@ -22,6 +22,8 @@ namespace quorvane::desktop {
 
 namespace {
 
+const QString kTitle = QStringLiteral("Quorvane");  // of boxes
+
 using workbench::Component;
 using workbench::FileStamp;
 using workbench::Project;
@@ -41,7 +43,7 @@ FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, con
     : workbench_(workbench), window_(window), texts_(texts) {}
 
 void FileCommands::TellError(const QString& what, const QString& why) {
-  QMessageBox box(QMessageBox::Critical, QApplication::applicationDisplayName(), what, QMessageBox::Ok, &window_);
+  QMessageBox box(QMessageBox::Critical, kTitle, what, QMessageBox::Ok, &window_);
   box.setInformativeText(why);
   box.setTextFormat(Qt::PlainText);
   box.exec();
@@ -51,7 +53,7 @@ void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
   if (warnings.empty()) return;
   QStringList lines;
   for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
-  QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(),
+  QMessageBox box(QMessageBox::Warning, kTitle,
                   texts_(Text::NotAllOpened).arg(lines.size()), QMessageBox::Ok, &window_);
   box.setTextFormat(Qt::PlainText);
   if (lines.size() <= 5) {
@@ -158,7 +160,7 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   if (modified.empty()) return true;
   QStringList names;
   for (const auto& component : modified) names << ToQString(component->FullName());
-  QMessageBox box(QMessageBox::Question, QApplication::applicationDisplayName(),
+  QMessageBox box(QMessageBox::Question, kTitle,
                   texts_(Text::SaveQuestion).arg(names.size()),
                   QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
   box.setDefaultButton(QMessageBox::Save);
@@ -230,7 +232,7 @@ void FileCommands::CheckFile(const std::shared_ptr<Component>& component) {
   const ComponentList twins = OfFile(component->Path());
   if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
     const auto answer =
-        QMessageBox::question(&window_, QApplication::applicationDisplayName(), texts_(Text::ReloadQuestion).arg(path));
+        QMessageBox::question(&window_, kTitle, texts_(Text::ReloadQuestion).arg(path));
     // Whoever keeps the edits means them: the next save is over what is on disk now.
     if (answer != QMessageBox::Yes) {
       for (const auto& twin : twins) twin->SetStamp(*stamp);

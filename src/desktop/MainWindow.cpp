@@ -12,6 +12,8 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTextBlock>
+#include <QTimer>
+#include <algorithm>
 
 #include "desktop/AddInsMenu.h"
 #include "desktop/CodeArea.h"
@@ -40,6 +42,7 @@ constexpr QSize kFirstSize(1180, 780);
 constexpr int kFirstTreeWidth = 270;
 constexpr int kFirstToolHeight = 230;
 constexpr int kMessageTime = 8000;  // ms
+constexpr int kCloseAgain = 20;     // ms
 
 const QString kGeometry = QStringLiteral("window/geometry");
 const QString kState = QStringLiteral("window/state");
@@ -132,6 +135,7 @@ void MainWindow::Listen() {
   listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
   listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
   listen(workbench_.TheWindows()->Created, [this](const auto& window) { AddToolWindow(window); });
+  listen(workbench_.TheWindows()->Removed, [this](const auto& window) { RemoveToolWindow(*window); });
   connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive && !closed_) files_->CheckDisk();
   });
@@ -144,6 +148,14 @@ void MainWindow::AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& win
   dock->setVisible(window->Visible());
   viewMenu_->insertAction(treeDock_->toggleViewAction(), dock->toggleViewAction());
   docks_.push_back(dock);
+}
+
+/// At once: what the view of its document reaches may be gone before the next turn of the loop.
+void MainWindow::RemoveToolWindow(const workbench::ToolWindow& window) {
+  const auto found = std::ranges::find(docks_, windows_.WidgetOf(window.Handle()));
+  if (found == docks_.end()) return;
+  const std::unique_ptr<ToolDock> gone(*found);
+  docks_.erase(found);
 }
 
 void MainWindow::OpenFiles(const QStringList& files) {
@@ -259,6 +271,12 @@ void MainWindow::SaveLayout() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (closed_) return event->accept();
+  bool busy = false;
+  CloseAsked.Raise(busy);
+  if (busy) {
+    QTimer::singleShot(kCloseAgain, this, [this] { close(); });
+    return event->ignore();
+  }
   SaveLayout();
   if (!files_->CloseAll()) return event->ignore();
   closed_ = true;

@@ -52,8 +52,9 @@ class MainWindow final : public QMainWindow {
   /// Windows, docks and look as they were at the end of the last run; to be called when all tool windows are there.
   void RestoreLayout();
 
-  Event<> LanguageAsked;  ///< the language may have changed: whoever knows it calls SetLanguage
-  Event<> Closing;        ///< the user leaves; nothing can stop that any more
+  Event<> LanguageAsked;    ///< the language may have changed: whoever knows it calls SetLanguage
+  Event<bool&> CloseAsked;  ///< the user wants to leave; true: not yet, something is being brought to its end
+  Event<> Closing;          ///< the user leaves; nothing can stop that any more
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -72,6 +73,7 @@ class MainWindow final : public QMainWindow {
   void Listen();
 
   void AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& window);
+  void RemoveToolWindow(const workbench::ToolWindow& window);
   void FillRecent();
   void FillWindows();
   void OpenRecent(const QStringList& files);

@@ -87,7 +87,7 @@ int Run(const QStringList& arguments) {
   setup.codePage = parser.value(codePage).toStdString();
   setup.configFolder = native::ConfigFolder();
   setup.programFolder = native::ProgramFolder();
-  setup.faultQuestion = true;
+  setup.faultQuestion = QApplication::applicationFilePath().toStdString();
   Desktop desktop(setup);
   desktop.Start();
   const QStringList files = parser.positionalArguments();
@@ -105,7 +105,6 @@ int Main(int argc, char** argv) {
   Application application(argc, argv);
   qInstallMessageHandler(nullptr);
   QApplication::setApplicationName(QStringLiteral("quorvane"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Quorvane"));
   QApplication::setApplicationVersion(QStringLiteral(QUORVANE_VERSION));
   try {
     return IsFaultBox(QApplication::arguments()) ? FaultBox(QApplication::arguments()) : Run(QApplication::arguments());

@@ -1,6 +1,5 @@
 #include "desktop/QtPlatform.h"
 
-#include <QCoreApplication>
 #include <vector>
 
 #include "base/Error.h"
@@ -16,9 +15,9 @@ namespace quorvane::desktop {
 
 namespace {
 
-std::vector<std::string> FaultQuestion(bool wanted) {
-  if (!wanted) return {};
-  return {QCoreApplication::applicationFilePath().toStdString(), "--fault-box"};
+std::vector<std::string> FaultQuestion(const std::string& program) {
+  if (program.empty()) return {};
+  return {program, "--fault-box"};
 }
 
 }  // namespace
@@ -26,8 +25,10 @@ std::vector<std::string> FaultQuestion(bool wanted) {
 QtPlatform::QtPlatform(const Setup& setup)
     : codePage_(native::NewCodePage(setup.codePage.empty() ? native::CodePageOfLocale() : setup.codePage)),
       settings_(setup.configFolder + "/settings"),
+      registry_(setup.configFolder + "/registry", *codePage_),
       profile_(setup.configFolder),
-      faults_(FaultQuestion(setup.faultQuestion)) {
+      faults_(FaultQuestion(setup.faultQuestion)),
+      httpLimit_(setup.httpLimit) {
   app_.Path = FromUtf8(setup.programFolder);
   InstallPlatform(this);
 }
@@ -45,7 +46,7 @@ std::shared_ptr<XmlDocument> QtPlatform::NewXmlDocument() {
 }
 
 std::unique_ptr<HttpRequest> QtPlatform::NewHttpRequest() {
-  return std::make_unique<QtHttpRequest>();
+  return std::make_unique<QtHttpRequest>(httpLimit_);
 }
 
 NativeWindows& QtPlatform::Windows() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -8,9 +9,11 @@
 #include "desktop/QtShell.h"
 #include "native/FaultFilter.h"
 #include "native/FilePrivateProfile.h"
+#include "native/FileRegistryStore.h"
 #include "native/FileSettingsStore.h"
 #include "native/LocaleClock.h"
 #include "platform/App.h"
+#include "platform/HttpRequest.h"
 #include "platform/Platform.h"
 
 namespace quorvane::desktop {
@@ -19,10 +22,11 @@ namespace quorvane::desktop {
 class QtPlatform final : public Platform {
  public:
   struct Setup {
-    std::string codePage;        ///< by name; empty: that of the locale
-    std::string configFolder;    ///< where settings are kept
-    std::string programFolder;   ///< where the files that come with the program lie
-    bool faultQuestion = false;  ///< ask the user, by a run of this program, what to do about a crash
+    std::string codePage;       ///< by name; empty: that of the locale
+    std::string configFolder;   ///< where settings are kept
+    std::string programFolder;  ///< where the files that come with the program lie
+    std::string faultQuestion;  ///< program that asks the user what to do about a crash; empty: nobody is asked
+    std::chrono::milliseconds httpLimit = std::chrono::seconds(kHttpTimeLimit);  ///< of a web request
   };
 
   /// Raises for an unknown code page.
@@ -41,6 +45,7 @@ class QtPlatform final : public Platform {
   /// Error 91 before SetWindows.
   NativeWindows& Windows() override;
   SettingsStore& Settings() override { return settings_; }
+  RegistryStore& Registry() override { return registry_; }
   std::unique_ptr<HttpRequest> NewHttpRequest() override;
   Shell& TheShell() override { return shell_; }
   Clock& TheClock() override { return clock_; }
@@ -54,9 +59,11 @@ class QtPlatform final : public Platform {
   QtShell shell_;
   App app_;
   native::FileSettingsStore settings_;
+  native::FileRegistryStore registry_;
   native::FilePrivateProfile profile_;
   native::LocaleClock clock_;
   native::FaultFilter faults_;
+  std::chrono::milliseconds httpLimit_;
   NativeWindows* windows_ = nullptr;
 };
 

@@ -53,6 +53,16 @@ std::string Target(const std::string& path) {
   return failed ? path : real.string();
 }
 
+/// The rename lasts when the folder is on the disk. The new file is in place whatever comes of this, and not every file
+/// system can do it.
+void SyncFolderOf(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  const int file = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (file < 0) return;
+  fsync(file);
+  close(file);
+}
+
 }  // namespace
 
 void WriteFileWhole(const std::string& path, std::string_view bytes) {
@@ -65,7 +75,7 @@ void WriteFileWhole(const std::string& path, std::string_view bytes) {
   int code = written ? 0 : errno;
   if (close(file) != 0 && code == 0) code = errno;
   if (code == 0 && std::rename(temporary.c_str(), target.c_str()) != 0) code = errno;
-  if (code == 0) return;
+  if (code == 0) return SyncFolderOf(target);
   unlink(temporary.c_str());
   RaiseFileError(path, code);
 }

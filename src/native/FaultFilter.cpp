@@ -1,9 +1,8 @@
 // A fault can hit while the allocator or the toolkit is half way through a change, so nothing of this process may be
 // used to ask the user: the question is another program, started and waited for with nothing but system calls that are
 // safe in a signal handler. The three answers can do this much here:
-//   Abort   hands the signal to whoever had it before, as a rule the system: the instruction runs once more, the
-//   process
-//           ends by the signal, with a core where the limits of the user allow one.
+//   Abort   hands the signal to whoever had it before, as a rule the system: the process ends by it, with a core where
+//           the limits of the user allow one. It does not matter whether the instruction would fault again.
 //   Retry   runs the faulting instruction again. That helps only when something outside has changed meanwhile, such as
 //           a debugger that was attached; else the same question comes again.
 //   Ignore  would go on one byte further, in the middle of an instruction. What runs there is anybody's guess and could
@@ -11,6 +10,7 @@
 #include "native/FaultFilter.h"
 
 #include <signal.h>
+#include <sys/syscall.h>
 #include <sys/uio.h>
 #include <sys/wait.h>
 #include <ucontext.h>
@@ -92,12 +92,13 @@ std::uintptr_t InstructionPointer([[maybe_unused]] void* context) {
 #endif
 }
 
-/// Gives the signal back to whoever had it. A fault comes up again by itself, when its instruction does.
-void PassOn(int signal, bool fault) {
+/// Gives the signal back to whoever had it. It comes again with all that is known of it as soon as this handler is
+/// left.
+void PassOn(int signal, siginfo_t* info) {
   for (std::size_t i = 0; i < kSignals.size(); ++i) {
     if (kSignals[i] == signal) sigaction(signal, &before[i], nullptr);
   }
-  if (!fault) raise(signal);
+  if (syscall(SYS_rt_tgsigqueueinfo, getpid(), gettid(), signal, info) != 0) raise(signal);
 }
 
 void OnSignal(int signal, siginfo_t* info, void* context) {
@@ -109,7 +110,7 @@ void OnSignal(int signal, siginfo_t* info, void* context) {
   ExceptionPointers pointers{signal, &state};
   const bool resume = fault && filter != nullptr && filter(&pointers) == kExceptionContinueExecution &&
                       state.InstructionPointer == place;
-  if (!resume) PassOn(signal, fault);
+  if (!resume) PassOn(signal, info);
   errno = savedError;
 }
 

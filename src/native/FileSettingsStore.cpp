@@ -1,91 +1,26 @@
 #include "native/FileSettingsStore.h"
 
 #include <algorithm>
-#include <charconv>
-#include <filesystem>
-#include <optional>
-#include <system_error>
+#include <utility>
 
 #include "base/Error.h"
-#include "base/Skip.h"
-#include "base/Text.h"
-#include "native/AtomicFile.h"
-#include "native/FileBytes.h"
 
 namespace quorvane::native {
 
 namespace {
 
-constexpr std::int32_t kPathAccess = 75;
-constexpr std::int32_t kInvalidFormat = 321;
-constexpr std::size_t kHexDigits = 4;
-
-void AppendHex(char16_t unit, std::u16string& out) {
-  constexpr std::u16string_view kDigits = u"0123456789abcdef";
-  out += u"\\u";
-  for (int shift = 12; shift >= 0; shift -= 4) out += kDigits[static_cast<std::size_t>(unit >> shift & 0xF)];
+auto Find(std::vector<SettingsFile::Section>& sections, std::u16string_view appName, std::u16string_view name) {
+  return std::ranges::find_if(sections, [&](const auto& s) { return s.group == appName && s.name == name; });
 }
-
-bool IsLoneSurrogate(std::u16string_view text, std::size_t i) {
-  if (IsHighSurrogate(text[i])) return i + 1 == text.size() || !IsLowSurrogate(text[i + 1]);
-  return IsLowSurrogate(text[i]) && (i == 0 || !IsHighSurrogate(text[i - 1]));
-}
-
-/// As UTF-8 without anything that ends a line; the units of `special` are escaped too.
-std::string Escaped(std::u16string_view text, std::u16string_view special) {
-  std::u16string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char16_t c = text[i];
-    if (c < 0x20 || c == 0x7F || special.find(c) != std::u16string_view::npos || IsLoneSurrogate(text, i)) {
-      AppendHex(c, out);
-    } else if (c == u'\\') {
-      out += u"\\\\";
-    } else {
-      out += c;
-    }
-  }
-  return ToUtf8(out);
-}
-
-/// The opposite; nothing for a text that Escaped does not write.
-std::optional<std::u16string> Unescaped(std::string_view utf8) {
-  const std::u16string text = FromUtf8(utf8);
-  std::u16string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != u'\\') {
-      out += text[i];
-    } else if (text.compare(i, 2, u"\\\\") == 0) {
-      out += text[++i];
-    } else {
-      const std::string digits = ToUtf8(std::u16string_view(text).substr(i).substr(0, kHexDigits + 2));
-      unsigned unit = 0;
-      if (digits.size() != kHexDigits + 2 || digits[1] != 'u') return std::nullopt;
-      const auto [end, failed] = std::from_chars(digits.data() + 2, digits.data() + digits.size(), unit, 16);
-      if (failed != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
-      out += static_cast<char16_t>(unit);
-      i += kHexDigits + 1;
-    }
-  }
-  return out;
-}
-
-constexpr std::u16string_view kSpecialInSection = u"/";
-constexpr std::u16string_view kSpecialInKey = u"=[#";
 
 }  // namespace
 
-FileSettingsStore::FileSettingsStore(std::string path) : path_(std::move(path)) {}
-
-FileSettingsStore::Section* FileSettingsStore::Find(std::u16string_view appName, std::u16string_view section) {
-  const auto found = std::find_if(sections_.begin(), sections_.end(),
-                                  [&](const Section& s) { return s.appName == appName && s.name == section; });
-  return found == sections_.end() ? nullptr : &*found;
-}
+FileSettingsStore::FileSettingsStore(std::string path) : file_(std::move(path)) {}
 
 std::u16string FileSettingsStore::GetSetting(std::u16string_view appName, std::u16string_view section,
                                              std::u16string_view key, std::u16string_view defaultValue) {
-  Require();
-  if (const Section* found = Find(appName, section)) {
+  auto& sections = file_.Read();
+  if (const auto found = Find(sections, appName, section); found != sections.end()) {
     for (const auto& [name, value] : found->values) {
       if (name == key) return value;
     }
@@ -95,11 +30,11 @@ std::u16string FileSettingsStore::GetSetting(std::u16string_view appName, std::u
 
 void FileSettingsStore::SaveSetting(std::u16string_view appName, std::u16string_view section, std::u16string_view key,
                                     std::u16string_view value) {
-  RequireForWriting();
+  auto& sections = file_.ReadOrReplace();
   changed_ = true;
-  Section* target = Find(appName, section);
-  if (target == nullptr) {
-    target = &sections_.emplace_back(Section{std::u16string(appName), std::u16string(section), {}});
+  auto target = Find(sections, appName, section);
+  if (target == sections.end()) {
+    target = sections.insert(target, {std::u16string(appName), std::u16string(section), {}});
   }
   for (auto& [name, old] : target->values) {
     if (name == key) {
@@ -111,81 +46,17 @@ void FileSettingsStore::SaveSetting(std::u16string_view appName, std::u16string_
 }
 
 void FileSettingsStore::DeleteSetting(std::u16string_view appName, std::u16string_view section) {
-  RequireForWriting();
-  const Section* found = Find(appName, section);
-  if (found == nullptr) RaiseError(ErrorNumber::InvalidProcedureCall);
-  sections_.erase(sections_.begin() + (found - sections_.data()));
+  auto& sections = file_.ReadOrReplace();
+  const auto found = Find(sections, appName, section);
+  if (found == sections.end()) RaiseError(ErrorNumber::InvalidProcedureCall);
+  sections.erase(found);
   changed_ = true;
 }
 
 void FileSettingsStore::Commit() {
   if (!changed_) return;
-  std::string bytes = "# Settings, one value a line; written by the program.\n";
-  for (const Section& section : sections_) {
-    bytes += "[" + Escaped(section.appName, kSpecialInSection) + "/" + Escaped(section.name, kSpecialInSection) + "]\n";
-    for (const auto& [key, value] : section.values) {
-      bytes += Escaped(key, kSpecialInKey) + "=" + Escaped(value, {}) + "\n";
-    }
-  }
-  const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
-  if (!folder.empty()) std::filesystem::create_directories(folder);
-  if (unreadable_) {
-    std::error_code ignored;
-    std::filesystem::remove(path_ + ".damaged", ignored);
-    std::filesystem::create_hard_link(path_, path_ + ".damaged");
-  }
-  WriteFileWhole(path_, bytes);
+  file_.Write();
   changed_ = false;
-  unreadable_ = false;
-}
-
-void FileSettingsStore::Require() {
-  if (read_) return;
-  sections_.clear();
-  const auto bytes = FileBytes(path_);
-  std::error_code failed;
-  if (!bytes && (std::filesystem::exists(path_, failed) || failed)) {
-    throw Error(kPathAccess, u"Path/File access error: " + FromUtf8(path_));
-  }
-  Parse(bytes.value_or(std::string()));
-  read_ = true;
-}
-
-/// A store that cannot be read is written anew.
-void FileSettingsStore::RequireForWriting() {
-  if (SkipErrors([&] { Require(); })) return;
-  sections_.clear();
-  read_ = true;
-  unreadable_ = true;
-}
-
-void FileSettingsStore::Parse(std::string_view bytes) {
-  for (std::size_t number = 1; !bytes.empty(); ++number) {
-    const std::size_t end = bytes.find('\n');
-    ParseLine(bytes.substr(0, end), number);
-    bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-  }
-}
-
-void FileSettingsStore::ParseLine(std::string_view line, std::size_t number) {
-  if (line.empty() || line.front() == '#') return;
-  const bool header = line.front() == '[' && line.back() == ']' && line.size() > 1;
-  if (header) line = line.substr(1, line.size() - 2);
-  const std::size_t middle = line.find(header ? '/' : '=');
-  if (middle == std::string_view::npos || (!header && sections_.empty())) FailAt(number);
-  const auto left = Unescaped(line.substr(0, middle));
-  const auto right = Unescaped(line.substr(middle + 1));
-  if (!left || !right) FailAt(number);
-  if (header) {
-    sections_.push_back({*left, *right, {}});
-  } else {
-    sections_.back().values.emplace_back(*left, *right);
-  }
-}
-
-void FileSettingsStore::FailAt(std::size_t number) const {
-  throw Error(kInvalidFormat,
-              u"Invalid file format: " + FromUtf8(path_) + u", line " + ToText(static_cast<std::int64_t>(number)));
 }
 
 }  // namespace quorvane::native

@@ -5,6 +5,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "workbench/HostAddins.h"
+#include "workbench/HostWindows.h"
 #include "workbench/Workbench.h"
 
 namespace quorvane::workbench {
@@ -41,7 +42,12 @@ void AddInLoader::Load(std::u16string_view progId, vbide::ConnectMode mode) {
   }
   const std::u16string name = factory->first;
   const auto addIn = factory->second();
-  Deref(addIn).OnConnection(workbench_, mode, workbench_->TheAddins()->Item(name));
+  try {
+    Deref(addIn).OnConnection(workbench_, mode, workbench_->TheAddins()->Item(name));
+  } catch (...) {
+    RemoveWindows(name);
+    throw;
+  }
   loaded_.emplace_back(name, addIn);
 }
 
@@ -52,9 +58,19 @@ bool AddInLoader::Loaded(std::u16string_view progId) const {
 void AddInLoader::Unload(std::u16string_view progId, vbide::DisconnectMode mode) {
   const auto found = std::ranges::find_if(loaded_, Named(progId));
   if (found == loaded_.end()) return;
-  const auto addIn = std::move(found->second);
+  const auto [name, addIn] = std::move(*found);
   loaded_.erase(found);
-  addIn->OnDisconnection(mode);
+  try {
+    addIn->OnDisconnection(mode);
+  } catch (...) {
+    RemoveWindows(name);
+    throw;
+  }
+  RemoveWindows(name);
+}
+
+void AddInLoader::RemoveWindows(const std::u16string& progId) {
+  workbench_->TheWindows()->Remove(*workbench_->TheAddins()->Item(progId));
 }
 
 void AddInLoader::UnloadAll(vbide::DisconnectMode mode) {

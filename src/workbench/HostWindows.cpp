@@ -37,4 +37,16 @@ std::shared_ptr<vbide::Window> HostWindows::CreateToolWindow(const std::shared_p
   return window;
 }
 
+void HostWindows::Remove(const vbide::AddIn& addIn) {
+  const auto isOfAddIn = [&](const auto& window) { return window->TheAddIn().get() == &addIn; };
+  for (;;) {
+    const auto found = std::ranges::find_if(toolWindows_, isOfAddIn);
+    if (found == toolWindows_.end()) return;
+    const std::shared_ptr<ToolWindow> window = *found;
+    toolWindows_.erase(found);
+    window->SetVisible(false);
+    Removed.Raise(window);
+  }
+}
+
 }  // namespace quorvane::workbench

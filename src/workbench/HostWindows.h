@@ -28,9 +28,14 @@ class HostWindows final : public vbide::Windows {
                                                   std::u16string_view guidPosition,
                                                   std::shared_ptr<vbide::Document>& document) override;
 
+  /// Hides and drops the windows of an add-in that leaves. Whoever still holds one has it, and its document, whole, but
+  /// nothing shows it any more.
+  void Remove(const vbide::AddIn& addIn);
+
   const std::vector<std::shared_ptr<ToolWindow>>& ToolWindows() const { return toolWindows_; }
 
   Event<const std::shared_ptr<ToolWindow>&> Created;  ///< before the add-in has its document
+  Event<const std::shared_ptr<ToolWindow>&> Removed;  ///< it is no more among ToolWindows
 
  private:
   std::shared_ptr<Desk> desk_;

@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTest>
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <string>
 
+#include "HttpServer.h"
 #include "QtFixture.h"
 #include "base/Error.h"
 #include "base/Text.h"
@@ -17,37 +15,6 @@ namespace quorvane::desktop {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// A web server of one answer on this machine.
-class Server {
- public:
-  explicit Server(QByteArray answer, bool hangUp = true) : answer_(std::move(answer)) {
-    server_.listen(QHostAddress::LocalHost);
-    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, hangUp] {
-      QTcpSocket* socket = server_.nextPendingConnection();
-      QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, hangUp] {
-        request += socket->readAll();
-        if (!request.contains("\r\n\r\n")) return;
-        socket->write(answer_);
-        if (hangUp) socket->disconnectFromHost();
-      });
-    });
-  }
-
-  std::u16string Url() const { return u"http://127.0.0.1:" + ToText(server_.serverPort()) + u"/wiki/Update"; }
-
-  QByteArray request;
-
- private:
-  QTcpServer server_;
-  QByteArray answer_;
-};
-
-QByteArray Response(const QByteArray& body, const QByteArray& status = "200 OK",
-                    const QByteArray& type = "text/html; charset=utf-8") {
-  return "HTTP/1.1 " + status + "\r\nContent-Type: " + type + "\r\nContent-Length: " + QByteArray::number(body.size()) +
-         "\r\nConnection: close\r\n\r\n" + body;
-}
 
 class QtHttpRequestTest : public QtTest {
  protected:
@@ -81,7 +48,7 @@ TEST_F(QtHttpRequestTest, GivesTheBodyWhateverTheStatus) {
       {Response("\xE9", "200 OK", "text/html; charset=ISO-8859-1"), "finished: \xC3\xA9"},
   };
   for (const Case& row : cases) {
-    Server server(row.response);
+    HttpServer server(row.response);
     QtHttpRequest request;
     EXPECT_EQ(Outcome(request, server.Url()), row.outcome) << row.response.constData();
     EXPECT_TRUE(server.request.startsWith("GET /wiki/Update HTTP/1.1\r\n")) << server.request.constData();
@@ -91,38 +58,36 @@ TEST_F(QtHttpRequestTest, GivesTheBodyWhateverTheStatus) {
 TEST_F(QtHttpRequestTest, EndsInAnErrorWhenTheBodyDoesNotCome) {
   const auto number = [](std::int32_t error) { return "error: " + std::to_string(error & 0xFFFF); };
   {
-    Server huge(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit) + 1, 'x')));
+    HttpServer huge(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit) + 1, 'x')));
     QtHttpRequest request;
     EXPECT_EQ(Outcome(request, huge.Url()), number(kHttpBodyTooLarge));
   }
   {
-    Server stalled("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nVersion", false);
+    HttpServer stalled(kCutResponse, false);
     QtHttpRequest request(100ms);
     EXPECT_EQ(Outcome(request, stalled.Url()), number(kHttpTimeout));
   }
   {
-    Server cut("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nVersion");
+    HttpServer cut(kCutResponse);
     QtHttpRequest request;
     EXPECT_EQ(Outcome(request, cut.Url()), number(kHttpConnectionLost));
   }
   {
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost);
-    const std::u16string url = u"http://127.0.0.1:" + ToText(closed.serverPort()) + u"/";
-    closed.close();
+    HttpServer closed(Response(""));
+    closed.Close();
     QtHttpRequest request;
-    EXPECT_EQ(Outcome(request, url), number(kHttpCannotConnect));
+    EXPECT_EQ(Outcome(request, closed.Url()), number(kHttpCannotConnect));
   }
 }
 
 TEST_F(QtHttpRequestTest, TakesABodyOfTheGreatestLength) {
-  Server server(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit), 'x')));
+  HttpServer server(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit), 'x')));
   QtHttpRequest request;
   EXPECT_EQ(Outcome(request, server.Url()).size(), std::string("finished: ").size() + kHttpBodyLimit);
 }
 
 TEST_F(QtHttpRequestTest, AbortedRequestIsSilentAndTheNextOneWorks) {
-  Server server(Response("one"));
+  HttpServer server(Response("one"));
   QtHttpRequest request;
   int events = 0;
   const auto done = request.OnResponseFinished.Subscribe([&] { ++events; });
@@ -140,7 +105,7 @@ TEST_F(QtHttpRequestTest, AbortedRequestIsSilentAndTheNextOneWorks) {
 }
 
 TEST_F(QtHttpRequestTest, HandlerMayDropTheRequest) {
-  Server server(Response("one"));
+  HttpServer server(Response("one"));
   auto request = std::make_unique<QtHttpRequest>();
   const auto done = request->OnResponseFinished.Subscribe([&] { request.reset(); });
   request->Open(u"GET", server.Url(), true);
