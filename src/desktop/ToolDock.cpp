@@ -1,6 +1,7 @@
 #include "desktop/ToolDock.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <utility>
 
@@ -41,7 +42,7 @@ void ToolDock::Follow() {
 /// Before other docks on its place, and with the focus, unless the user is in another window, such as a dialog.
 void ToolDock::BringForward() {
   raise();
-  if (window()->isActiveWindow() && focusProxy() != nullptr) focusProxy()->setFocus();
+  if (QApplication::activeWindow() == window() && focusProxy() != nullptr) focusProxy()->setFocus();
 }
 
 void ToolDock::closeEvent(QCloseEvent* event) {

@@ -47,14 +47,17 @@ std::shared_ptr<Control> DialogView::ControlOf(const QObject* widget) const {
 }
 
 /// While controls are disabled the toolkit moves the focus about; the dialog's active control stays what it is, and
-/// gets the focus back.
+/// gets the focus back. When that cannot have it any more, focus begins anew.
 void DialogView::FollowFocus() {
   const auto active = dialog_.ActiveControl();
   if (!active || !window()->isVisible()) return;
-  QWidget* widget = WidgetOf(*active);
-  if (widget == nullptr || !widget->isEnabled() || widget->isHidden()) return;
+  const auto usable = [](const QWidget* widget) {
+    return widget != nullptr && widget->isEnabled() && widget->isVisible();
+  };
   const QWidget* now = window()->focusWidget();
-  if (now == widget || (now != nullptr && widget->isAncestorOf(now))) return;
+  QWidget* widget = WidgetOf(*active);
+  if (!usable(widget)) widget = focusProxy();
+  if (!usable(widget) || now == widget || (now != nullptr && widget->isAncestorOf(now))) return;
   widget->setFocus(Qt::OtherFocusReason);
 }
 

@@ -1,0 +1,259 @@
+#include <QDockWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "DesktopFixture.h"
+#include "base/Text.h"
+#include "chordtrap/Manager.h"
+#include "desktop/MainMenu.h"
+#include "desktop/MainWindow.h"
+#include "desktop/ToolDock.h"
+#include "host/Connect.h"
+#include "host/Globals.h"
+#include "native/FileRegistryStore.h"
+#include "native/FileSettingsStore.h"
+#include "native/LocaleClock.h"
+#include "platform/App.h"
+#include "platform/Platform.h"
+#include "search/PositionInfo.h"
+#include "services/GlobalSetting.h"
+#include "services/HotkeyProxy.h"
+#include "services/LanguageManager.h"
+#include "services/Registry.h"
+#include "services/Updater.h"
+#include "workbench/AddInLoader.h"
+#include "workbench/HostCommandBar.h"
+#include "workbench/HostCommandBars.h"
+#include "workbench/HostWindows.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::desktop {
+namespace {
+
+constexpr char16_t kApp[] = u"Quorvane插件";
+constexpr char16_t kSection[] = u"Settings";
+
+/// The add-in's life in the whole program, with what it keeps on disk.
+class ConnectionTest : public DesktopTest {
+ protected:
+  std::string StorePath() const { return folder / "config/settings"; }
+  std::u16string Stored(const std::u16string& key) {
+    return native::FileSettingsStore(StorePath()).GetSetting(kApp, kSection, key, u"(none)");
+  }
+  void Store(const std::u16string& key, const std::u16string& value) {
+    native::FileSettingsStore store(StorePath());
+    store.SaveSetting(kApp, kSection, key, value);
+    store.Commit();
+  }
+
+  /// All that lasts, as the add-in has it at the moment, one value a line.
+  static std::vector<std::string> Preferences() {
+    const GlobalSetting& setting = *Globals::gobjSetting;
+    std::vector<std::string> all = {"language " + std::to_string(Globals::Language().Language),
+                                    "title " + ToUtf8(ThePlatform().TheApp().Title),
+                                    "search " + ToUtf8(setting.mcolSearchHistory.Join(u"\n")),
+                                    "replace " + ToUtf8(setting.mcolReplaceHistory.Join(u"\n")),
+                                    "lines " + std::to_string(setting.mintRelativeLineCount),
+                                    "stylesheet " + ToUtf8(setting.XSL()),
+                                    "hide " + std::to_string(setting.menumAutoHideSearchDlg),
+                                    "default " + std::to_string(setting.menumDefaultSearchTo),
+                                    "to " + std::to_string(setting.menumSearchTo),
+                                    "maximize " + std::to_string(setting.mblnMaximizeWhenLocate),
+                                    "interval " + std::to_string(Globals::gobjUpdater->menumUpdateInterval),
+                                    "sensibility " + std::to_string(Globals::gobjUpdater->menumSensibility)};
+    for (const auto& item : Globals::gobjHotkeyProxy->Manager->Items()) {
+      all.push_back("key " + ToUtf8(chordtrap::KeyText(item->Key)));
+    }
+    return all;
+  }
+
+  static void ChangeEverything() {
+    GlobalSetting& setting = *Globals::gobjSetting;
+    setting.mcolSearchHistory.RemoveAll();
+    for (const char16_t* entry : {u" \"quoted\" 'too' ", u"<a b=\"c\">&amp;</a>", u"搜索\t表", u"= [x] # \\n \\u0041",
+                                  u"\xD83D\xDE00 and a lone \xDC80"}) {
+      setting.mcolSearchHistory.Add(entry);
+    }
+    setting.mcolReplaceHistory.RemoveAll();
+    for (int i = 1; i <= 60; ++i) setting.mcolReplaceHistory.Add(u"entry " + ToText(i));
+    setting.mintRelativeLineCount = -3;
+    setting.SetXSL(u"<?xml version=\"1.0\"?>\r\n<x>\n\ta\r</x> \r\n\r\n");
+    setting.menumAutoHideSearchDlg = 0;
+    setting.menumDefaultSearchTo = 2;
+    setting.menumSearchTo = 0;
+    setting.mblnMaximizeWhenLocate = false;
+    Globals::gobjUpdater->menumUpdateInterval = 4;
+    Globals::gobjUpdater->menumSensibility = 0;
+    chordtrap::Items& keys = Globals::gobjHotkeyProxy->Manager->Items();
+    keys[1]->Key = {};
+    keys[2]->Key = {'Q', chordtrap::kCtrl | chordtrap::kShift};
+    keys[3]->Key = {188, chordtrap::kAlt};
+    keys[4]->Key = {116, 0};
+    keys[5]->Key = {'R', chordtrap::kCtrl | chordtrap::kAlt};
+  }
+
+  static void ChangeCondition() {
+    GlobalSetting& setting = *Globals::gobjSetting;
+    setting.mstrSearchStr = u"for";
+    setting.mstrReplaceStr = u"next";
+    setting.menumArea = gsAllProjects;
+    setting.menumMode = gsRegular;
+    setting.menumIgnoreComment = gsCommentOnly;
+    setting.mblnMatchCase = setting.mblnRegSingleLine = setting.mblnWholeWord = true;
+  }
+
+  static void ExpectFreshCondition() {
+    const GlobalSetting& setting = *Globals::gobjSetting;
+    EXPECT_EQ(setting.mstrSearchStr, u"");
+    EXPECT_EQ(setting.mstrReplaceStr, u"");
+    EXPECT_EQ(setting.menumArea, gsCurProject);
+    EXPECT_EQ(setting.menumMode, gsCommon);
+    EXPECT_EQ(setting.menumIgnoreComment, gsExcludeComment);
+    EXPECT_FALSE(setting.mblnMatchCase || setting.mblnRegSingleLine || setting.mblnWholeWord);
+  }
+};
+
+TEST_F(ConnectionTest, EverythingIsFoundByTheNextRunAndByTheOneAfterIt) {
+  const std::u16string lastCheck = DateText(DateTime::Of(2003, 2, 1, 4, 5, 6), native::LocaleClock().Format());
+  Store(u"LastUpdate", lastCheck);
+  Store(u"UpdateInterval", u"4");
+  Start();
+  const std::vector<std::string> first = Preferences();
+  ChangeEverything();
+  ChangeCondition();
+  Globals::Language().Language = 1;
+  Globals::Language().UpdateAllUI();
+  std::vector<std::string> changed = Preferences();
+  for (std::size_t i = 0; i < changed.size(); ++i) {
+    EXPECT_TRUE(changed[i] != first[i] || first[i].starts_with("interval")) << first[i];
+  }
+  Stop();
+  EXPECT_EQ(folder.Read("config/config.ini"), "[Language Setting]\r\nLanguage=1\r\n");
+
+  auto& replaced = changed[3];
+  replaced.erase(replaced.find("\nentry 51"));
+  Start();
+  EXPECT_EQ(Preferences(), changed);
+  ExpectFreshCondition();
+  // This run had the English title from its start to its end; what it leaves counts no less.
+  Globals::gobjSetting->mintRelativeLineCount = 7;
+  Globals::gobjSetting->menumAutoHideSearchDlg = 1;
+  Globals::Language().Language = 0;
+  Globals::Language().UpdateAllUI();
+  changed = Preferences();
+  Stop();
+
+  Start();
+  EXPECT_EQ(Preferences(), changed);
+  Stop();
+  for (const char16_t* key :
+       {u"SearchItem", u"ReplaceItem", u"RelativeLineCount", u"XSL", u"AutoHideSearchDlg", u"DefaultSearchTo",
+        u"SearchTo", u"MaximizeWhenLocate", u"UpdateInterval", u"UpdateSensibility", u"ShowSearchDialog",
+        u"LocatePrevResult", u"LocateNextResult", u"ShowResultList", u"RefreshResult"}) {
+    EXPECT_NE(Stored(key), u"(none)") << ToUtf8(key);
+  }
+  EXPECT_EQ(Stored(u"LastUpdate"), lastCheck);
+}
+
+TEST_F(ConnectionTest, TheLanguageLiesBesideTheProgramWhereThatCanBeWritten) {
+  std::filesystem::create_directories(folder / "program");
+  for (const std::int32_t language : {1, 0}) {
+    Start();
+    Globals::Language().Language = language;
+    Stop();
+    Start();
+    EXPECT_EQ(Globals::Language().Language, language);
+    Stop();
+    EXPECT_NE(folder.Read("program/config.ini").find("Language=" + std::to_string(language)), std::string::npos);
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder / "config/config.ini"));
+}
+
+TEST_F(ConnectionTest, ADamagedValueIsToldAndStaysUntilTheNextSave) {
+  Store(u"SearchItem", u"one");
+  Store(u"RelativeLineCount", u"many");
+  QString told;
+  AnswerNext(QMessageBox::Ok, &told);
+  Start();
+  EXPECT_TRUE(told.contains(QStringLiteral("RelativeLineCount = \"many\""))) << told.toStdString();
+  EXPECT_EQ(Stored(u"RelativeLineCount"), u"many");
+  EXPECT_EQ(Globals::gobjSetting->mcolSearchHistory.Join(), u"one") << "what stands before it is taken";
+  EXPECT_TRUE(desktop->Host().TheCommandBars()->Bars().front()->Buttons().empty()) << "the start ended there";
+  Stop();
+  EXPECT_EQ(Stored(u"RelativeLineCount"), u"12");
+
+  // A store that is none at all.
+  folder.Write("config/settings", "what is this\n");
+  AnswerNext(QMessageBox::Ok, &told);
+  Start();
+  EXPECT_TRUE(told.contains(QString::fromStdString(StorePath()))) << told.toStdString();
+  Stop();
+  EXPECT_EQ(folder.Read("config/settings.damaged"), "what is this\n");
+  Start();
+}
+
+TEST_F(ConnectionTest, TheToolWindowGoesWithTheAddInAndComesBackOnce) {
+  Start();
+  const auto host = std::shared_ptr<workbench::Workbench>(std::shared_ptr<void>(), &desktop->Host());
+  const auto entries = [&] { return Window().Menu().Find(Text::MenuView)->menu()->actions().size(); };
+  const auto before = entries();
+  Globals::gobjToolWindow->SetVisible(true);
+  desktop->Stop();
+  EXPECT_TRUE(Window().ToolDocks().empty());
+  EXPECT_EQ(Window().findChildren<QDockWidget*>().size(), 1) << "that of the project tree alone";
+  EXPECT_EQ(entries(), before - 1);
+  // The slot is still filled, and what it does is seen by nobody.
+  EXPECT_FALSE(Globals::gobjToolWindow->Visible());
+  Globals::gobjToolWindow->SetVisible(true);
+  Globals::gobjToolWindow->SetCaption(u"late");
+
+  workbench::AddInLoader again(host);
+  again.Register(u"QuorvaneForVB6.Connect", [] { return std::make_shared<Connect>(); });
+  for (int turn = 0; turn < 2; ++turn) {
+    again.Load(u"QuorvaneForVB6.Connect", vbide::ConnectMode::AfterStartup);
+    ASSERT_EQ(Window().ToolDocks().size(), 1U);
+    EXPECT_EQ(desktop->Host().TheWindows()->ToolWindows().size(), 1U);
+    EXPECT_EQ(entries(), before);
+    EXPECT_TRUE(Window().ToolDocks().front()->isHidden());
+    Globals::gobjToolWindow->SetVisible(true);
+    EXPECT_TRUE(Window().ToolDocks().front()->isVisible());
+    again.Unload(u"QuorvaneForVB6.Connect", vbide::DisconnectMode::UserClosed);
+  }
+}
+
+TEST_F(ConnectionTest, RegistryValuesLast) {
+  constexpr RegistryKey kUser = native::FileRegistryStore::kCurrentUser;
+  struct Row {
+    const char16_t* name;
+    std::int32_t type;
+    Registry::Value value;
+  };
+  const Row rows[] = {{u"é", Registry::kRegSz, u"à bientôt"},
+                      {u"long", Registry::kRegExpandSz, std::u16string(3000, u'%')},
+                      {u"bytes", Registry::kRegBinary, -2},
+                      {u"number", Registry::kRegDword, 2147483647}};
+  Start();
+  for (const Row& row : rows) EXPECT_TRUE(Registry().SetValue(kUser, u"Software\\Q", row.name, row.type, row.value));
+  std::int32_t number = 0;
+  EXPECT_FALSE(Registry().SetValue(kUser, u"New", u"v", 7, u"x", &number));
+  EXPECT_EQ(number, static_cast<std::int32_t>(0x80040001));
+  Stop();
+
+  Start();
+  for (const Row& row : rows) {
+    Registry::Value value;
+    EXPECT_TRUE(Registry().GetValue(kUser, u"software\\q", row.name, value));
+    EXPECT_EQ(value, row.value) << ToUtf8(row.name);
+  }
+  EXPECT_TRUE(Registry().DeleteKey(kUser, u"", u"New")) << "made, though the type was none";
+  EXPECT_FALSE(Registry().DeleteKey(kUser, u"", u"Software", &number)) << "there is a key below";
+  EXPECT_TRUE(Registry().DeleteValue(kUser, u"Software\\Q", u"é"));
+  EXPECT_FALSE(Registry().DeleteValue(kUser, u"Software\\Q", u"é"));
+}
+
+}  // namespace
+}  // namespace quorvane::desktop
