@@ -79,7 +79,7 @@ void FormWindow::Follow() {
 void FormWindow::Show() {
   if (floats_) return show();
   setWindowModality(form_->ShownModal() ? Qt::ApplicationModal : Qt::NonModal);
-  winId();
+  create();
   if (QWidget* above = OwnerWindow(); above != nullptr && above->windowHandle() != nullptr) {
     windowHandle()->setTransientParent(above->windowHandle());
   }

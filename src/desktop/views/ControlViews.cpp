@@ -31,10 +31,22 @@ bool ClickByKey(QAbstractButton& button, const QEvent& event) {
 
 }  // namespace
 
+namespace {
+
+int following = 0;
+
+}  // namespace
+
+bool IsFollowingControl() {
+  return following > 0;
+}
+
 void FollowControl(QWidget& widget, const Control& control) {
+  ++following;
   const QWidget* parent = widget.parentWidget();
   if (parent == nullptr || widget.isEnabledTo(parent) != control.Enabled()) widget.setEnabled(control.Enabled());
   if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+  --following;
 }
 
 LabelView::LabelView(Label& label, QWidget* parent) : QLabel(parent) {

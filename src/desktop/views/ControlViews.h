@@ -22,6 +22,9 @@ namespace desktop {
 
 /// Whether a widget can be used and seen, as its model says.
 void FollowControl(QWidget& widget, const Control& control);
+/// Whether that is going on now: the toolkit then moves the focus off a widget that can no longer have it, and no user
+/// has done so.
+bool IsFollowingControl();
 
 // Widgets for the plain controls. Each shows its model, which outlives it, and hands the user's input to it; what the
 // model makes of that is shown again, whatever the toolkit did by itself.

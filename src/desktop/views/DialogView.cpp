@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 
 #include "desktop/QtKeys.h"
+#include "desktop/views/ControlViews.h"
 #include "desktop/views/MenuView.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Dialog.h"
@@ -73,7 +74,7 @@ bool DialogView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == window() && ControlOf(window()->focusWidget())) return false;
     return TakeKey(*static_cast<QKeyEvent*>(event));
   }
-  if (event->type() == QEvent::FocusIn) {
+  if (event->type() == QEvent::FocusIn && !IsFollowingControl()) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
                         reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
