@@ -257,6 +257,15 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   EXPECT_TRUE(replace.isEnabled());
   EXPECT_FALSE(dynamic_cast<QRadioButton&>(WidgetOf(*Dialog().optModeButtons[0])).isChecked());
 
+  // Tab passes over the options that are not set; arrows choose among them.
+  WidgetOf(*Dialog().cmbReplace).setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), &WidgetOf(*Dialog().optAreaButtons[1]));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  EXPECT_EQ(Globals::gobjSetting->menumArea, gsAllProjects);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), &WidgetOf(*Dialog().optModeButtons[2]));
+
   // The histories, the newest first; picking an entry takes its text.
   Search(QStringLiteral("total"));
   Search(QStringLiteral("order"));

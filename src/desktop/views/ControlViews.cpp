@@ -82,7 +82,6 @@ bool ButtonView::event(QEvent* event) {
 }
 
 OptionView::OptionView(OptionButton& option, QWidget* parent) : QRadioButton(parent), option_(option) {
-  setAutoExclusive(false);
   changed_ = option.Changed.Subscribe([this] { Follow(); });
   connect(this, &QRadioButton::clicked, this, [this] {
     option_.Press();
@@ -98,6 +97,7 @@ bool OptionView::event(QEvent* event) {
 void OptionView::Follow() {
   setText(ToQString(option_.Caption()));
   setChecked(option_.Value());
+  setFocusPolicy(option_.Value() ? Qt::StrongFocus : Qt::ClickFocus);  // Tab comes to the set one, arrows lead on
   FollowCaption(*this, option_);
 }
 
