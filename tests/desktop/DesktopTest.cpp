@@ -10,8 +10,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTest>
 #include <QTreeWidget>
 #include <QUrl>
@@ -33,7 +31,6 @@
 #include "desktop/ToolDock.h"
 #include "host/Globals.h"
 #include "services/LanguageManager.h"
-#include "services/Updater.h"
 #include "workbench/Component.h"
 #include "workbench/Desk.h"
 #include "workbench/HostCommandBar.h"
@@ -420,56 +417,6 @@ TEST_F(DesktopTest, OpeningCanBeCancelled) {
   }
   EXPECT_EQ(told, 3U);
   EXPECT_TRUE(desktop->Host().Projects().empty());
-}
-
-/// A web server on this machine that gives the same page whatever it is asked.
-class PageServer {
- public:
-  explicit PageServer(QByteArray page) {
-    server_.listen(QHostAddress::LocalHost);
-    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this, page] {
-      QTcpSocket* socket = server_.nextPendingConnection();
-      QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, page] {
-        asked += socket->readAll();
-        socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(page.size()) +
-                      "\r\n\r\n" + page);
-        socket->disconnectFromHost();
-      });
-    });
-  }
-  QByteArray Host() const { return "127.0.0.1:" + QByteArray::number(server_.serverPort()); }
-
-  QByteArray asked;
-
- private:
-  QTcpServer server_;
-};
-
-TEST_F(DesktopTest, SpeaksOfANewerVersionAlone) {
-  struct Case {
-    const char* page;
-    bool speaks;
-  };
-  const Case cases[] = {
-      {"<p>Version: 4.13.0.130</p>", true},
-      {"<p>Version: 4.13.0.129</p>", false},
-      {"<p>Version: 4.1.0.3</p>", false},
-      {"<p>nothing here</p>", false},
-  };
-  for (const Case& row : cases) {
-    PageServer server(row.page);
-    qputenv("QUORVANE_PROJECT_HOST", server.Host());
-    QString shown;
-    if (row.speaks) AnswerNext(QMessageBox::No, &shown);
-    Start();
-    Globals::gobjUpdater->menumUpdateInterval = 0;
-    Globals::gobjUpdater->ScheduleUpdate();
-    EXPECT_TRUE(WaitUntil([&] { return !server.asked.isEmpty(); }, 2s));
-    WaitUntil([&] { return !shown.isEmpty(); }, 300ms);
-    EXPECT_TRUE(server.asked.startsWith("GET /p/vbquorvane/wiki/Update ")) << server.asked.toStdString();
-    EXPECT_EQ(shown.contains(QStringLiteral("4.13.0.130")), row.speaks) << shown.toStdString();
-    Stop();
-  }
 }
 
 TEST_F(DesktopTest, ToolWindowIsADock) {

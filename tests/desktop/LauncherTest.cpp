@@ -79,18 +79,5 @@ TEST_F(LauncherTest, CommandsWorkWithoutTheToolkit) {
   EXPECT_FALSE(libraries.contains("libQt"));
 }
 
-TEST_F(LauncherTest, AnswersTheQuestionOfACrash) {
-  // Nobody presses a button here: that the box came up is that the program does not end by itself.
-  QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-  process.setProcessEnvironment(environment);
-  process.start(QStringLiteral(QUORVANE_PROGRAM),
-                {QStringLiteral("--fault-box"), QStringLiteral("text"), QStringLiteral("2"), QStringLiteral("title")});
-  EXPECT_FALSE(process.waitForFinished(700));
-  process.terminate();
-  process.waitForFinished(5'000);
-}
-
 }  // namespace
 }  // namespace quorvane::desktop

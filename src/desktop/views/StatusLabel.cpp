@@ -12,6 +12,13 @@
 
 namespace quorvane::desktop {
 
+namespace {
+
+/// The list begins close below, over what hangs down from tall characters, while there is air above them.
+constexpr int kLift = 2;
+
+}  // namespace
+
 StatusLabel::StatusLabel(std::shared_ptr<Label> label, QWidget* parent) : QWidget(parent), label_(std::move(label)) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   changed_ = label_->Changed.Subscribe([this] { update(); });
@@ -33,7 +40,8 @@ void StatusLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
   const QString shown = fontMetrics().elidedText(Text(), Qt::ElideRight, width());
-  painter.drawText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine), shown);
+  painter.drawText(rect().adjusted(0, -kLift, 0, 0),
+                   static_cast<int>(Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine), shown);
 }
 
 void StatusLabel::mousePressEvent(QMouseEvent* event) {
