@@ -1,5 +1,7 @@
 #include "chordtrap/KeyChord.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -99,8 +101,13 @@ KeyChord ParseKey(std::u16string_view text) {
   return chord;
 }
 
+bool IsModifierKey(std::int32_t keyCode) {
+  constexpr std::int32_t kKeys[] = {16, 17, 18, 91, 92};
+  return std::find(std::begin(kKeys), std::end(kKeys), keyCode) != std::end(kKeys);
+}
+
 bool IsUsable(const KeyChord& chord) {
-  if (chord.KeyCode == 0) return false;
+  if (chord.KeyCode == 0 || IsModifierKey(chord.KeyCode)) return false;
   return (chord.Modifier & (kCtrl | kAlt)) != 0 || (chord.KeyCode >= kF1 && chord.KeyCode <= kF24);
 }
 

@@ -27,7 +27,11 @@ std::u16string KeyText(const KeyChord& chord);
 /// for any other text.
 KeyChord ParseKey(std::u16string_view text);
 
-/// Whether a chord can be a hotkey without keeping the user from typing: with Ctrl or Alt, or a function key.
+/// Whether the key is one of those that modify others: Shift, Ctrl, Alt, either system key.
+bool IsModifierKey(std::int32_t keyCode);
+
+/// Whether a chord can be a hotkey without keeping the user from typing: with Ctrl or Alt, or a function key. A
+/// modifier key cannot.
 bool IsUsable(const KeyChord& chord);
 
 }  // namespace quorvane::chordtrap

@@ -9,10 +9,11 @@ namespace quorvane::chordtrap {
 
 void Manager::Revert() {
   for (std::size_t i = 0; i < before_.size(); ++i) items_[static_cast<std::int32_t>(i) + 1]->Key = before_[i];
+  EndEdit();
 }
 
 void Manager::Load(IChordTrapKeeper& keeper, const KeeperInfo& info) {
-  before_.clear();
+  EndEdit();
   for (const auto& item : items_) {
     const std::u16string text = keeper.LoadHotkey(info, item->FuncName, KeyText(item->Default));
     try {
@@ -35,14 +36,22 @@ void Manager::Save(IChordTrapKeeper& keeper, const KeeperInfo& info) {
   if (refused) std::rethrow_exception(refused);
 }
 
-bool Manager::KeyDown(std::int32_t vkCode, std::int32_t modifier) {
-  if (!running_) return false;
-  const auto item = items_.Find({vkCode, modifier});
-  if (!item) return false;
-  const KeyState state{(modifier & kShift) != 0, (modifier & kCtrl) != 0, (modifier & kAlt) != 0};
+std::shared_ptr<Item> Manager::CommandOf(const KeyChord& key) {
+  const auto item = running_ ? items_.Find(key) : nullptr;
+  if (!item) return nullptr;
+  const KeyState state{(key.Modifier & kShift) != 0, (key.Modifier & kCtrl) != 0, (key.Modifier & kAlt) != 0};
   bool cancel = false;
-  BeforeProcess.Raise(vkCode, state, cancel);
-  if (cancel) return false;
+  BeforeProcess.Raise(key.KeyCode, state, cancel);
+  return cancel ? nullptr : item;
+}
+
+bool Manager::Takes(std::int32_t vkCode, std::int32_t modifier) {
+  return CommandOf({vkCode, modifier}) != nullptr;
+}
+
+bool Manager::KeyDown(std::int32_t vkCode, std::int32_t modifier) {
+  const auto item = CommandOf({vkCode, modifier});
+  if (!item) return false;
   Deref(item->Target).Invoke(item->FuncName);
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "base/Event.h"
@@ -23,7 +24,7 @@ class Manager {
   Manager(const Manager&) = delete;
   Manager& operator=(const Manager&) = delete;
 
-  /// Drops the edits made since BeginEdit; does nothing without one.
+  /// Drops the edits made since BeginEdit, which ends the edit; does nothing without one.
   void Revert();
   chordtrap::Items& Items() { return items_; }
   /// From now on the keys work.
@@ -42,11 +43,18 @@ class Manager {
   /// A key was pressed in the host. True when a command took it, so that the host must not see it. An error of the
   /// command reaches the caller.
   bool KeyDown(std::int32_t vkCode, std::int32_t modifier);
+  /// Whether KeyDown would call a command now. Raises BeforeProcess to find out.
+  bool Takes(std::int32_t vkCode, std::int32_t modifier);
 
   /// An edit begins: Revert comes back to the keys of this moment.
   void BeginEdit();
+  /// The edit is over, and its keys stay.
+  void EndEdit() { before_.clear(); }
 
  private:
+  /// The command of a key that is to be called; nothing when there is none or the key is held back.
+  std::shared_ptr<Item> CommandOf(const KeyChord& key);
+
   chordtrap::Items items_;
   bool running_ = false;
   std::vector<KeyChord> before_;  ///< keys at BeginEdit, in the order of the items; empty without one

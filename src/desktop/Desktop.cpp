@@ -76,6 +76,8 @@ Desktop::~Desktop() {
 void Desktop::Start() {
   running_ = true;
   languageAsked_ = window_->LanguageAsked.Subscribe([this] { FollowLanguage(); });
+  // The options are closed when the language changes, also with no entry in a menu that could tell.
+  formClosed_ = TheForms().Closed.Subscribe([this](Form&) { FollowLanguage(); });
   addIns_->Load(kAddIn, vbide::ConnectMode::Startup);
   FollowLanguage();
   window_->RestoreLayout();
@@ -86,6 +88,7 @@ void Desktop::Stop() {
   if (!running_) return;
   running_ = false;
   languageAsked_.Reset();
+  formClosed_.Reset();
   addIns_->UnloadAll(vbide::DisconnectMode::HostShutdown);
 }
 

@@ -55,6 +55,7 @@ class Desktop {
   std::unique_ptr<workbench::AddInLoader> addIns_;
   bool running_ = false;
   Subscription languageAsked_;
+  Subscription formClosed_;
   Subscription closeAsked_;
   Subscription closing_;
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMoveEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -47,6 +48,7 @@ FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtW
   layout->activate();
   TellSize();
   changed_ = form_->Changed.Subscribe([this] { Follow(); });
+  shownAgain_ = form_->ShownAgain.Subscribe([this] { ComeToFront(); });
   Follow();
 }
 
@@ -63,17 +65,30 @@ void FormWindow::TellSize() {
 void FormWindow::Follow() {
   if (busy_) return;
   setWindowTitle(ToQString(form_->Caption()));
-  if (dialog_ != nullptr && pos() != QPoint(dialog_->Left(), dialog_->Top())) {
-    move(dialog_->Left(), dialog_->Top());
-  }
-  if (floats_) setFixedSize(std::max(dialog_->Width(), 1), std::max(dialog_->Height(), 1));
-  const bool wanted = form_->Visible() && !(floats_ && dialog_->Width() == 0);  // it was never filled
-  if (wanted == isVisible()) return;
-  if (wanted) {
+  if (dialog_ != nullptr) TakePlace();
+  if (form_->Visible() == isVisible()) return;
+  if (form_->Visible()) {
     Show();
   } else {
     hide();
   }
+}
+
+/// A form that floats may be higher than any screen, and a window of such a height costs memory without end: it gets
+/// the lower part alone, which is what could be seen.
+void FormWindow::TakePlace() {
+  QPoint place(dialog_->Left(), dialog_->Top());
+  if (floats_) {
+    const int height = std::min(dialog_->Height(), screen()->virtualSize().height());
+    place.ry() += dialog_->Height() - height;
+    setFixedSize(std::max(dialog_->Width(), 1), std::max(height, 1));
+  }
+  if (pos() != place) move(place);
+}
+
+/// A form that was never filled has nothing to show, whoever asks.
+void FormWindow::setVisible(bool visible) {
+  QWidget::setVisible(visible && !(floats_ && dialog_->Width() == 0));
 }
 
 void FormWindow::Show() {
@@ -84,6 +99,12 @@ void FormWindow::Show() {
     windowHandle()->setTransientParent(above->windowHandle());
   }
   show();
+  ComeToFront();
+}
+
+void FormWindow::ComeToFront() {
+  if (floats_) return;
+  if (isMinimized()) showNormal();
   raise();
   activateWindow();
 }
@@ -98,7 +119,7 @@ QWidget* FormWindow::OwnerWindow() const {
 
 void FormWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (dialog_ == nullptr || !isVisible() || busy_) return;
+  if (dialog_ == nullptr || floats_ || !isVisible() || busy_) return;
   busy_ = true;
   dialog_->Move(pos().x(), pos().y());
   busy_ = false;

@@ -22,6 +22,8 @@ class FormWindow final : public QWidget {
   /// The window belongs to `owner`, above which it stays, and keeps the form until it goes itself.
   FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner);
 
+  void setVisible(bool visible) override;
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
@@ -29,7 +31,9 @@ class FormWindow final : public QWidget {
 
  private:
   void Follow();
+  void TakePlace();
   void Show();
+  void ComeToFront();
   void TellSize();
   QWidget* OwnerWindow() const;
 
@@ -39,6 +43,7 @@ class FormWindow final : public QWidget {
   bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;
   Subscription changed_;
+  Subscription shownAgain_;
 };
 
 }  // namespace desktop

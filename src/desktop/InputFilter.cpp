@@ -20,9 +20,10 @@ chordtrap::KeyChord ChordOf(const QKeyEvent& event) {
   return {VirtualKeyOf(event), ShiftStateOf(event.modifiers())};
 }
 
+/// Nothing while there is nobody to hand keys to. A message box or another modal window keeps the keys to itself.
 chordtrap::Manager* Hotkeys() {
-  if (!Globals::gobjHotkeyProxy || !Globals::gobjHotkeyProxy->Manager) return nullptr;
-  return &*Globals::gobjHotkeyProxy->Manager;
+  if (!Globals::gobjHotkeyProxy || QApplication::activeModalWidget() != nullptr) return nullptr;
+  return Globals::gobjHotkeyProxy->Manager.get();
 }
 
 }  // namespace
@@ -33,16 +34,26 @@ InputFilter::InputFilter(workbench::TurnClock& turns) : turns_(turns) {
 
 InputFilter::~InputFilter() = default;
 
-/// A message box or another modal window keeps the keys to itself.
 bool InputFilter::TakeHotkey(const QKeyEvent& event) const {
   chordtrap::Manager* manager = Hotkeys();
   const chordtrap::KeyChord chord = ChordOf(event);
-  if (manager == nullptr || chord.KeyCode == 0 || QApplication::activeModalWidget() != nullptr) return false;
+  if (manager == nullptr || chord.KeyCode == 0) return false;
   try {
     return manager->KeyDown(chord.KeyCode, chord.Modifier);
   } catch (...) {
     if (Globals::gobjErrorManager) Globals::gobjErrorManager->ShowErr();
     return true;
+  }
+}
+
+/// Whether the key will be taken. One that is held back does what it does without the add-in.
+bool InputFilter::IsHotkey(const QKeyEvent& event) const {
+  chordtrap::Manager* manager = Hotkeys();
+  const chordtrap::KeyChord chord = ChordOf(event);
+  try {
+    return manager != nullptr && chord.KeyCode != 0 && manager->Takes(chord.KeyCode, chord.Modifier);
+  } catch (...) {
+    return true;  // the press itself fails likewise, and tells
   }
 }
 
@@ -53,14 +64,11 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
       if (dynamic_cast<CodeEdit*>(watched) == nullptr) turns_.Next();
       return TakeHotkey(*static_cast<QKeyEvent*>(event));
     }
-    case QEvent::ShortcutOverride: {
+    case QEvent::ShortcutOverride:
       // A key of the add-in comes before an equal one of the menus.
-      const chordtrap::KeyChord chord = ChordOf(*static_cast<QKeyEvent*>(event));
-      chordtrap::Manager* manager = Hotkeys();
-      if (manager == nullptr || chord.KeyCode == 0 || !manager->Items().Find(chord)) break;
+      if (!IsHotkey(*static_cast<QKeyEvent*>(event))) break;
       event->accept();
       return true;
-    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:

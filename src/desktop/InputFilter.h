@@ -25,6 +25,7 @@ class InputFilter final : public QObject {
 
  private:
   bool TakeHotkey(const QKeyEvent& event) const;
+  bool IsHotkey(const QKeyEvent& event) const;
 
   workbench::TurnClock& turns_;
 };

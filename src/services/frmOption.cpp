@@ -84,6 +84,7 @@ void frmOption::Form_Unload(bool&) {
       HotkeyManager().Revert();
     }
   });
+  SkipErrors([] { HotkeyManager().EndEdit(); });  // a load that fails begins none, and its end must revert none
 }
 
 void frmOption::MemToScreen() {

@@ -137,6 +137,9 @@ TEST_F(ChordTrapControlTest, EditsAreInForceAtOnceUntilReverted) {
   Give(2, {114, 0});
   manager.Revert();
   EXPECT_EQ(Keys(), u"F2|Ctrl+.||");
+  Give(2, {114, 0});  // no edit is open any more
+  manager.Revert();
+  EXPECT_EQ(Keys(), u"F2|F3||");
 }
 
 TEST_F(ChordTrapControlTest, RefusesWhatCannotBeAHotkey) {
@@ -144,10 +147,10 @@ TEST_F(ChordTrapControlTest, RefusesWhatCannotBeAHotkey) {
   EXPECT_EQ(editor.Description(3) + u"," + editor.Key(3), u"Silent,");
   editor.Press({65, kCtrl});
   EXPECT_FALSE(editor.CanAdd()) << "no row";
-  for (const KeyChord chord : {KeyChord{65, 0}, KeyChord{65, kShift}, KeyChord{0, kCtrl}}) {
+  for (const KeyChord chord : {KeyChord{65, 0}, KeyChord{65, kShift}, KeyChord{0, kCtrl}, KeyChord{17, kCtrl}}) {
     editor.Select(3);
     editor.Press(chord);
-    EXPECT_FALSE(editor.CanAdd()) << "keeps the user from typing";
+    EXPECT_FALSE(editor.CanAdd()) << "keeps the user from typing, or is no key by itself";
     editor.Add();
   }
   EXPECT_EQ(ErrorOf([&] { Give(3, {81, kCtrl}); }), 457) << "another command has it";

@@ -46,6 +46,8 @@ class DesktopTest : public QtTest {
   /// Presses a button of the next message box, which must come; `shown` gets its text. A box that no answer waits for
   /// is a failure.
   void AnswerNext(int button, QString* shown = nullptr);
+  /// From now on boxes stay for the test itself.
+  void LeaveBoxes() { poll_.stop(); }
 
   test::TempFolder folder;
   std::unique_ptr<Desktop> desktop;

@@ -37,11 +37,15 @@ Widget& Find(const QWidget& above) {
 
 }  // namespace
 
-void SearchWindowsTest::StartWithGroup() {
+void SearchWindowsTest::StartInEnglish() {
   Start();
   Globals::Language().Language = 1;
   Globals::Language().UpdateAllUI();
   Window().SetLanguage(1);
+}
+
+void SearchWindowsTest::StartWithGroup() {
+  StartInEnglish();
   Open("samples/Shop/Shop.vbg");
   QApplication::setActiveWindow(&Window());
 }

@@ -21,6 +21,7 @@ class ResultView;
 /// The whole program in English, with the sample group open and the add-in's windows at hand.
 class SearchWindowsTest : public DesktopTest {
  protected:
+  void StartInEnglish();
   void StartWithGroup();
   /// As the hotkey does.
   void ShowDialog();

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScrollBar>
 
 #include "desktop/Icons.h"
 #include "desktop/views/ControlViews.h"
@@ -16,7 +17,17 @@ namespace quorvane::desktop {
 namespace {
 
 constexpr int kIconSize = 48;
-constexpr QSize kTextSize(520, 150);
+constexpr int kTextColumns = 80;
+constexpr int kReadMeLines = 14;
+constexpr int kLicenceLines = 11;
+
+/// Room for that many characters and lines, without the scroll bar.
+QSize TextSize(const QPlainTextEdit& text, int lines) {
+  const int border = 2 * (text.frameWidth() + static_cast<int>(text.document()->documentMargin()));
+  const QFontMetrics font = text.fontMetrics();
+  return {font.horizontalAdvance(QString(kTextColumns, QLatin1Char('x'))) + border,
+          font.lineSpacing() * lines + border};
+}
 
 }  // namespace
 
@@ -56,7 +67,8 @@ QWidget* AboutView::MakeText(const std::shared_ptr<Frame>& frame, const std::sha
   QPalette ground = shown->palette();
   ground.setColor(QPalette::Base, palette().color(QPalette::Window));
   shown->setPalette(ground);
-  shown->setMinimumSize(readMe ? QSize(kTextSize.width(), kTextSize.height() + 40) : kTextSize);
+  const QSize bar = shown->verticalScrollBar()->sizeHint();
+  shown->setMinimumSize(TextSize(*shown, readMe ? kReadMeLines : kLicenceLines) + QSize(bar.width(), 0));
   layout->addWidget(shown);
   return box;
 }

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -83,12 +84,29 @@ void CodePreviewView::Follow() {
   clear();
   QTextCursor cursor(document());
   const QString text = ToQString(form_.rtPreview->Text());
+  match_ = 0;
   for (const RichTextBox::Run& run : form_.rtPreview->Runs()) {
+    if (match_ == 0 && run.Color != 0) match_ = cursor.position();
     QTextCharFormat format;
     format.setForeground(ColorOf(run.Color, palette()));
     format.setFontStrikeOut(run.StrikeThru);
     cursor.insertText(text.mid(run.Start, run.Length).remove(QLatin1Char('\r')), format);
   }
+  ShowMatch();
+}
+
+/// Of a text that is higher than the window, the part with the match; any other from its start.
+void CodePreviewView::ShowMatch() {
+  QTextCursor cursor(document());
+  cursor.setPosition(match_);
+  QScrollBar& bar = *verticalScrollBar();
+  bar.setValue(bar.value() + cursorRect(cursor).center().y() - viewport()->height() / 2);
+  horizontalScrollBar()->setValue(0);
+}
+
+void CodePreviewView::resizeEvent(QResizeEvent* event) {
+  QTextEdit::resizeEvent(event);
+  ShowMatch();
 }
 
 }  // namespace quorvane::desktop

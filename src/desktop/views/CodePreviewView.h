@@ -18,10 +18,15 @@ class CodePreviewView final : public QTextEdit {
   CodePreviewView(frmCodePreview& form, QWidget* parent);
   ~CodePreviewView() override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void Follow();
+  void ShowMatch();
 
   frmCodePreview& form_;
+  int match_ = 0;  ///< where it begins in the document
   Later follow_;
   Subscription changed_;
 };

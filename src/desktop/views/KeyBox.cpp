@@ -28,7 +28,7 @@ bool KeyBox::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto& pressed = *static_cast<QKeyEvent*>(event);
     const std::int32_t code = VirtualKeyOf(pressed);
-    if (code != 0) Pressed.Raise({code, ShiftStateOf(pressed.modifiers())});
+    if (code != 0 && !chordtrap::IsModifierKey(code)) Pressed.Raise({code, ShiftStateOf(pressed.modifiers())});
   }
   return true;
 }

@@ -7,7 +7,8 @@
 
 namespace quorvane::desktop {
 
-/// A box that takes each key as a chord instead of typing it. Tab goes on to the next control.
+/// A box that takes each key as a chord, with the modifiers that are held down, instead of typing it. Tab goes on to
+/// the next control.
 class KeyBox final : public QLineEdit {
  public:
   explicit KeyBox(QWidget* parent);

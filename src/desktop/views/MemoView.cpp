@@ -8,7 +8,14 @@ namespace quorvane::desktop {
 
 namespace {
 
-/// As the toolkit's editor gives its text.
+/// The text as it is. The editor's own plain text has blanks where the text has others than that of the keyboard.
+QString TextOf(const QTextDocument& document) {
+  return document.toRawText()
+      .replace(QChar::ParagraphSeparator, QLatin1Char('\n'))
+      .replace(QChar::LineSeparator, QLatin1Char('\n'));
+}
+
+/// As TextOf gives it.
 QString WithPlainBreaks(const std::u16string& text) {
   return ToQString(text)
       .replace(QLatin1String("\r\n"), QLatin1String("\n"))
@@ -23,7 +30,7 @@ MemoView::MemoView(TextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (busy_) return;
     busy_ = true;
-    box_.Edit(FromQString(toPlainText()));
+    box_.Edit(FromQString(TextOf(*document())));
     busy_ = false;
   });
   Follow();
@@ -32,7 +39,7 @@ MemoView::MemoView(TextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_
 void MemoView::Follow() {
   if (busy_) return;
   busy_ = true;
-  if (const QString text = WithPlainBreaks(box_.Text()); text != toPlainText()) setPlainText(text);
+  if (const QString text = WithPlainBreaks(box_.Text()); text != TextOf(*document())) setPlainText(text);
   setReadOnly(box_.Locked());
   FollowControl(*this, box_);
   busy_ = false;

@@ -34,7 +34,7 @@ void AddItem(QMenu& shown, const std::shared_ptr<Menu>& item) {
 }  // namespace
 
 MenuView::MenuView(Menu& menu, QWidget& owner)
-    : menu_(menu), owner_(owner), popped_(menu.Popped.Subscribe([this] { Show(); })) {}
+    : menu_(menu), shown_(&owner), popped_(menu.Popped.Subscribe([this] { Show(); })) {}
 
 void MenuView::PopUpAt(const QPoint& place) {
   place_ = place;
@@ -43,10 +43,9 @@ void MenuView::PopUpAt(const QPoint& place) {
 }
 
 void MenuView::Show() {
-  auto* shown = new QMenu(&owner_);
-  shown->setAttribute(Qt::WA_DeleteOnClose);
-  for (const auto& item : menu_.Items()) AddItem(*shown, item);
-  shown->popup(place_.value_or(QCursor::pos()));
+  shown_.clear();
+  for (const auto& item : menu_.Items()) AddItem(shown_, item);
+  shown_.popup(place_.value_or(QCursor::pos()));
 }
 
 }  // namespace quorvane::desktop

@@ -1,11 +1,10 @@
 #pragma once
 
+#include <QMenu>
 #include <QPoint>
 #include <optional>
 
 #include "base/Event.h"
-
-class QWidget;
 
 namespace quorvane {
 
@@ -27,7 +26,7 @@ class MenuView {
   void Show();
 
   Menu& menu_;
-  QWidget& owner_;
+  QMenu shown_;  ///< one for good: it is still at work when what was chosen waits for a modal window
   std::optional<QPoint> place_;
   Subscription popped_;
 };

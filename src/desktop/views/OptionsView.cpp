@@ -20,7 +20,7 @@ namespace quorvane::desktop {
 namespace {
 
 constexpr int kNumberWidth = 70;
-constexpr QSize kEditorSize(620, 380);
+constexpr QSize kEditorSize(620, 300);
 constexpr int kButtonWidth = 96;
 
 }  // namespace
@@ -89,7 +89,7 @@ QWidget* OptionsView::MakeUpdateFrame(QWidget* parent) {
   layout->addWidget(words);
   layout->addWidget(Enter(form_.Slider灵敏度, new SliderView(*form_.Slider灵敏度, box)));
   layout->addStretch();
-  layout->addWidget(Enter(form_.cmd检查更新, new ButtonView(*form_.cmd检查更新, box)));
+  layout->addWidget(Enter(form_.cmd检查更新, new ButtonView(*form_.cmd检查更新, box)), 0, Qt::AlignRight);
   return box;
 }
 

@@ -53,7 +53,9 @@ void Form::Show(FormModal modal, const std::shared_ptr<Form>& owner) {
   if (!loaded_) throw Error(kObjectWasUnloaded, u"Object was unloaded: " + name_);
   owner_ = owner;
   modal_ = modal == FormModal::Modal;
+  const bool again = visible_;
   SetVisible(true);
+  if (again) ShownAgain.Raise();
   if (modal_) WaitModal();
 }
 

@@ -54,7 +54,8 @@ class Form : public std::enable_shared_from_this<Form> {
   /// The user's close box.
   bool CloseByUser() { return Unload(UnloadMode::FormControlMenu); }
 
-  Event<> Changed;  ///< caption, visibility or loaded
+  Event<> Changed;     ///< caption, visibility or loaded
+  Event<> ShownAgain;  ///< Show of a form that was visible: it comes to the front
 
  protected:
   virtual void Form_Load() {}

@@ -1,0 +1,214 @@
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "FormWindowsFixture.h"
+#include "chordtrap/Manager.h"
+#include "desktop/CodeArea.h"
+#include "desktop/CodeEdit.h"
+#include "desktop/MainWindow.h"
+#include "desktop/ProjectTree.h"
+#include "desktop/QtText.h"
+#include "desktop/views/KeyEditorView.h"
+#include "desktop/views/ResultListView.h"
+#include "host/Connect.h"
+#include "host/Globals.h"
+#include "host/VBIDE.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "search/ResultCollection.h"
+#include "services/GlobalSetting.h"
+#include "services/HotkeyProxy.h"
+#include "services/LanguageManager.h"
+#include "services/frmOption.h"
+#include "workbench/HostCommandBars.h"
+#include "workbench/Workbench.h"
+
+namespace quorvane::desktop {
+namespace {
+
+class HotkeyWindowsTest : public FormWindowsTest {
+ protected:
+  KeyEditorView& Keys() { return Below<KeyEditorView>(WindowOf(The<frmOption>())); }
+  void OpenKeys(const std::function<void()>& walk) {
+    Walk(u"frmOption", From::SearchDialog, [&] {
+      auto& tabs = Below<QTabWidget>(WindowOf(The<frmOption>()));
+      QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(OptionControls::kHotkeyTab).center());
+      ASSERT_TRUE(Keys().isVisible());
+      walk();
+    });
+  }
+  void Pick(int row) {
+    QTreeWidget& commands = Keys().Commands();
+    QTest::mouseClick(commands.viewport(), Qt::LeftButton, {},
+                      commands.visualItemRect(commands.topLevelItem(row)).center());
+  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&Keys().Box(), key, modifiers); }
+  QString KeyOf(int row) { return Keys().Commands().topLevelItem(row)->text(1); }
+  void Close(const std::shared_ptr<CommandButton>& button) { FormWindowsTest::Click(The<frmOption>(), *button); }
+
+  /// Whether the search dialog comes by a key pressed in the main window.
+  bool Opens(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    Dialog().Hide();
+    QApplication::setActiveWindow(&Window());
+    QTest::keyClick(&Window(), key, modifiers);
+    return Dialog().Visible();
+  }
+  static void Give(int command, chordtrap::KeyChord key) {
+    Globals::gobjHotkeyProxy->Manager->Items()[command]->Key = key;
+  }
+};
+
+TEST_F(HotkeyWindowsTest, TheEditorGivesTakesAndRevertsKeys) {
+  StartWithGroup();
+  ShowDialog();
+  OpenKeys([&] {
+    EXPECT_EQ(KeyOf(0), QStringLiteral("Ctrl+Q"));
+    Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(Keys().AddButton().isEnabled()) << "for no command";
+    Pick(0);
+    Press(Qt::Key_Control, Qt::ControlModifier);
+    Press(Qt::Key_Shift, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Keys().Box().text(), QStringLiteral("Ctrl+Shift+F")) << "a modifier alone is no key";
+    Keys().AddButton().click();
+    EXPECT_EQ(KeyOf(0), QStringLiteral("Ctrl+Shift+F"));
+    EXPECT_EQ(Keys().Box().text(), QString());
+
+    Pick(3);
+    EXPECT_FALSE(Keys().RemoveButton().isEnabled());
+    Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(Keys().Warning().contains(Keys().Commands().topLevelItem(0)->text(0)))
+        << Keys().Warning().toStdString();
+    Keys().AddButton().click();
+    EXPECT_EQ(KeyOf(3), QString());
+    Press(Qt::Key_F7, Qt::NoModifier);
+    EXPECT_EQ(Keys().Warning(), QString());
+    Keys().AddButton().click();
+    EXPECT_EQ(KeyOf(3), QStringLiteral("F7"));
+    Pick(1);
+    Keys().RemoveButton().click();
+    EXPECT_EQ(KeyOf(1), QString());
+    Close(The<frmOption>().cmd确定);
+  });
+  const auto check = [this] {
+    EXPECT_FALSE(Opens(Qt::Key_Q));
+    EXPECT_TRUE(Opens(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier));
+  };
+  check();
+  OpenKeys([&] {
+    Pick(0);
+    Keys().RemoveButton().click();
+    Pick(1);
+    Press(Qt::Key_Q, Qt::ControlModifier);
+    Keys().AddButton().click();
+    EXPECT_EQ(KeyOf(0) + KeyOf(1), QStringLiteral("Ctrl+Q"));
+    Close(The<frmOption>().cmd取消);
+  });
+  check();
+  Stop();
+  StartWithGroup();
+  check();
+}
+
+TEST_F(HotkeyWindowsTest, FiveCommandsFromEverywhere) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = 2;
+  Give(4, {'L', chordtrap::kCtrl | chordtrap::kAlt});
+  Give(5, {116, 0});
+  Search(QStringLiteral("nextorderno"));
+  EditorOf(u"modMain");
+  const auto list = CurrentPage()->mlstResultList;
+  const int found = list->ListCount();
+  const auto editor = [this]() -> QWidget& { return EditorOf(u"modMain"); };
+  const auto rows = [this]() -> QWidget& { return List(); };
+  const auto dialog = [this]() -> QWidget& { return WidgetOf(*Dialog().cmbSearch); };
+  const auto filter = [this]() -> QWidget& { return Below<QLineEdit>(Window().Tree()); };
+  const std::vector<std::pair<const char*, std::function<QWidget&()>>> places = {
+      {"code window", editor}, {"result list", rows}, {"search dialog", dialog}, {"filter of the tree", filter}};
+  for (const auto& [name, place] : places) {
+    SCOPED_TRACE(name);
+    const auto press = [&, &at = place](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+      QWidget& widget = at();
+      QApplication::setActiveWindow(widget.window());
+      widget.setFocus();
+      QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    };
+    list->SetListIndex(0);
+    press(Qt::Key_Period, Qt::ControlModifier);
+    EXPECT_EQ(list->ListIndex(), 1);
+    EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(list->ListIndex(), 0);
+    list->Clear();
+    press(Qt::Key_F5, Qt::NoModifier);
+    EXPECT_EQ(list->ListCount(), found);
+    if (&place() != &List()) Globals::gobjToolWindow->SetVisible(false);
+    press(Qt::Key_L, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_TRUE(Globals::gobjToolWindow->Visible());
+    const bool inDialog = place().window() != &Window();
+    if (!inDialog) Dialog().Hide();
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(
+        WaitUntil([&] { return QApplication::activeWindow() == &WindowOf(Dialog()); }, std::chrono::seconds(1)));
+  }
+}
+
+TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {
+  StartWithGroup();
+  EXPECT_TRUE(Opens(Qt::Key_Q));
+  Dialog().Hide();
+  Walk(
+      u"frmAbout", [] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal); },
+      [&] {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Q, Qt::ControlModifier);
+        EXPECT_FALSE(Dialog().Visible());
+        TheForms().Instance(u"frmAbout")->Unload();
+      });
+  QMessageBox box(&Window());
+  box.open();
+  QTest::keyClick(&box, Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_FALSE(Dialog().Visible());
+  box.close();
+
+  // While it is held back, a key is that of the host's own menu.
+  Give(1, {'0', chordtrap::kCtrl});
+  const auto size = [this] { return Window().Code().TextSize(); };
+  Window().Code().SetTextSize(20);
+  EXPECT_TRUE(Opens(Qt::Key_0));
+  EXPECT_EQ(size(), 20);
+  const auto entry = desktop->Host().TheCommandBars()->Add(u"Add-Ins")->Buttons().at(0);
+  entry->SetEnabled(false);
+  EXPECT_FALSE(Opens(Qt::Key_0));
+  EXPECT_EQ(size(), CodeArea::NormalTextSize());
+  entry->SetEnabled(true);
+  entry->Delete();
+  EXPECT_TRUE(Opens(Qt::Key_0));
+}
+
+TEST_F(HotkeyWindowsTest, KeysNeedNoMenu) {
+  QtPlatform::Setup setup;
+  setup.configFolder = folder / "config";
+  desktop = std::make_unique<Desktop>(setup);
+  desktop->Host().TheCommandBars()->Remove(u"Add-Ins");
+  desktop->Start();
+  ASSERT_EQ(Globals::gobjConnect->mcbMenuCommandBar, nullptr);
+  EXPECT_TRUE(Opens(Qt::Key_Q));
+
+  // A command that fails says so, once.
+  QString told;
+  AnswerNext(QMessageBox::Ok, &told);
+  Dialog().Hide();
+  QApplication::setActiveWindow(&Window());
+  QTest::keyClick(&Below<QLineEdit>(Window().Tree()), Qt::Key_Period, Qt::ControlModifier);
+  EXPECT_TRUE(told.contains(QStringLiteral("91"))) << told.toStdString();
+}
+
+}  // namespace
+}  // namespace quorvane::desktop

@@ -1,0 +1,222 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <chrono>
+#include <string>
+
+#include "FormWindowsFixture.h"
+#include "base/Text.h"
+#include "chordtrap/Manager.h"
+#include "desktop/AddInsMenu.h"
+#include "desktop/MainWindow.h"
+#include "desktop/QtText.h"
+#include "desktop/views/ResultListView.h"
+#include "desktop/views/ResultView.h"
+#include "host/Connect.h"
+#include "host/Globals.h"
+#include "host/VBIDE.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "services/GlobalSetting.h"
+#include "services/HotkeyProxy.h"
+#include "services/LanguageManager.h"
+#include "services/Updater.h"
+#include "services/frmOption.h"
+
+namespace quorvane::desktop {
+namespace {
+
+class OptionWindowsTest : public FormWindowsTest {
+ protected:
+  void StartWithResults() {
+    StartWithGroup();
+    Globals::gobjSetting->menumAutoHideSearchDlg = 2;
+    Search(QStringLiteral("nextorderno"));
+  }
+
+  frmOption& Options() { return The<frmOption>(); }
+  QTabWidget& Tabs() { return WidgetOf<QTabWidget>(Options(), *Options().SSTab设定); }
+  void PickTab(int index) {
+    QTest::mouseClick(Tabs().tabBar(), Qt::LeftButton, {}, Tabs().tabBar()->tabRect(index).center());
+    EXPECT_EQ(Options().SSTab设定->Tab(), index);
+  }
+  void PressOk() { Click(Options(), *Options().cmd确定); }
+  void PressCancel() { Click(Options(), *Options().cmd取消); }
+  QPlainTextEdit& Editor() { return WidgetOf<QPlainTextEdit>(Options(), *Options().TextXsl); }
+  void PickLanguage(int index) {
+    PickTab(OptionControls::kLanguageTab);
+    auto& combo = WidgetOf<QComboBox>(Options(), *Options().Combo语言);
+    combo.setFocus();
+    QTest::keyClick(&combo, index == 0 ? Qt::Key_Home : Qt::Key_End);
+    EXPECT_EQ(Options().Combo语言->ListIndex(), index);
+  }
+
+  /// "lines interval hide to maximize sensibility language".
+  static std::string Memory() {
+    const GlobalSetting& setting = *Globals::gobjSetting;
+    std::string all;
+    for (const std::int32_t value :
+         {std::int32_t{setting.mintRelativeLineCount}, Globals::gobjUpdater->menumUpdateInterval,
+          setting.menumAutoHideSearchDlg, setting.menumDefaultSearchTo, std::int32_t{setting.mblnMaximizeWhenLocate},
+          Globals::gobjUpdater->menumSensibility, Globals::Language().Language}) {
+      all += std::to_string(value) + " ";
+    }
+    return all;
+  }
+
+  /// Uses every control of the first tab.
+  void EditGeneralTab() {
+    frmOption& o = Options();
+    auto& lines = WidgetOf<QLineEdit>(o, *o.txt预览行数);
+    Type(lines, QStringLiteral("99"));
+    Click(o, *o.cmd恢复默认预览行数);
+    EXPECT_EQ(lines.text(), QStringLiteral("12"));
+    Type(lines, QStringLiteral("7"));
+    for (const auto& choices : {o.optIntervalButtons[0], o.optIntervalButtons[4], o.optAutoHideSearchDlgButtons[1],
+                                o.opt默认搜索位置Buttons[0]}) {
+      Click(o, *choices);
+    }
+    EXPECT_FALSE(WidgetOf<QRadioButton>(o, *o.optIntervalButtons[0]).isChecked());
+    Click(o, *o.chk定位时将代码窗口最大化);
+    auto& slider = WidgetOf<QSlider>(o, *o.Slider灵敏度);
+    auto& words = WidgetOf<QLabel>(o, *o.lbl灵敏度);
+    for (const char* expected : {"Sensitivity:mediam(Minor)", "Sensitivity:low(Major)", "Sensitivity:low(Major)"}) {
+      QTest::keyClick(&slider, Qt::Key_Left);
+      EXPECT_EQ(words.text().toStdString(), expected);
+      EXPECT_EQ(words.toolTip(), slider.toolTip());
+    }
+    EXPECT_EQ(words.toolTip(), QStringLiteral("Only prompt when major version number is changed"));
+  }
+};
+
+constexpr char kBefore[] = "12 2 2 1 1 2 1 ";
+
+TEST_F(OptionWindowsTest, TheGeneralTabIsKeptByOkAlone) {
+  StartWithResults();
+  Walk(u"frmOption", From::ResultMenu, [&] {
+    EXPECT_EQ(WindowOf(Options()).windowTitle(), QStringLiteral("Quorvane Options"));
+    EditGeneralTab();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+      QTest::keyClick(&WidgetOf(Options(), *Options().txt预览行数), key);
+      QTest::keyClick(&WidgetOf(Options(), *Options().optIntervalButtons[2]), key);
+      QTest::keyClick(&Tabs(), key);
+    }
+    EXPECT_EQ(Memory(), kBefore);
+    PressCancel();
+  });
+  EXPECT_EQ(Memory(), kBefore);
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    EditGeneralTab();
+    WindowOf(Options()).close();
+  });
+  EXPECT_EQ(Memory(), kBefore);
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    EditGeneralTab();
+    Type(WidgetOf(Options(), *Options().txt预览行数), QStringLiteral("7x"));
+    PickLanguage(0);
+    PressOk();
+  });
+  EXPECT_EQ(Memory(), kBefore) << "in silence";
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    EditGeneralTab();
+    PressOk();
+  });
+  EXPECT_EQ(Memory(), "7 4 1 0 0 0 1 ");
+}
+
+TEST_F(OptionWindowsTest, TheStylesheetIsAppliedAtOnce) {
+  StartWithResults();
+  GlobalSetting& setting = *Globals::gobjSetting;
+  const auto row = [this] { return CurrentPage()->mlstResultList->List(0); };
+  const std::u16string first = row();
+  const std::u16string mine = ReplaceAll(setting.XSL(), u"<xsl:text>[</xsl:text>", u"<xsl:text>\u00a0at </xsl:text>");
+  Walk(u"frmOption", From::ResultMenu, [&] {
+    PickTab(OptionControls::kFilterTab);
+    EXPECT_TRUE(Editor().isVisible());
+    Editor().selectAll();
+    Editor().insertPlainText(ToQString(mine));
+    EXPECT_EQ(row(), first);
+    Click(Options(), *Options().cmd应用过滤器);
+    EXPECT_EQ(row(), ReplaceAll(first, u"[", u"\u00a0at "));
+    Click(Options(), *Options().cmd过滤器帮助);
+    EXPECT_EQ(system.addresses.join(QLatin1Char(' ')),
+              QStringLiteral("http://127.0.0.1:1/p/vbquorvane/wiki/Options_Filter"));
+    Click(Options(), *Options().cmd重置过滤器);
+    EXPECT_EQ(Options().TextXsl->Text(), GlobalSetting::DefaultXSL());
+    Editor().moveCursor(QTextCursor::Start);
+    QTest::keyClick(&Editor(), Qt::Key_Return);
+    PressCancel();
+  });
+  EXPECT_EQ(setting.XSL(), mine) << "neither reset nor typing was applied";
+  Walk(u"frmOption", From::ResultMenu, [&] {
+    PickTab(OptionControls::kFilterTab);
+    Editor().moveCursor(QTextCursor::Start);
+    QTest::keyClick(&Editor(), Qt::Key_Return);
+    PressOk();
+  });
+  EXPECT_EQ(setting.XSL(), u"\r\n" + mine) << "every other character is as it was";
+}
+
+TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
+  StartWithResults();
+  const auto words = [this] {
+    std::string all;
+    const QString shown[] = {WindowOf(Dialog()).windowTitle(),
+                             WidgetOf<QPushButton>(Dialog(), *Dialog().cmdSearch).text(),
+                             ToQString(Document().mnuAbout.Caption()),
+                             ToQString(Document().mnuCloseTab.Caption()),
+                             Window().findChild<AddInsMenu*>()->actions().at(0)->text(),
+                             Window().Menu().Find(Text::FileSave)->text()};
+    for (const QString& text : shown) all += text.toStdString() + "|";
+    return all;
+  };
+  const std::string english = words();
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    PickLanguage(0);
+    EXPECT_EQ(words(), english);
+    PressOk();
+  });
+  EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|关闭当前页面(&C)|Quorvane插件(&D)|保存(&S)|");
+  Walk(
+      u"frmOption", [] { TheForms().Instance(u"frmOption")->Show(FormModal::Modal); },
+      [&] {
+        EXPECT_EQ(Tabs().tabText(3), QStringLiteral("语言"));
+        PickLanguage(1);
+        PressOk();
+      });
+  EXPECT_EQ(words(), english);
+
+  Globals::gobjConnect->mcbMenuCommandBar->Delete();
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    PickLanguage(0);
+    PressOk();
+  });
+  EXPECT_EQ(Window().Menu().Find(Text::FileSave)->text(), QStringLiteral("保存(&S)"));
+}
+
+TEST_F(OptionWindowsTest, ALoadThatFailsRevertsNothing) {
+  StartWithResults();
+  const auto key = [] { return chordtrap::KeyText(Globals::gobjHotkeyProxy->Manager->Items()[1]->Key); };
+  Walk(u"frmOption", From::ResultMenu, [&] {
+    Options().ChordTrapControl1.Select(1);
+    Options().ChordTrapControl1.Press({'F', chordtrap::kCtrl | chordtrap::kShift});
+    Options().ChordTrapControl1.Add();
+    PressOk();
+  });
+  Globals::gobjUpdater->menumUpdateInterval = 9;
+  QString told;
+  AnswerNext(QMessageBox::Ok, &told);
+  Walk(u"frmOption", From::ResultMenu, [&] { PressCancel(); });
+  EXPECT_TRUE(told.contains(QStringLiteral("9"))) << told.toStdString();
+  EXPECT_EQ(key(), u"Ctrl+Shift+F");
+}
+
+}  // namespace
+}  // namespace quorvane::desktop

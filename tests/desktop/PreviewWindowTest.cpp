@@ -1,0 +1,131 @@
+#include <QApplication>
+#include <QCursor>
+#include <QScreen>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <string>
+
+#include "FormWindowsFixture.h"
+#include "desktop/MainWindow.h"
+#include "desktop/views/CodePreviewView.h"
+#include "desktop/views/ResultListView.h"
+#include "dialogs/frmCodePreview.h"
+#include "host/Globals.h"
+#include "services/GlobalSetting.h"
+#include "workbench/Module.h"
+
+namespace quorvane::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PreviewWindowTest : public FormWindowsTest {
+ protected:
+  void StartWithResults() {
+    StartWithGroup();
+    Window().resize(1000, 700);
+    Globals::gobjSetting->menumAutoHideSearchDlg = 0;
+    Search(QStringLiteral("nextorderno"));
+    QApplication::setActiveWindow(&Window());
+    List().setFocus();
+  }
+  void ChooseInMenu(const char* entry) {
+    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, List().RectOf(0).center());
+    Choose(QString::fromLatin1(entry));
+    QCoreApplication::processEvents();
+    QApplication::setActiveWindow(&Window());
+  }
+  /// The mouse comes to a row.
+  void Hover(int row) {
+    const QPoint place = List().RectOf(row).center();
+    QTest::mouseMove(List().viewport(), place);
+    QCoreApplication::processEvents();
+  }
+  QWidget& Preview() { return WindowOf(The<frmCodePreview>()); }
+  CodePreviewView& Shown() { return Below<CodePreviewView>(Preview()); }
+
+  /// What is marked in the text: colour, "-" when it is struck out, text.
+  std::string Marks() {
+    std::string all;
+    for (QTextBlock block = Shown().document()->begin(); block.isValid(); block = block.next()) {
+      for (auto at = block.begin(); !at.atEnd(); ++at) {
+        const QTextCharFormat format = at.fragment().charFormat();
+        const QColor color = format.foreground().color();
+        if (color.value() == 0) continue;
+        all += color.name().toStdString() + (format.fontStrikeOut() ? "-" : " ") + at.fragment().text().toStdString() +
+               "|";
+      }
+    }
+    return all;
+  }
+  std::string PlainText() { return Shown().toPlainText().toStdString(); }
+  bool Comes(bool visible) {
+    return WaitUntil([&] { return Preview().isVisible() == visible; }, 400ms);
+  }
+};
+
+TEST_F(PreviewWindowTest, FollowsTheMouseOverTheList) {
+  StartWithResults();
+  Hover(1);
+  ChooseInMenu("Code preview");
+  EXPECT_TRUE(The<frmCodePreview>().CanShow());
+  EXPECT_FALSE(Comes(true)) << "there is nothing in it yet";
+  Hover(0);
+  ASSERT_TRUE(Comes(true));
+  EXPECT_EQ(Marks(), "#ff0000 NextOrderNo|");
+  const std::string first = PlainText();
+  const QSizeF text = Shown().document()->size();
+  EXPECT_GE(Preview().height(), text.height());
+  EXPECT_GE(Preview().width(), Shown().document()->idealWidth());
+  EXPECT_EQ(QApplication::activeWindow(), &Window());
+  EXPECT_TRUE(List().hasFocus());
+
+  Hover(2);
+  EXPECT_NE(PlainText(), first);
+  EXPECT_EQ(Preview().pos(), QCursor::pos() + QPoint(40, -Preview().height()));
+  QCursor::setPos(Window().mapToGlobal(QPoint(5, 5)));
+  EXPECT_TRUE(Comes(false)) << "the mouse has left";
+  Hover(0);
+  EXPECT_TRUE(Comes(true));
+  QApplication::setActiveWindow(nullptr);
+  EXPECT_TRUE(Comes(false)) << "another program is in front";
+  QApplication::setActiveWindow(&Window());
+  EXPECT_TRUE(Comes(true));
+  ChooseInMenu("Code preview");
+  EXPECT_FALSE(Preview().isVisible());
+  EXPECT_FALSE(Comes(true)) << "it is off";
+}
+
+TEST_F(PreviewWindowTest, ShowsTheReplacementBehindTheOldText) {
+  StartWithResults();
+  Globals::gobjSetting->mstrReplaceStr = u"Number$1";
+  ChooseInMenu("Code preview");
+  ChooseInMenu("Relpace preview");
+  Hover(1);
+  ASSERT_TRUE(Comes(true));
+  EXPECT_EQ(Marks(), "#ff0000-NextOrderNo|#0000ff Number$1|");
+  Globals::gobjSetting->mstrReplaceStr = u"";
+  Hover(2);
+  EXPECT_EQ(Marks(), "#ff0000-NextOrderNo|");
+}
+
+TEST_F(PreviewWindowTest, ATextHigherThanTheScreenShowsItsMatch) {
+  StartWithResults();
+  std::u16string lines;
+  for (int i = 0; i < 2'000; ++i) lines += u"' filler\r\n";
+  workbench::Module& module = ModuleNamed(u"modMain");
+  module.InsertLines(1, lines + u"Public needle As Long\r\n" + lines);
+  Globals::gobjSetting->mintRelativeLineCount = 32'767;
+  Search(QStringLiteral("needle"));
+  ChooseInMenu("Code preview");
+  Hover(0);
+  ASSERT_TRUE(Comes(true));
+  EXPECT_GT(The<frmCodePreview>().Height(), 30'000);
+  EXPECT_LE(Preview().height(), Preview().screen()->virtualSize().height());
+  QTextCursor cursor = Shown().document()->find(QStringLiteral("needle"));
+  EXPECT_TRUE(Shown().viewport()->rect().contains(Shown().cursorRect(cursor)));
+}
+
+}  // namespace
+}  // namespace quorvane::desktop
