@@ -7,7 +7,9 @@
 #include <QScrollBar>
 
 #include "desktop/Icons.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ButtonView.h"
+#include "desktop/views/FrameView.h"
+#include "desktop/views/LabelView.h"
 #include "desktop/views/LinkView.h"
 #include "desktop/views/MemoView.h"
 #include "dialogs/frmAbout.h"

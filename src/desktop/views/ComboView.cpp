@@ -6,7 +6,7 @@
 
 #include "base/Error.h"
 #include "desktop/QtText.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ControlFollow.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/DataObject.h"
 

@@ -3,14 +3,27 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QVBoxLayout>
 
 #include "desktop/QtKeys.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/CheckView.h"
+#include "desktop/views/ControlFollow.h"
+#include "desktop/views/FrameView.h"
 #include "desktop/views/MenuView.h"
+#include "desktop/views/OptionView.h"
+#include "platform/forms/CheckBox.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Dialog.h"
+#include "platform/forms/Frame.h"
+#include "platform/forms/OptionButton.h"
 
 namespace quorvane::desktop {
+
+namespace {
+
+constexpr int kChoiceSpacing = 4;
+
+}  // namespace
 
 DialogView::DialogView(Dialog& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
   setFocusPolicy(Qt::NoFocus);
@@ -29,6 +42,21 @@ void DialogView::EnterWidget(const std::shared_ptr<Control>& control, QWidget& w
 
 void DialogView::EnterMenu(Menu& menu) {
   menus_.push_back(std::make_unique<MenuView>(menu, *this));
+}
+
+QWidget* DialogView::EnterChoices(const std::shared_ptr<Frame>& frame, QWidget* parent) {
+  auto* box = Enter(frame, new FrameView(*frame, parent));
+  auto* layout = new QVBoxLayout(box);
+  layout->setSpacing(kChoiceSpacing);
+  for (const auto& child : frame->Children) {
+    if (const auto option = std::dynamic_pointer_cast<OptionButton>(child)) {
+      layout->addWidget(Enter(child, new OptionView(*option, box)));
+    } else if (const auto check = std::dynamic_pointer_cast<CheckBox>(child)) {
+      layout->addWidget(Enter(child, new CheckView(*check, box)));
+    }
+  }
+  layout->addStretch();
+  return box;
 }
 
 QWidget* DialogView::WidgetOf(const Control& control) const {

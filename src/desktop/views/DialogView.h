@@ -14,6 +14,7 @@ namespace quorvane {
 
 class Control;
 class Dialog;
+class Frame;
 class Menu;
 
 namespace desktop {
@@ -40,6 +41,8 @@ class DialogView : public QWidget {
     return widget;
   }
   void EnterMenu(Menu& menu);
+  /// A frame with its option buttons and check boxes one below the other.
+  QWidget* EnterChoices(const std::shared_ptr<Frame>& frame, QWidget* parent);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -1,7 +1,7 @@
 #include "desktop/views/LineView.h"
 
 #include "desktop/QtText.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ControlFollow.h"
 #include "platform/forms/TextBox.h"
 
 namespace quorvane::desktop {

@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 
 #include "desktop/QtText.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ControlFollow.h"
 #include "platform/forms/Label.h"
 
 namespace quorvane::desktop {

@@ -6,9 +6,12 @@
 #include <QTabWidget>
 
 #include "desktop/QtText.h"
+#include "desktop/views/ButtonView.h"
 #include "desktop/views/ComboView.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ControlFollow.h"
+#include "desktop/views/FrameView.h"
 #include "desktop/views/KeyEditorView.h"
+#include "desktop/views/LabelView.h"
 #include "desktop/views/LineView.h"
 #include "desktop/views/MemoView.h"
 #include "desktop/views/SliderView.h"
@@ -55,20 +58,6 @@ void OptionsView::FollowTabs() {
   busy_ = false;
 }
 
-QWidget* OptionsView::MakeChoices(const std::shared_ptr<Frame>& frame, QWidget* parent) {
-  auto* box = Enter(frame, new FrameView(*frame, parent));
-  auto* layout = new QVBoxLayout(box);
-  layout->setSpacing(4);
-  for (const auto& child : frame->Children) {
-    if (const auto option = std::dynamic_pointer_cast<OptionButton>(child)) {
-      layout->addWidget(Enter(child, new OptionView(*option, box)));
-    } else if (const auto check = std::dynamic_pointer_cast<CheckBox>(child)) {
-      layout->addWidget(Enter(child, new CheckView(*check, box)));
-    }
-  }
-  return box;
-}
-
 QWidget* OptionsView::MakePreviewFrame(QWidget* parent) {
   auto* box = Enter(form_.Frame代码预览, new FrameView(*form_.Frame代码预览, parent));
   auto* layout = new QHBoxLayout(box);
@@ -84,7 +73,7 @@ QWidget* OptionsView::MakePreviewFrame(QWidget* parent) {
 QWidget* OptionsView::MakeUpdateFrame(QWidget* parent) {
   auto* box = Enter(form_.Frame更新, new FrameView(*form_.Frame更新, parent));
   auto* layout = new QVBoxLayout(box);
-  layout->addWidget(MakeChoices(form_.Frame自动检查更新, box));
+  layout->addWidget(EnterChoices(form_.Frame自动检查更新, box));
   auto* words = Enter(form_.lbl灵敏度, new LabelView(*form_.lbl灵敏度, box));
   layout->addWidget(words);
   layout->addWidget(Enter(form_.Slider灵敏度, new SliderView(*form_.Slider灵敏度, box)));
@@ -98,9 +87,9 @@ QWidget* OptionsView::MakeGeneralTab() {
   auto* grid = new QGridLayout(tab);
   grid->addWidget(MakePreviewFrame(tab), 0, 0);
   grid->addWidget(MakeUpdateFrame(tab), 0, 1, 4, 1);
-  grid->addWidget(MakeChoices(form_.Frame自动隐藏搜索框, tab), 1, 0);
-  grid->addWidget(MakeChoices(form_.Frame默认搜索位置, tab), 2, 0);
-  grid->addWidget(MakeChoices(form_.Frame定位选项, tab), 3, 0);
+  grid->addWidget(EnterChoices(form_.Frame自动隐藏搜索框, tab), 1, 0);
+  grid->addWidget(EnterChoices(form_.Frame默认搜索位置, tab), 2, 0);
+  grid->addWidget(EnterChoices(form_.Frame定位选项, tab), 3, 0);
   grid->setRowStretch(4, 1);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);

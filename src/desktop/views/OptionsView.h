@@ -33,8 +33,6 @@ class OptionsView final : public DialogView {
   QLayout* MakeButtons();
   QWidget* MakePreviewFrame(QWidget* parent);
   QWidget* MakeUpdateFrame(QWidget* parent);
-  /// A frame with its option buttons and check boxes one below the other.
-  QWidget* MakeChoices(const std::shared_ptr<Frame>& frame, QWidget* parent);
   void FollowTabs();
 
   frmOption& form_;

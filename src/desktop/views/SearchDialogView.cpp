@@ -3,8 +3,9 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "desktop/views/ButtonView.h"
 #include "desktop/views/ComboView.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/LabelView.h"
 #include "desktop/views/StatusLabel.h"
 #include "dialogs/frmSearchDialog.h"
 
@@ -42,26 +43,11 @@ QLayout* SearchDialogView::MakeTexts() {
   return grid;
 }
 
-QWidget* SearchDialogView::MakeFrame(const std::shared_ptr<Frame>& frame) {
-  auto* box = Enter(frame, new FrameView(*frame, this));
-  auto* layout = new QVBoxLayout(box);
-  layout->setSpacing(4);
-  for (const auto& child : frame->Children) {
-    if (const auto option = std::dynamic_pointer_cast<OptionButton>(child)) {
-      layout->addWidget(Enter(child, new OptionView(*option, box)));
-    } else if (const auto check = std::dynamic_pointer_cast<CheckBox>(child)) {
-      layout->addWidget(Enter(child, new CheckView(*check, box)));
-    }
-  }
-  layout->addStretch();
-  return box;
-}
-
 QLayout* SearchDialogView::MakeFrames() {
   auto* grid = new QGridLayout;
-  grid->addWidget(MakeFrame(form_.frameArea), 0, 0, 2, 1);
-  grid->addWidget(MakeFrame(form_.frameMode), 0, 1);
-  grid->addWidget(MakeFrame(form_.frameOption), 0, 2);
+  grid->addWidget(EnterChoices(form_.frameArea, this), 0, 0, 2, 1);
+  grid->addWidget(EnterChoices(form_.frameMode, this), 0, 1);
+  grid->addWidget(EnterChoices(form_.frameOption, this), 0, 2);
   grid->addWidget(Enter(form_.lblCurModule, new StatusLabel(form_.lblCurModule, this)), 1, 1, 1, 2);
   grid->setRowStretch(0, 1);
   return grid;

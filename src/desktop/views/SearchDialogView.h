@@ -20,7 +20,6 @@ class SearchDialogView final : public DialogView {
 
  private:
   QLayout* MakeTexts();
-  QWidget* MakeFrame(const std::shared_ptr<Frame>& frame);
   QLayout* MakeFrames();
   QLayout* MakeButtons();
 

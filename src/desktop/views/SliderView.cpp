@@ -4,7 +4,7 @@
 #include <QToolTip>
 
 #include "desktop/QtText.h"
-#include "desktop/views/ControlViews.h"
+#include "desktop/views/ControlFollow.h"
 #include "platform/forms/Slider.h"
 
 namespace quorvane::desktop {

@@ -1,0 +1,24 @@
+#include "desktop/views/ButtonView.h"
+
+#include "desktop/QtText.h"
+#include "desktop/views/AccessKey.h"
+#include "desktop/views/ControlFollow.h"
+#include "platform/forms/CommandButton.h"
+
+namespace quorvane::desktop {
+
+ButtonView::ButtonView(CommandButton& button, QWidget* parent) : QPushButton(parent) {
+  const auto follow = [this, &button] {
+    setText(ToQString(button.Caption()));
+    FollowCaptioned(*this, button);
+  };
+  changed_ = button.Changed.Subscribe(follow);
+  connect(this, &QPushButton::clicked, this, [&button] { button.Press(); });
+  follow();
+}
+
+bool ButtonView::event(QEvent* event) {
+  return ClickByKey(*this, *event) || QPushButton::event(event);
+}
+
+}  // namespace quorvane::desktop

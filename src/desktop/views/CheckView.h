@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QCheckBox>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class CheckBox;
+
+namespace desktop {
+
+/// A box that is clear, ticked or gray.
+class CheckView final : public QCheckBox {
+ public:
+  /// The model outlives this.
+  CheckView(CheckBox& box, QWidget* parent);
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  void Follow();
+
+  CheckBox& box_;
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

@@ -1,0 +1,18 @@
+#include "desktop/views/FrameView.h"
+
+#include "desktop/QtText.h"
+#include "desktop/views/ControlFollow.h"
+#include "platform/forms/Frame.h"
+
+namespace quorvane::desktop {
+
+FrameView::FrameView(Frame& frame, QWidget* parent) : QGroupBox(parent) {
+  const auto follow = [this, &frame] {
+    setTitle(ToQString(frame.Caption()));
+    FollowCaptioned(*this, frame);
+  };
+  changed_ = frame.Changed.Subscribe(follow);
+  follow();
+}
+
+}  // namespace quorvane::desktop

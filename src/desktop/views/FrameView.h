@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class Frame;
+
+namespace desktop {
+
+/// A captioned border around other controls.
+class FrameView final : public QGroupBox {
+ public:
+  /// The model outlives this.
+  FrameView(Frame& frame, QWidget* parent);
+
+ private:
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

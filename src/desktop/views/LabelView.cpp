@@ -1,0 +1,18 @@
+#include "desktop/views/LabelView.h"
+
+#include "desktop/QtText.h"
+#include "desktop/views/ControlFollow.h"
+#include "platform/forms/Label.h"
+
+namespace quorvane::desktop {
+
+LabelView::LabelView(Label& label, QWidget* parent) : QLabel(parent) {
+  const auto follow = [this, &label] {
+    setText(ToQString(label.Caption()));
+    FollowCaptioned(*this, label);
+  };
+  changed_ = label.Changed.Subscribe(follow);
+  follow();
+}
+
+}  // namespace quorvane::desktop

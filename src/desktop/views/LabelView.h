@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QLabel>
+
+#include "base/Event.h"
+
+namespace quorvane {
+
+class Label;
+
+namespace desktop {
+
+/// A label's text; an access key in it leads to its buddy.
+class LabelView final : public QLabel {
+ public:
+  /// The model outlives this.
+  LabelView(Label& label, QWidget* parent);
+
+ private:
+  Subscription changed_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane
