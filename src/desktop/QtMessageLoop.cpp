@@ -1,5 +1,6 @@
 #include "desktop/QtMessageLoop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -30,11 +31,16 @@ void QtMessageLoop::DoEvents() {
 }
 
 void QtMessageLoop::WaitWhile(const std::function<bool()>& waiting) {
+  // A loop of the toolkit's own, so that what it deletes later is what was given up inside, never what the callers
+  // around still use.
   QEventLoop loop;
-  while (waiting()) {
-    if (QCoreApplication::closingDown()) return;
-    loop.processEvents(QEventLoop::WaitForMoreEvents);
-  }
+  const auto look = [&] {
+    if (!waiting()) loop.quit();
+  };
+  const QAbstractEventDispatcher* turns = QAbstractEventDispatcher::instance();
+  QObject::connect(turns, &QAbstractEventDispatcher::aboutToBlock, &loop, look);
+  QObject::connect(turns, &QAbstractEventDispatcher::awake, &loop, look);
+  if (waiting() && !QCoreApplication::closingDown()) loop.exec();
 }
 
 MessageLoop::TimerId QtMessageLoop::StartTimer(std::int32_t milliseconds, std::function<void()> tick) {

@@ -99,7 +99,9 @@ void QtWindows::ShowWindow(WindowHandle window, std::int32_t command) {
   QWidget* widget = OwnWidget(window);
   if (widget == nullptr) return table_->ShowWindow(window, command);
   widget->setAttribute(Qt::WA_ShowWithoutActivating, command == kShowNoActivate);
-  widget->setVisible(command != kHide);
+  // What floats beside the pointer stays away from a window that waits for an answer: it would lie above it.
+  const bool held = command == kShowNoActivate && QApplication::activeModalWidget() != nullptr;
+  widget->setVisible(command != kHide && !held);
 }
 
 void QtWindows::ShowWindowAsync(WindowHandle window, std::int32_t command) {

@@ -195,6 +195,7 @@ TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {
 TEST_F(HotkeyWindowsTest, KeysNeedNoMenu) {
   QtPlatform::Setup setup;
   setup.configFolder = folder / "config";
+  setup.programFolder = folder / "program";
   desktop = std::make_unique<Desktop>(setup);
   desktop->Host().TheCommandBars()->Remove(u"Add-Ins");
   desktop->Start();
