@@ -53,8 +53,8 @@ void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
   if (warnings.empty()) return;
   QStringList lines;
   for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
-  QMessageBox box(QMessageBox::Warning, kTitle,
-                  texts_(Text::NotAllOpened).arg(lines.size()), QMessageBox::Ok, &window_);
+  QMessageBox box(QMessageBox::Warning, kTitle, texts_(Text::NotAllOpened).arg(lines.size()), QMessageBox::Ok,
+                  &window_);
   box.setTextFormat(Qt::PlainText);
   if (lines.size() <= 5) {
     box.setInformativeText(lines.join(QLatin1Char('\n')));
@@ -160,8 +160,7 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   if (modified.empty()) return true;
   QStringList names;
   for (const auto& component : modified) names << ToQString(component->FullName());
-  QMessageBox box(QMessageBox::Question, kTitle,
-                  texts_(Text::SaveQuestion).arg(names.size()),
+  QMessageBox box(QMessageBox::Question, kTitle, texts_(Text::SaveQuestion).arg(names.size()),
                   QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
   box.setDefaultButton(QMessageBox::Save);
   if (names.size() > 8) {
@@ -231,8 +230,7 @@ void FileCommands::CheckFile(const std::shared_ptr<Component>& component) {
   const QString path = QString::fromStdString(component->Path());
   const ComponentList twins = OfFile(component->Path());
   if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
-    const auto answer =
-        QMessageBox::question(&window_, kTitle, texts_(Text::ReloadQuestion).arg(path));
+    const auto answer = QMessageBox::question(&window_, kTitle, texts_(Text::ReloadQuestion).arg(path));
     // Whoever keeps the edits means them: the next save is over what is on disk now.
     if (answer != QMessageBox::Yes) {
       for (const auto& twin : twins) twin->SetStamp(*stamp);

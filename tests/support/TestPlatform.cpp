@@ -52,10 +52,16 @@ TestPlatform::~TestPlatform() {
   InstallPlatform(nullptr);
 }
 
-std::unique_ptr<RegExp> TestPlatform::NewRegExp() { return std::make_unique<native::PcreRegExp>(); }
+std::unique_ptr<RegExp> TestPlatform::NewRegExp() {
+  return std::make_unique<native::PcreRegExp>();
+}
 
-std::shared_ptr<XmlDocument> TestPlatform::NewXmlDocument() { return std::make_shared<native::LibXmlDocument>(); }
+std::shared_ptr<XmlDocument> TestPlatform::NewXmlDocument() {
+  return std::make_shared<native::LibXmlDocument>();
+}
 
-NativeWindows& TestPlatform::Windows() { return Deref(windows); }
+NativeWindows& TestPlatform::Windows() {
+  return Deref(windows);
+}
 
 }  // namespace quorvane::test

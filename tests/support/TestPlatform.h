@@ -41,8 +41,8 @@ class ScriptedPrompts final : public Prompts {
   std::vector<FileDialogSetup> FileDialogs;
 };
 
-/// The platform of the tests: real engines, scripted everything else. Installed for as long as it lives, with the shared
-/// objects that the logic reaches directly.
+/// The platform of the tests: real engines, scripted everything else. Installed for as long as it lives, with the
+/// shared objects that the logic reaches directly.
 class TestPlatform final : public Platform {
  public:
   /// English texts; the code page by name.
