@@ -86,9 +86,11 @@ void FormWindow::TakePlace() {
   if (pos() != place) move(place);
 }
 
-/// A form that was never filled has nothing to show, whoever asks.
+/// A form that floats and was never filled has nothing to show, and any other would lie above a window that waits for
+/// an answer, whoever asks.
 void FormWindow::setVisible(bool visible) {
-  QWidget::setVisible(visible && !(floats_ && dialog_->Width() == 0));
+  const bool held = floats_ && (dialog_->Width() == 0 || QApplication::activeModalWidget() != nullptr);
+  QWidget::setVisible(visible && !held);
 }
 
 void FormWindow::Show() {

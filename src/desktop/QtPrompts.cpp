@@ -95,7 +95,7 @@ int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16strin
   for (const Choice& choice : choices) {
     if (choice.first == pressed) return choice.second;
   }
-  return kCancel.second;
+  return choices.back().second;  // closed by force: the last button is the one that does the least
 }
 
 std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& setup) {

@@ -243,7 +243,8 @@ void Page::ClearList() {
 void Page::RefreshResult() {
   const auto self = shared_from_this();
   const std::shared_ptr<TaskManager> task = mobjTask;
-  Deref(task).Run(kTaskRepeatSearch);
+  if (Deref(task).Running()) return;  // a hotkey comes through then too, and a run within a run doubles matches
+  task->Run(kTaskRepeatSearch);
 }
 
 void Page::mobjFilter_OnAdd(const std::u16string& line, std::int32_t id) {

@@ -57,7 +57,8 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   void Reset() override;
   void ClearList() override;
   bool CanRefresh() const override { return mblnCanRefresh; }
-  /// Repeats the search of this page; returns when it is over. Errors of the task reach the caller.
+  /// Repeats the search of this page; returns when it is over, or at once while a task of the page runs. Errors of the
+  /// task reach the caller.
   void RefreshResult() override;
   void Setup(const std::shared_ptr<Tab>& theTab) override;
   void TearDown() override;

@@ -121,6 +121,7 @@ void ResultDialog::Setup() {
 }
 
 void ResultDialog::TearDown() {
+  TimerRunTask.SetEnabled(false);
   onTabChange_.Reset();
   onTaskBegin_.Reset();
   onTaskDone_.Reset();

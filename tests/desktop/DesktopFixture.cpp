@@ -22,6 +22,8 @@ DesktopTest::DesktopTest() {
   qputenv("QUORVANE_PROJECT_HOST", "127.0.0.1:1");  // nobody answers there
   std::filesystem::copy(QUORVANE_SOURCE_DIR "/samples", folder.Path() / "samples",
                         std::filesystem::copy_options::recursive);
+  setup.configFolder = folder / "config";
+  setup.programFolder = folder / "program";
   QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { WatchBoxes(); });
   poll_.start(5);
 }
@@ -32,10 +34,7 @@ DesktopTest::~DesktopTest() {
 }
 
 void DesktopTest::Start(const std::string& codePage) {
-  QtPlatform::Setup setup;
   setup.codePage = codePage;
-  setup.configFolder = folder / "config";
-  setup.programFolder = folder / "program";
   desktop = std::make_unique<Desktop>(setup);
   desktop->Start();
 }

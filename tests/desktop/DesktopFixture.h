@@ -50,6 +50,7 @@ class DesktopTest : public QtTest {
   void LeaveBoxes() { poll_.stop(); }
 
   test::TempFolder folder;
+  QtPlatform::Setup setup;  ///< what Start starts with
   std::unique_ptr<Desktop> desktop;
 
  private:

@@ -52,6 +52,14 @@ using namespace std::chrono_literals;
 constexpr char kShop[] = "samples/Shop/Shop.vbg";
 constexpr char kMain[] = "samples/Shop/App/modMain.bas";
 
+class ShopTest : public DesktopTest {
+ protected:
+  ShopTest() {
+    Start();
+    Open(kShop);
+  }
+};
+
 /// What a person reads in the tree, a line an item.
 void Collect(const QTreeWidgetItem& item, const std::string& indent, std::string& out) {
   out += indent + item.text(0).toStdString() + "\n";
@@ -73,9 +81,7 @@ TEST_F(DesktopTest, TreeShowsTheGroupByKind) {
   EXPECT_TRUE(ItemNamed(QStringLiteral("Shop"))->font(0).bold());
 }
 
-TEST_F(DesktopTest, EnterInTheTreeOpensTheCode) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, EnterInTheTreeOpensTheCode) {
   QTreeWidget& tree = Window().Tree().Tree();
   tree.setCurrentItem(ItemNamed(QStringLiteral("COrder")));
   QTest::keyClick(&tree, Qt::Key_Return);
@@ -90,9 +96,7 @@ TEST_F(DesktopTest, EnterInTheTreeOpensTheCode) {
   EXPECT_EQ(Window().Code().CodeWindows().size(), 1U);
 }
 
-TEST_F(DesktopTest, FilterLeavesWhatMatches) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, FilterLeavesWhatMatches) {
   auto* filter = Window().Tree().findChild<QLineEdit*>();
   QTest::keyClicks(filter, QStringLiteral("money"));
   EXPECT_FALSE(ItemNamed(QStringLiteral("modMoney"))->isHidden());
@@ -100,9 +104,7 @@ TEST_F(DesktopTest, FilterLeavesWhatMatches) {
   EXPECT_FALSE(ItemNamed(QStringLiteral("Shop"))->isHidden());
 }
 
-TEST_F(DesktopTest, EditUndoSaveRoundTrip) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, EditUndoSaveRoundTrip) {
   const std::string before = folder.Read(kMain);
   CodeEdit& editor = EditorOf(u"modMain");
   editor.GoToLine(3);
@@ -132,9 +134,7 @@ TEST_F(DesktopTest, EditUndoSaveRoundTrip) {
   EXPECT_EQ(after.substr(0, typed) + after.substr(typed + 5), before);
 }
 
-TEST_F(DesktopTest, EditsOfTheAddInAndOfTheUserUndoAlike) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, EditsOfTheAddInAndOfTheUserUndoAlike) {
   CodeEdit& editor = EditorOf(u"modMain");
   workbench::Module& module = ModuleNamed(u"modMain");
   const std::u16string text = module.Text();
@@ -199,9 +199,7 @@ TEST_F(DesktopTest, LocatedMatchComesIntoView) {
   EXPECT_TRUE(visible());
 }
 
-TEST_F(DesktopTest, WindowsFollowThePanesAndBack) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, WindowsFollowThePanesAndBack) {
   CodeArea& area = Window().Code();
   EditorOf(u"modMain");
   EditorOf(u"COrder");
@@ -260,9 +258,7 @@ TEST_F(DesktopTest, TypingKeysOfAnEditor) {
   EXPECT_EQ(text(), "x|y|z");
 }
 
-TEST_F(DesktopTest, AsksBeforeEditsAreLost) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, AsksBeforeEditsAreLost) {
   const std::string before = folder.Read(kMain);
   QTest::keyClicks(&EditorOf(u"modMain"), QStringLiteral("x"));
   QString question;
@@ -283,9 +279,7 @@ TEST_F(DesktopTest, AsksBeforeEditsAreLost) {
   EXPECT_NE(folder.Read(kMain), before);
 }
 
-TEST_F(DesktopTest, WhatCannotBeOpenedLeavesWhatIsOpen) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, WhatCannotBeOpenedLeavesWhatIsOpen) {
   QString told;
   AnswerNext(QMessageBox::Ok, &told);
   Open("missing.vbg");
@@ -300,9 +294,7 @@ TEST_F(DesktopTest, WhatCannotBeOpenedLeavesWhatIsOpen) {
   EXPECT_EQ(desktop->Host().Projects().size(), 1U);
 }
 
-TEST_F(DesktopTest, SaveThatFailsIsToldAndLosesNothing) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, SaveThatFailsIsToldAndLosesNothing) {
   EditorOf(u"modMain").insertPlainText(QStringLiteral("\u65E5"));  // not in code page 1252
   QString told;
   AnswerNext(QMessageBox::Ok, &told);
@@ -312,9 +304,7 @@ TEST_F(DesktopTest, SaveThatFailsIsToldAndLosesNothing) {
   ModuleNamed(u"modMain").Undo();
 }
 
-TEST_F(DesktopTest, SavesOneFileOrAll) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, SavesOneFileOrAll) {
   const std::string order = "samples/Shop/App/Classes/COrder.cls";
   const std::string before = folder.Read(order);
   QTest::keyClicks(&EditorOf(u"COrder"), QStringLiteral("'"));
@@ -328,9 +318,7 @@ TEST_F(DesktopTest, SavesOneFileOrAll) {
   EXPECT_EQ(Window().Files().ModifiedCount(), 0);
 }
 
-TEST_F(DesktopTest, ReloadsWhatChangedOnDisk) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, ReloadsWhatChangedOnDisk) {
   CodeEdit& editor = EditorOf(u"modMain");
   const std::string before = folder.Read(kMain);
   const auto change = [&](const std::string& line) {
@@ -381,9 +369,7 @@ TEST_F(DesktopTest, DroppedFilesAreOpened) {
   EXPECT_EQ(desktop->Host().Projects().size(), 3U);
 }
 
-TEST_F(DesktopTest, RecentFilesAndLayoutLastBetweenRuns) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, RecentFilesAndLayoutLastBetweenRuns) {
   Open("samples/Shop/Ledger/Ledger.vbp");
   Window().resize(900, 650);
   Window().Code().SetTabs(false);
@@ -463,21 +449,13 @@ TEST_F(DesktopTest, AddInsMenuFollowsTheAddInAndItsLanguage) {
 }
 
 TEST_F(DesktopTest, EveryMenuEntryHasWordsInBothLanguages) {
-  const auto all = [](const Texts& texts) {
-    std::vector<std::string> words;
-    for (int i = 0; i < static_cast<int>(Text::Count); ++i) words.push_back(texts(static_cast<Text>(i)).toStdString());
-    return words;
-  };
-  const auto chinese = all(Texts{0});
-  const auto english = all(Texts{1});
-  for (std::size_t i = 0; i < chinese.size(); ++i) {
-    EXPECT_NE(chinese[i], english[i]);
-    for (const char* placeholder : {"%1", "%2"}) {
-      EXPECT_EQ(chinese[i].find(placeholder) == std::string::npos, english[i].find(placeholder) == std::string::npos)
-          << english[i];
-    }
-    const bool marked = english[i].find('&') != std::string::npos;
-    EXPECT_EQ(marked, chinese[i].find("(&") != std::string::npos) << english[i];
+  for (int i = 0; i < static_cast<int>(Text::Count); ++i) {
+    const std::string chinese = Texts{0}(static_cast<Text>(i)).toStdString();
+    const std::string english = Texts{1}(static_cast<Text>(i)).toStdString();
+    EXPECT_NE(chinese, english);
+    const auto has = [](const std::string& text, const char* part) { return text.find(part) != std::string::npos; };
+    for (const char* placeholder : {"%1", "%2"}) EXPECT_EQ(has(chinese, placeholder), has(english, placeholder));
+    EXPECT_EQ(has(chinese, "(&"), has(english, "&")) << english;
   }
 }
 
@@ -489,9 +467,7 @@ TEST_F(DesktopTest, ButtonsOfBoxesFollowTheLanguage) {
   EXPECT_TRUE(save().contains(QStringLiteral("Save"))) << save().toStdString();
 }
 
-TEST_F(DesktopTest, WindowsAreFoundByHandle) {
-  Start();
-  Open(kShop);
+TEST_F(ShopTest, WindowsAreFoundByHandle) {
   CodeEdit& editor = EditorOf(u"modMain");
   QtWindows& windows = desktop->Windows();
   const WindowHandle main = windows.FindWindow(u"wndclass_desked_gsk", u"Shop.vbg - Quorvane");

@@ -32,13 +32,8 @@ class FaultBoxTest : public DesktopTest {
     while (!screen_.canReadLine() && screen_.waitForReadyRead(10'000)) {
     }
     display = ":" + screen_.readLine().trimmed();
-    QtPlatform::Setup setup;
-    setup.codePage = "1252";
-    setup.configFolder = folder / "config";
-    setup.programFolder = folder / "program";
     setup.faultQuestion = std::filesystem::path(QUORVANE_PROGRAM).replace_filename("quorvane-desktop").string();
-    desktop = std::make_unique<Desktop>(setup);
-    desktop->Start();
+    Start();
     Globals::Language().Language = 1;
   }
   ~FaultBoxTest() override {

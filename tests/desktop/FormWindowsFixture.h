@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QStringList>
-#include <QWidget>
 #include <functional>
 #include <string_view>
 
@@ -60,14 +59,6 @@ class FormWindowsTest : public SearchWindowsTest {
   void Click(const quorvane::Dialog& form, const Control& control);
   /// Types a text in the place of what a box holds.
   static void Type(QWidget& box, const QString& text);
-  /// The first of that class below a widget, which must be there.
-  template <class Widget>
-  static Widget& Below(const QWidget& above) {
-    for (QWidget* widget : above.findChildren<QWidget*>()) {
-      if (auto* found = dynamic_cast<Widget*>(widget)) return *found;
-    }
-    throw std::runtime_error("no such widget");
-  }
 
   AddressCatcher system;
 

@@ -7,23 +7,18 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "FormWindowsFixture.h"
 #include "chordtrap/Manager.h"
 #include "desktop/CodeArea.h"
-#include "desktop/CodeEdit.h"
 #include "desktop/MainWindow.h"
 #include "desktop/ProjectTree.h"
 #include "desktop/QtText.h"
 #include "desktop/views/KeyEditorView.h"
-#include "desktop/views/ResultListView.h"
 #include "host/Connect.h"
 #include "host/Globals.h"
 #include "host/VBIDE.h"
 #include "platform/forms/OwnerDrawList.h"
-#include "search/ResultCollection.h"
 #include "services/GlobalSetting.h"
 #include "services/HotkeyProxy.h"
 #include "services/LanguageManager.h"
@@ -117,47 +112,34 @@ TEST_F(HotkeyWindowsTest, TheEditorGivesTakesAndRevertsKeys) {
   check();
 }
 
-TEST_F(HotkeyWindowsTest, FiveCommandsFromEverywhere) {
+TEST_F(HotkeyWindowsTest, FiveCommandsWhileAnotherBoxIsTypedIn) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 2;
   Give(4, {'L', chordtrap::kCtrl | chordtrap::kAlt});
   Give(5, {116, 0});
   Search(QStringLiteral("nextorderno"));
-  EditorOf(u"modMain");
   const auto list = CurrentPage()->mlstResultList;
   const int found = list->ListCount();
-  const auto editor = [this]() -> QWidget& { return EditorOf(u"modMain"); };
-  const auto rows = [this]() -> QWidget& { return List(); };
-  const auto dialog = [this]() -> QWidget& { return WidgetOf(*Dialog().cmbSearch); };
-  const auto filter = [this]() -> QWidget& { return Below<QLineEdit>(Window().Tree()); };
-  const std::vector<std::pair<const char*, std::function<QWidget&()>>> places = {
-      {"code window", editor}, {"result list", rows}, {"search dialog", dialog}, {"filter of the tree", filter}};
-  for (const auto& [name, place] : places) {
-    SCOPED_TRACE(name);
-    const auto press = [&, &at = place](Qt::Key key, Qt::KeyboardModifiers modifiers) {
-      QWidget& widget = at();
-      QApplication::setActiveWindow(widget.window());
-      widget.setFocus();
-      QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    };
-    list->SetListIndex(0);
-    press(Qt::Key_Period, Qt::ControlModifier);
-    EXPECT_EQ(list->ListIndex(), 1);
-    EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
-    press(Qt::Key_Comma, Qt::ControlModifier);
-    EXPECT_EQ(list->ListIndex(), 0);
-    list->Clear();
-    press(Qt::Key_F5, Qt::NoModifier);
-    EXPECT_EQ(list->ListCount(), found);
-    if (&place() != &List()) Globals::gobjToolWindow->SetVisible(false);
-    press(Qt::Key_L, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_TRUE(Globals::gobjToolWindow->Visible());
-    const bool inDialog = place().window() != &Window();
-    if (!inDialog) Dialog().Hide();
-    press(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_TRUE(
-        WaitUntil([&] { return QApplication::activeWindow() == &WindowOf(Dialog()); }, std::chrono::seconds(1)));
-  }
+  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QApplication::setActiveWindow(&Window());
+    Below<QLineEdit>(Window().Tree()).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  };
+  list->SetListIndex(0);
+  press(Qt::Key_Period, Qt::ControlModifier);
+  EXPECT_EQ(list->ListIndex(), 1);
+  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
+  press(Qt::Key_Comma, Qt::ControlModifier);
+  EXPECT_EQ(list->ListIndex(), 0);
+  list->Clear();
+  press(Qt::Key_F5, Qt::NoModifier);
+  EXPECT_EQ(list->ListCount(), found);
+  Globals::gobjToolWindow->SetVisible(false);
+  press(Qt::Key_L, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_TRUE(Globals::gobjToolWindow->Visible());
+  Dialog().Hide();
+  press(Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == &WindowOf(Dialog()); }, std::chrono::seconds(1)));
 }
 
 TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {
@@ -193,9 +175,6 @@ TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {
 }
 
 TEST_F(HotkeyWindowsTest, KeysNeedNoMenu) {
-  QtPlatform::Setup setup;
-  setup.configFolder = folder / "config";
-  setup.programFolder = folder / "program";
   desktop = std::make_unique<Desktop>(setup);
   desktop->Host().TheCommandBars()->Remove(u"Add-Ins");
   desktop->Start();

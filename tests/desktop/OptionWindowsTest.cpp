@@ -114,18 +114,6 @@ TEST_F(OptionWindowsTest, TheGeneralTabIsKeptByOkAlone) {
   EXPECT_EQ(Memory(), kBefore);
   Walk(u"frmOption", From::SearchDialog, [&] {
     EditGeneralTab();
-    WindowOf(Options()).close();
-  });
-  EXPECT_EQ(Memory(), kBefore);
-  Walk(u"frmOption", From::SearchDialog, [&] {
-    EditGeneralTab();
-    Type(WidgetOf(Options(), *Options().txt预览行数), QStringLiteral("7x"));
-    PickLanguage(0);
-    PressOk();
-  });
-  EXPECT_EQ(Memory(), kBefore) << "in silence";
-  Walk(u"frmOption", From::SearchDialog, [&] {
-    EditGeneralTab();
     PressOk();
   });
   EXPECT_EQ(Memory(), "7 4 1 0 0 0 1 ");

@@ -56,27 +56,21 @@ TEST_F(QtHttpRequestTest, GivesTheBodyWhateverTheStatus) {
 }
 
 TEST_F(QtHttpRequestTest, EndsInAnErrorWhenTheBodyDoesNotCome) {
-  const auto number = [](std::int32_t error) { return "error: " + std::to_string(error & 0xFFFF); };
-  {
-    HttpServer huge(Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit) + 1, 'x')));
-    QtHttpRequest request;
-    EXPECT_EQ(Outcome(request, huge.Url()), number(kHttpBodyTooLarge));
-  }
-  {
-    HttpServer stalled(kCutResponse, false);
-    QtHttpRequest request(100ms);
-    EXPECT_EQ(Outcome(request, stalled.Url()), number(kHttpTimeout));
-  }
-  {
-    HttpServer cut(kCutResponse);
-    QtHttpRequest request;
-    EXPECT_EQ(Outcome(request, cut.Url()), number(kHttpConnectionLost));
-  }
-  {
-    HttpServer closed(Response(""));
-    closed.Close();
-    QtHttpRequest request;
-    EXPECT_EQ(Outcome(request, closed.Url()), number(kHttpCannotConnect));
+  const struct {
+    QByteArray response;
+    bool hangUp, closed;
+    std::int32_t error;
+  } rows[] = {
+      {Response(QByteArray(static_cast<qsizetype>(kHttpBodyLimit) + 1, 'x')), true, false, kHttpBodyTooLarge},
+      {kCutResponse, false, false, kHttpTimeout},
+      {kCutResponse, true, false, kHttpConnectionLost},
+      {Response(""), true, true, kHttpCannotConnect},
+  };
+  for (const auto& row : rows) {
+    HttpServer server(row.response, row.hangUp);
+    if (row.closed) server.Close();
+    QtHttpRequest request(row.hangUp ? 30s : 100ms);
+    EXPECT_EQ(Outcome(request, server.Url()), "error: " + std::to_string(row.error & 0xFFFF));
   }
 }
 

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QMenu>
 #include <QTest>
-#include <stdexcept>
 
 #include "desktop/CodeArea.h"
 #include "desktop/CodeEdit.h"
@@ -23,19 +22,6 @@
 namespace quorvane::desktop {
 
 using namespace std::chrono_literals;
-
-namespace {
-
-/// The first of that class below a widget, which must be there.
-template <class Widget>
-Widget& Find(const QWidget& above) {
-  for (QWidget* widget : above.findChildren<QWidget*>()) {
-    if (auto* found = dynamic_cast<Widget*>(widget)) return *found;
-  }
-  throw std::runtime_error("no such widget");
-}
-
-}  // namespace
 
 void SearchWindowsTest::StartInEnglish() {
   Start();
@@ -69,7 +55,7 @@ std::shared_ptr<Page> SearchWindowsTest::CurrentPage() {
 }
 
 DialogView& SearchWindowsTest::DialogWidget() {
-  return Find<DialogView>(*desktop->Forms().WindowOf(Dialog()));
+  return Below<DialogView>(*desktop->Forms().WindowOf(Dialog()));
 }
 
 QWidget& SearchWindowsTest::WidgetOf(const Control& control) {
@@ -77,7 +63,7 @@ QWidget& SearchWindowsTest::WidgetOf(const Control& control) {
 }
 
 ResultView& SearchWindowsTest::Results() {
-  return Find<ResultView>(*Window().ToolDocks().at(0));
+  return Below<ResultView>(*Window().ToolDocks().at(0));
 }
 
 ResultListView& SearchWindowsTest::List() {

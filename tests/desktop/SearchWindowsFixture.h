@@ -2,6 +2,8 @@
 
 #include <QPoint>
 #include <QString>
+#include <QWidget>
+#include <stdexcept>
 #include <string>
 
 #include "DesktopFixture.h"
@@ -9,7 +11,6 @@
 #include "results/Page.h"
 #include "results/ResultDialog.h"
 
-class QWidget;
 class QMenu;
 
 namespace quorvane::desktop {
@@ -30,6 +31,14 @@ class SearchWindowsTest : public DesktopTest {
   static ResultDialog& Document();
   static std::shared_ptr<Page> CurrentPage();
   DialogView& DialogWidget();
+  /// The first of that class below a widget, which must be there.
+  template <class Widget>
+  static Widget& Below(const QWidget& above) {
+    for (QWidget* widget : above.findChildren<QWidget*>()) {
+      if (auto* found = dynamic_cast<Widget*>(widget)) return *found;
+    }
+    throw std::runtime_error("no such widget");
+  }
   /// The widget of a control of the search dialog.
   QWidget& WidgetOf(const Control& control);
   ResultView& Results();

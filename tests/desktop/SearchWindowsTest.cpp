@@ -12,7 +12,6 @@
 
 #include "SearchWindowsFixture.h"
 #include "base/Text.h"
-#include "desktop/AddInsMenu.h"
 #include "desktop/CodeArea.h"
 #include "desktop/CodeEdit.h"
 #include "desktop/CodeWindow.h"
@@ -43,10 +42,6 @@ using namespace std::chrono_literals;
 
 constexpr int kNever = 2;  // the search dialog does not hide itself
 
-QString TabText(const TabBarView& bar, int index) {
-  return bar.tabText(index);
-}
-
 TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 0;
@@ -58,9 +53,8 @@ TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(Dialog().Visible());
   ASSERT_TRUE(WaitUntil([this] { return Results().isVisible(); }, 1s));
-  const int matches = CurrentPage()->mcolResult->Count();
-  ASSERT_GE(matches, 3);
-  EXPECT_EQ(TabText(Results().Bar(), 0), QStringLiteral("Search 'nextorderno'"));
+  ASSERT_GE(CurrentPage()->mcolResult->Count(), 3);
+  EXPECT_EQ(Results().Bar().tabText(0), QStringLiteral("Search 'nextorderno'"));
 
   List().setFocus();
   QTest::keyClick(&List(), Qt::Key_Down);
@@ -69,40 +63,10 @@ TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
   QTest::keyClick(&List(), Qt::Key_Return);
   EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
   EXPECT_EQ(Window().focusWidget(), &Window().Code().Current()->Editor());
-
-  // From the code window the hotkeys go on, to the end of the list and no further.
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Period, Qt::ControlModifier);
-  EXPECT_EQ(List().Model().ListIndex(), 2);
-  for (int i = 0; i < matches; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Period, Qt::ControlModifier);
-  EXPECT_EQ(List().Model().ListIndex(), matches - 1);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Comma, Qt::ControlModifier);
-  EXPECT_EQ(List().Model().ListIndex(), matches - 2);
-
   List().setFocus();
   QTest::keyClick(&List(), Qt::Key_Escape);
   EXPECT_FALSE(Results().isVisible());
   EXPECT_FALSE(Globals::gobjToolWindow->Visible());
-}
-
-TEST_F(SearchWindowsTest, MouseAloneLeadsToTheMatch) {
-  StartWithGroup();
-  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
-  AddInsMenu& menu = *Window().findChild<AddInsMenu*>();
-  menu.popup({0, 0});
-  Choose(QStringLiteral("Quorvane"));
-  ASSERT_TRUE(WaitUntil([] { return Dialog().Visible(); }, 1s));
-  Dialog().cmbSearch->Edit(u"nextorderno", 0, 0);
-  QTest::mouseClick(&WidgetOf(*Dialog().optAreaButtons[2]), Qt::LeftButton, {}, QPoint(10, 10));
-  QTest::mouseClick(&WidgetOf(*Dialog().cmdSearch), Qt::LeftButton);
-  ASSERT_TRUE(WaitUntil([this] { return Results().isVisible(); }, 1s));
-  ClickRow(2, true);
-  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
-  EXPECT_EQ(List().Model().ListIndex(), 2);
-  // The dialog stays above, and the surface beside its controls has a menu.
-  EXPECT_TRUE(DialogWidget().window()->isVisible());
-  QTest::mouseClick(&DialogWidget(), Qt::RightButton, {}, QPoint(3, 3));
-  Choose(QStringLiteral("To new tab"));
-  EXPECT_EQ(Globals::gobjSetting->menumSearchTo, 0);
 }
 
 TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {
@@ -272,6 +236,9 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   auto& combo = dynamic_cast<QComboBox&>(WidgetOf(*Dialog().cmbSearch));
   ASSERT_EQ(combo.count(), 2);
   EXPECT_EQ(combo.itemText(0), QStringLiteral("order"));
+  TypeSearch(QStringLiteral("other"));
+  QTest::keyClick(&combo, Qt::Key_Down);
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"order");
   QTest::keyClick(&combo, Qt::Key_Down);
   EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"total");
 
@@ -287,21 +254,6 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   QTest::keyClick(&combo, Qt::Key_Escape);
   EXPECT_FALSE(DialogWidget().window()->isVisible());
   EXPECT_TRUE(Dialog().Loaded());
-}
-
-TEST_F(SearchWindowsTest, SelectionOfTheCodeComesToTheDialog) {
-  StartWithGroup();
-  ShowDialog();
-  DialogWidget().window()->close();
-  EXPECT_FALSE(Dialog().Visible());
-  EditorOf(u"modMain");
-  ModuleNamed(u"modMain").CodePane()->SetSelection({3, 1, 3, 7});
-  const QString selected = SelectedCode();
-  ASSERT_EQ(selected.size(), 6);
-  ShowDialog();
-  const auto& box = dynamic_cast<QComboBox&>(WidgetOf(*Dialog().cmbSearch));
-  EXPECT_EQ(box.currentText(), selected);
-  EXPECT_EQ(Dialog().cmbSearch->SelLength(), 6);
 }
 
 TEST_F(SearchWindowsTest, ListOfManyRowsScrollsAndFindsRowsByPlace) {

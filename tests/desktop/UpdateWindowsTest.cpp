@@ -5,8 +5,6 @@
 #include <QProgressBar>
 #include <QTest>
 #include <QTimer>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "FormWindowsFixture.h"
@@ -90,16 +88,10 @@ TEST_F(UpdateWindowsTest, TheProgressWindowIsClosedInSilence) {
   });
 }
 
-class AboutWindowTest : public FormWindowsTest {
- protected:
-  void Write(const std::string& name, const std::string& text) {
-    std::filesystem::create_directories(folder / "program");
-    std::ofstream(folder / "program/" + name, std::ios::binary) << text;
-  }
-};
+using AboutWindowTest = FormWindowsTest;
 
 TEST_F(AboutWindowTest, TextsLinksAndKeys) {
-  Write("ReadMe.txt", "Read\r\nme \xE9\r\n");
+  folder.Write("program/ReadMe.txt", "Read\r\nme \xE9\r\n");
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 2;
   Search(QStringLiteral("nextorderno"));
@@ -118,7 +110,7 @@ TEST_F(AboutWindowTest, TextsLinksAndKeys) {
               QStringLiteral("http://127.0.0.1:1/p/vbquorvane/ mailto:quorvane@127.0.0.1"));
     QTest::keyClick(&WidgetOf(about, *about.txt说明), Qt::Key_Escape);
   });
-  Write("License.txt", "may");
+  folder.Write("program/License.txt", "may");
   Walk(u"frmAbout", From::SearchDialog, [&] {
     EXPECT_EQ(text(*The<frmAbout>().txt许可), QStringLiteral("may"));
     QTest::keyClick(&WidgetOf(The<frmAbout>(), *The<frmAbout>().txt许可), Qt::Key_Return);

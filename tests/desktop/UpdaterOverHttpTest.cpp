@@ -55,13 +55,8 @@ class UpdaterOverHttpTest : public DesktopTest {
     ForgetEvents();
     desktop.reset();
     qputenv("QUORVANE_PROJECT_HOST", ToQString(server.Host()).toLatin1());
-    QtPlatform::Setup setup;
-    setup.codePage = "1252";
-    setup.configFolder = folder / "config";
-    setup.programFolder = folder / "program";
     setup.httpLimit = limit;
-    desktop = std::make_unique<Desktop>(setup);
-    desktop->Start();
+    Start();
     Globals::Language().Language = 1;
     TheForms().Register(u"frmProcessing", [] { return std::make_shared<Progress>(); });
     done_ = Globals::gobjUpdater->TaskDone.Subscribe([this] { events += "done "; });

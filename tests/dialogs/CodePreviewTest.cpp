@@ -9,7 +9,6 @@
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"
-#include "results/Page.h"
 #include "support/ErrorOf.h"
 
 namespace quorvane {
@@ -56,7 +55,6 @@ class CodePreviewTest : public test::DialogFixture {
   }
 
   frmCodePreview& Preview() { return dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview")); }
-  std::shared_ptr<Page> ActivePage() { return std::dynamic_pointer_cast<Page>(Globals::gobjPageManager->ActivePage()); }
   void SearchAgain() { ActivePage()->mobjTask->Run(kTaskSearch); }
   void Update(std::int32_t match = 1) {
     Preview().Update(ActivePage()->mcolResult->Item(match), *ActivePage()->mobjCondSnap);
@@ -175,6 +173,7 @@ TEST_F(CodePreviewTest, ShowsItselfAboveAndRightOfTheMouseWithoutTheFocus) {
 TEST_F(CodePreviewTest, WhenItMayBeOnTheScreen) {
   Preview().SetMode(1);
   EXPECT_TRUE(Preview().CanShow());
+  const auto mouse = [this](std::int32_t x, std::int32_t y) { return [this, x, y] { windows.Mouse = {x, y}; }; };
   const struct {
     const char* what;
     std::function<void()> change;
@@ -182,22 +181,10 @@ TEST_F(CodePreviewTest, WhenItMayBeOnTheScreen) {
   } rows[] = {
       {"the list is in front", [&] { windows.Foreground = kList; }, true},
       {"the preview is in front", [&] { windows.Foreground = kPreview; }, true},
-      {"the mouse is on the preview",
-       [&] {
-         windows.Mouse = {350, 50};
-       },
-       true},
+      {"the mouse is on the preview", mouse(350, 50), true},
       {"the same while it is hidden", [&] { Preview().Hide(); }, false},
-      {"the mouse is on the edge of the list",
-       [&] {
-         windows.Mouse = {100, 150};
-       },
-       false},
-      {"back",
-       [&] {
-         windows.Mouse = {101, 199};
-       },
-       true},
+      {"the mouse is on the edge of the list", mouse(100, 150), false},
+      {"back", mouse(101, 199), true},
       {"another program is in front", [&] { windows.Foreground = kOther; }, false},
       {"no window is in front", [&] { windows.Foreground = 0; }, false},
       {"back", [&] { windows.Foreground = kDocument; }, true},
@@ -255,24 +242,6 @@ TEST_F(CodePreviewTest, TheTimerFollowsTheMouseAndGivesUpWithoutAPage) {
   EXPECT_EQ(platform.loop.RunningTimers(), running + 1);
   Preview().SetMode(0);
   EXPECT_EQ(platform.loop.RunningTimers(), running);
-  EXPECT_FALSE(Preview().Visible());
-}
-
-TEST_F(CodePreviewTest, TheMouseOverTheResultList) {
-  document->mnuCodePreview.Press();
-  EXPECT_EQ(Preview().Mode(), 1);
-  const auto hover = [&](std::int32_t row) {
-    windows.Answer = row;
-    ActivePage()->mlstResultList->MouseMove.Raise(0, 0, 5.0F, 5.0F);
-  };
-  hover(1);
-  EXPECT_EQ(Shown(*Preview().rtPreview), "one\r\nA foo1 {red:Foo}2 b\r\nthree");
-  EXPECT_EQ(Preview().Left(), 190);
-  document->mnuReplacePreview.Press();
-  Setting().mstrReplaceStr = u"bar";
-  hover(0);
-  EXPECT_EQ(Shown(*Preview().rtPreview), "one\r\nA {red-:foo}{blue:bar}1 Foo2 b\r\nthree");
-  document->mnuCodePreview.Press();
   EXPECT_FALSE(Preview().Visible());
 }
 

@@ -6,10 +6,23 @@
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"
-#include "results/Page.h"
 #include "services/Updater.h"
 
 namespace quorvane::test {
+
+std::string Captions(Dialog& form) {
+  std::u16string all = form.Caption();
+  for (const auto& control : form.Controls().All()) {
+    if (const auto* captioned = dynamic_cast<const CaptionedControl*>(control.get())) {
+      all += u"|" + captioned->Caption() + captioned->ToolTipText();
+    } else if (const auto* label = dynamic_cast<const Label*>(control.get())) {
+      all += u"|" + label->Caption();
+    } else if (const auto* menu = dynamic_cast<const Menu*>(control.get())) {
+      all += u"|" + menu->Caption();
+    }
+  }
+  return ToUtf8(all);
+}
 
 DialogWorld::DialogWorld() {
   OpenGroup(Group{});
@@ -62,6 +75,10 @@ std::string DialogWorld::Rows() const {
     rows += "\n" + ToUtf8(std::u16string_view(row).substr(row.find(u']') + 1));
   }
   return rows;
+}
+
+std::shared_ptr<Page> DialogWorld::ActivePage() {
+  return std::dynamic_pointer_cast<Page>(Globals::gobjPageManager->ActivePage());
 }
 
 std::string DialogWorld::Condition() {

@@ -6,6 +6,7 @@
 #include "base/Event.h"
 #include "dialogs/frmSearchDialog.h"
 #include "platform/forms/DataObject.h"
+#include "results/Page.h"
 #include "results/PageManager.h"
 #include "results/ResultDialog.h"
 #include "support/FakeWindows.h"
@@ -25,6 +26,9 @@ class PlainWindow final : public vbide::Window {
 
   bool visible = false;
 };
+
+/// The form's caption and those of its controls in their order, "|" between them.
+std::string Captions(Dialog& form);
 
 /// What a drag of text brings, or of something else when it is no text.
 class Dragged final : public DataObject {
@@ -55,6 +59,7 @@ class DialogWorld : public SearchWorld {
   std::string Rows() const;
   /// "search|replace|area|mode|case|word|single line|comment" of the settings.
   std::string Condition();
+  std::shared_ptr<Page> ActivePage();
   /// Enabled commands and captions: "search replace; cancel hidden; module".
   std::string Commands();
 

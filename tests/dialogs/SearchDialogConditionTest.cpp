@@ -59,28 +59,15 @@ TEST_F(SearchDialogTest, ControlsStandInTabOrderUnderTheirNames) {
 }
 
 TEST_F(SearchDialogTest, CaptionsFollowTheLanguageAndAccessKeysDiffer) {
-  const auto captions = [&] {
-    std::string text = ToUtf8(Dialog().Caption());
-    for (const auto& control : Dialog().Controls().All()) {
-      if (const auto* captioned = dynamic_cast<const CaptionedControl*>(control.get())) {
-        text += "\n" + ToUtf8(captioned->Caption() + captioned->ToolTipText());
-      } else if (const auto* label = dynamic_cast<const Label*>(control.get())) {
-        text += "\n" + ToUtf8(label->Caption());
-      } else if (const auto* menu = dynamic_cast<const Menu*>(control.get())) {
-        text += "\n" + ToUtf8(menu->Caption());
-      }
-    }
-    return text;
-  };
   Shown();
-  EXPECT_EQ(captions(),
-            "Quorvane\n&Find\nRep&lace\nArea\nProcedu&re\n&Module\n&Project\n&Group\nSelecti&on\nMethod\nCommo&n\n"
-            "Pa&ttern\nRege&xp\nOption\nMatch cas&e\n&Whole word\n&Ignore CommentOnly search in comment when gray\n\n"
-            "&Search\nReplace &All\n&Cancel\n\nShow result &list\n\nTo n&ew tab\nTo c&urrent tab\n\n&Options ...\n\n"
+  EXPECT_EQ(test::Captions(Dialog()),
+            "Quorvane|&Find|Rep&lace|Area|Procedu&re|&Module|&Project|&Group|Selecti&on|Method|Commo&n|"
+            "Pa&ttern|Rege&xp|Option|Match cas&e|&Whole word|&Ignore CommentOnly search in comment when gray||"
+            "&Search|Replace &All|&Cancel||Show result &list||To n&ew tab|To c&urrent tab||&Options ...||"
             "&About ...");
   Globals::Language().Language = 0;
   Globals::Language().UpdateAllUI();
-  EXPECT_NE(captions().find("灰色表示只搜索注释"), std::string::npos);
+  EXPECT_NE(test::Captions(Dialog()).find("灰色表示只搜索注释"), std::string::npos);
   for (const std::int32_t language : {0, 1}) {
     Globals::Language().Language = language;
     Globals::Language().UpdateAllUI();
@@ -104,10 +91,6 @@ TEST_F(SearchDialogTest, EveryControlWritesToTheSettingsAtOnce) {
       {"start", [] {}, "||1|0|0|0|0|1"},
       {"cmbSearch", [&] { Type(*d.cmbSearch, u"a\tb"); }, "a\tb||1|0|0|0|0|1"},
       {"cmbReplace", [&] { Type(*d.cmbReplace, u"c"); }, "a\tb|c|1|0|0|0|0|1"},
-      {"optArea(0)", [&] { d.optAreaButtons[0]->Press(); }, "a\tb|c|0|0|0|0|0|1"},
-      {"optArea(1)", [&] { d.optAreaButtons[1]->Press(); }, "a\tb|c|1|0|0|0|0|1"},
-      {"optArea(2)", [&] { d.optAreaButtons[2]->Press(); }, "a\tb|c|2|0|0|0|0|1"},
-      {"optArea(3)", [&] { d.optAreaButtons[3]->Press(); }, "a\tb|c|3|0|0|0|0|1"},
       {"optArea(4)", [&] { d.optAreaButtons[4]->Press(); }, "a\tb|c|4|0|0|0|0|1"},
       {"chkMatchCase", [&] { d.chkMatchCase->Press(); }, "a\tb|c|4|0|1|0|0|1"},
       {"chkWholeWord", [&] { d.chkWholeWord->Press(); }, "a\tb|c|4|0|1|1|0|1"},
@@ -154,18 +137,6 @@ TEST_F(SearchDialogTest, MemToScreenShowsEverythingAndWritesNothing) {
   d.MemToScreen();
   EXPECT_EQ(Screen(d), "find me|put this|3|0|1|0|0");
   EXPECT_EQ(d.chkWholeWord->Caption(), u"&Whole word");
-}
-
-TEST_F(SearchDialogTest, ChangingTheModeReloadsTheWholeWordBoxOnlyWithTheScreen) {
-  Setting().mblnWholeWord = true;
-  frmSearchDialog& d = Shown();
-  Type(*d.cmbSearch, u"x");
-  d.optModeButtons[gsRegular]->Press();
-  EXPECT_EQ(d.chkWholeWord->Value(), 1);
-  EXPECT_EQ(d.chkWholeWord->Caption(), u"Single line");
-  d.chkWholeWord->Press();
-  d.optModeButtons[gsCommon]->Press();
-  EXPECT_FALSE(Setting().mblnWholeWord) << "the box was clear when the mode came back";
 }
 
 TEST_F(SearchDialogTest, TheCaptionOfTheModeComesBackBehindAChangeOfLanguage) {

@@ -13,18 +13,6 @@ namespace {
 
 using test::ErrorOf;
 
-/// A modal form that a menu entry shows: it closes at once and tells its owner.
-class Shown final : public Form {
- public:
-  Shown(const std::u16string& name, std::string& log) : Form(name), log_(log) {}
-
- protected:
-  void Form_Load() override { log_ += ToUtf8(Name()) + " loaded "; }
-
- private:
-  std::string& log_;
-};
-
 class SearchDialogFormTest : public test::DialogFixture {
  protected:
   static std::u16string FocusOf(const frmSearchDialog& d) {
@@ -164,24 +152,6 @@ TEST_F(SearchDialogFormTest, TheShortcutMenuOpensOnTheRightButton) {
   EXPECT_EQ(checks, "current new new ");
   d.mnu显示结果列表.Press();
   EXPECT_TRUE(toolWindow->Visible());
-}
-
-TEST_F(SearchDialogFormTest, OptionsAndAboutAreModalAndOwned) {
-  std::string log;
-  for (const char16_t* name : {u"frmOption", u"frmAbout"}) {
-    TheForms().Register(name, [name, &log] { return std::make_shared<Shown>(name, log); });
-  }
-  frmSearchDialog& d = Dialog();
-  d.ShowEx();
-  for (Menu* entry : {&d.mnu选项, &d.mnu关于}) {
-    platform.loop.Steps = {[&] {
-      const auto form = TheForms().Item(1);
-      log += form->ShownModal() && form->Owner().get() == &d ? "owned " : "stray ";
-      form->Unload();
-    }};
-    entry->Press();
-  }
-  EXPECT_EQ(log, "frmOption loaded owned frmAbout loaded owned ");
 }
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
-#include "results/Page.h"
 #include "search/TaskManager.h"
 #include "services/ErrorManager.h"
 
@@ -38,7 +37,6 @@ class SearchDialogTaskTest : public test::DialogFixture {
     return d;
   }
   void Regular() { Dialog().optModeButtons[gsRegular]->Press(); }
-  std::shared_ptr<Page> ActivePage() { return std::dynamic_pointer_cast<Page>(Globals::gobjPageManager->ActivePage()); }
   static std::int32_t Pages() { return Globals::gobjPageManager->mcolPages->Count(); }
   std::u16string CodeOf(const std::u16string& module) {
     const auto code = Module(module).CodePane()->CodeModule();

@@ -48,21 +48,12 @@ TEST_F(UtilitiesTest, PassesItsCallsOnToTheWindowSystem) {
   EXPECT_EQ(ErrorOf([&] { U().GetListIndex(7, 1e300, 0); }), 6);
 }
 
-TEST_F(UtilitiesTest, ReadsTheWindowTable) {
+TEST_F(UtilitiesTest, ParentsOfAWindow) {
   windows_.Windows = {{1, {u"Main", u"Title", 0, {}}},
                       {2, {u"List", u"", 1, {10, 20, 30, 40}}},
                       {3, {u"List", u"", 2, {}}},
                       {4, {u"Main", u"Other", 0, {}}}};
-  windows_.Mouse = {5, -6};
-  windows_.Foreground = 4;
-  EXPECT_EQ(U().FindWindow(u"Main", u"Other"), 4);
-  EXPECT_EQ(U().FindWindowEx(1, u"List", u""), 2);
-  EXPECT_EQ(U().FindWindowEx(4, u"List", u""), 0);
   EXPECT_EQ(U().GetTopWindow(1), 2);
-  EXPECT_EQ(U().GetParent(3), 2);
-  EXPECT_EQ(U().GetForegroundWindow(), 4);
-  EXPECT_EQ(U().MouseX(), 5);
-  EXPECT_EQ(U().MouseY(), -6);
   EXPECT_TRUE(U().IsParentWindow(1, 3));
   EXPECT_TRUE(U().IsParentWindow(3, 3));
   EXPECT_FALSE(U().IsParentWindow(3, 1));

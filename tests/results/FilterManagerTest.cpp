@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "ResultWindowFixture.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "platform/XmlDocument.h"
@@ -11,13 +12,6 @@
 namespace quorvane::test {
 
 namespace {
-
-/// A stylesheet with this body for MatchItem.
-std::u16string Stylesheet(std::u16string_view body) {
-  return u"<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
-         u"<xsl:output omit-xml-declaration='yes'/><xsl:template match='MatchItem'>" +
-         std::u16string(body) + u"</xsl:template></xsl:stylesheet>";
-}
 
 /// Shows the matches of odd lines alone.
 const std::u16string kOddLines =

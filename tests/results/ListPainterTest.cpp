@@ -13,6 +13,10 @@ class ListPainterTest : public testing::Test, public ResultWorld {
   ListPainterTest() : ResultWorld(Group{}.Project(u"P").Module(u"M", CrLf(u"ab = ab\nL ab c L"))) {}
 
   void UseStylesheet(std::u16string_view body) { Setting().SetXSL(Stylesheet(body)); }
+  void SearchUnder(std::u16string_view body) {
+    UseStylesheet(body);
+    EXPECT_EQ(Search(u"ab"), "");
+  }
 
   std::string Draw(std::int32_t row, bool selected = false, std::int32_t left = 0) {
     List().DrawItem.Raise(row, canvas, selected, CanvasRect{left, 20, 400, 36});
@@ -29,8 +33,7 @@ constexpr std::u16string_view kIdAndLine =
 }  // namespace
 
 TEST_F(ListPainterTest, FourPiecesOneBehindTheOther) {
-  UseStylesheet(kIdAndLine);
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(kIdAndLine);
   EXPECT_EQ(Draw(0),
             "fill 0,20-400,36 ffffff\n"
             "text 5,20 404000 on ffffff '1:'\n"
@@ -46,8 +49,7 @@ TEST_F(ListPainterTest, FourPiecesOneBehindTheOther) {
 }
 
 TEST_F(ListPainterTest, ASelectedRowIsOfOneColourAndShowsTheFocusWhileTheListHasIt) {
-  UseStylesheet(kIdAndLine);
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(kIdAndLine);
   const std::string row =
       "fill 0,20-400,36 d77800\n"
       "text 5,20 ffffff on d77800 '1:'\n"
@@ -61,8 +63,7 @@ TEST_F(ListPainterTest, ASelectedRowIsOfOneColourAndShowsTheFocusWhileTheListHas
 }
 
 TEST_F(ListPainterTest, TheLastOccurrenceOfTheLineCounts) {
-  UseStylesheet(u"<xsl:value-of select='@Line'/>|<xsl:value-of select='@Line'/>|");
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(u"<xsl:value-of select='@Line'/>|<xsl:value-of select='@Line'/>|");
   EXPECT_EQ(Draw(2),
             "fill 0,20-400,36 ffffff\n"
             "text 5,20 404000 on ffffff 'L ab c L|'\n"
@@ -72,8 +73,7 @@ TEST_F(ListPainterTest, TheLastOccurrenceOfTheLineCounts) {
 }
 
 TEST_F(ListPainterTest, ARowWithoutItsLineIsPlainAndWidensNothing) {
-  UseStylesheet(u"<xsl:value-of select='@ID'/>");
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(u"<xsl:value-of select='@ID'/>");
   EXPECT_EQ(Draw(0), "fill 0,20-400,36 ffffff\ntext 5,20 0 on ffffff '1'\n");
   EXPECT_EQ(Draw(1, true), "fill 0,20-400,36 d77800\ntext 5,20 ffffff on d77800 '2'\n");
   EXPECT_EQ(List().HorizontalExtent(), 0);
@@ -95,8 +95,7 @@ TEST_F(ListPainterTest, AMatchBehindTheEndOfItsLineEndsWithTheText) {
 }
 
 TEST_F(ListPainterTest, TheRangeFollowsTheWidestRowUntilASearchStarts) {
-  UseStylesheet(kIdAndLine);
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(kIdAndLine);
   std::string told;
   const auto onRepaint =
       List().RepaintWanted.Subscribe([&] { told += std::to_string(List().HorizontalExtent()) + " "; });
@@ -113,8 +112,7 @@ TEST_F(ListPainterTest, TheRangeFollowsTheWidestRowUntilASearchStarts) {
 }
 
 TEST_F(ListPainterTest, FontsAreMadeOnceForTheFirstRow) {
-  UseStylesheet(kIdAndLine);
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(kIdAndLine);
   Draw(-1);
   EXPECT_TRUE(canvas.Fonts.empty());
   Draw(0);
@@ -148,8 +146,7 @@ TEST_F(ListPainterTest, TheFontIsThatOfTheListWhenThePageWasMade) {
 }
 
 TEST_F(ListPainterTest, ErrorsInPaintingAreQuiet) {
-  UseStylesheet(kIdAndLine);
-  EXPECT_EQ(Search(u"ab"), "");
+  SearchUnder(kIdAndLine);
   List().AddItem(u"no such match", 99);
   EXPECT_EQ(Draw(3), "fill 0,20-400,36 ffffff\n");
   EXPECT_EQ(Draw(7), "fill 0,20-400,36 ffffff\n");

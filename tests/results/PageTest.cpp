@@ -159,13 +159,6 @@ TEST_F(PageTest, AChangedStylesheetFillsTheListAnew) {
   EXPECT_EQ(Rows(), "");
 }
 
-TEST_F(PageTest, ASearchStartsWithoutAScrollRange) {
-  EXPECT_EQ(Search(u"x"), "");
-  List().SetHorizontalExtent(700);
-  EXPECT_EQ(Search(u"x"), "");
-  EXPECT_EQ(List().HorizontalExtent(), 0);
-}
-
 TEST_F(PageTest, LocatingStepsThroughTheRowsAndStopsAtTheEnds) {
   Pages().AddNewPage();
   Active().LocateNextResult();

@@ -8,7 +8,6 @@
 #include "platform/forms/Forms.h"
 #include "platform/forms/ImageList.h"
 #include "results/ResultDialog.h"
-#include "services/LanguageManager.h"
 #include "support/SearchFixture.h"
 #include "support/TempFolder.h"
 
@@ -59,20 +58,13 @@ TEST_F(ResultDialogTest, AtTheStartTheFixedTabStandsAlone) {
   EXPECT_EQ(Doc().vbalDTabControl1->Height(), 4000);
 }
 
-TEST_F(ResultDialogTest, TheMenusInBothLanguages) {
+TEST_F(ResultDialogTest, TheMenusAreFilledByTheShow) {
   Doc().Show();
   EXPECT_EQ(Menu(Doc().mnuResultOption),
             "Show search &dialog\n-\n!R&epeat search\n!Cancel search\n-\nCode &preview\n!&Relpace preview\n-\n"
             "&Options\n-\n&Clear result list\nResult &save as ...\n-\n&About ...");
   EXPECT_EQ(Menu(Doc().mnuTabOption),
             "To n&ew tab\nTo c&urrent tab\n-\n&Close tab\nClose &other tabs\nClose &All tabs");
-  Globals::Language().Language = 0;
-  Globals::Language().UpdateAllUI();
-  EXPECT_EQ(Menu(Doc().mnuResultOption),
-            "显示搜索对话框(&D)\n-\n!重新搜索(&E) \n!取消搜索\n-\n显示代码预览(&P)\n!显示替换预览(&R)\n-\n"
-            "选项(&O)... \n-\n清空搜索结果(&C)\n结果另存为(&S)...\n-\n关于(&A) ...");
-  EXPECT_EQ(Menu(Doc().mnuTabOption),
-            "搜索到新页面(&E)\n搜索到当前页(&U)\n-\n关闭当前页面(&C)\n关闭其它页面(&O)\n关闭全部页面(&A)");
 }
 
 TEST_F(ResultDialogTest, RepeatAndCancelAreEnabledByTheStateOfThePage) {
@@ -176,11 +168,9 @@ TEST_F(ResultDialogTest, ThePreviewModeFollowsTheChecks) {
   }
 }
 
-TEST_F(ResultDialogTest, TheMenuShowsTheOtherDialogs) {
+TEST_F(ResultDialogTest, TheMenuShowsTheSearchDialogAndTellsOfFailures) {
   Doc().mnuShowSearchDialog.Press();
-  Doc().mnuSetOption.Press();
-  Doc().mnuAbout.Press();
-  EXPECT_EQ(Log(), "ShowEx frmOption modal frmAbout modal");
+  EXPECT_EQ(Log(), "ShowEx");
   TheForms().Forget();
   platform.prompts.Answers = {1, 1, 1};
   Doc().mnuShowSearchDialog.Press();
@@ -287,23 +277,6 @@ TEST_F(ResultDialogTest, KeysReachThePageAndEscHidesTheWindowWithoutOne) {
   EXPECT_EQ(Selection(), "M 2,2-2,3");
   Doc().KeyDown(27, 0);
   EXPECT_FALSE(Window().Visible());
-}
-
-TEST_F(ResultDialogTest, TheMainRoadOfASearchThroughMenusAndTabs) {
-  Doc().vbalDTabControl1->PressTab(Doc().vbalDTabControl1->Item(u"AddNewTab"), 1, 0, 0, 0);
-  EXPECT_EQ(Search(u"x"), "");
-  Doc().vbalDTabControl1->PressTab(Doc().vbalDTabControl1->Item(u"AddNewTab"), 1, 0, 0, 0);
-  EXPECT_EQ(Search(u"="), "");
-  EXPECT_EQ(Tabs(), "Search1 [Search2] AddNewTab ");
-  EXPECT_EQ(Rows(), "1: P\\M\\Proc\\(Declarations)[1,3]x = x");
-  Doc().vbalDTabControl1->PressTab(Doc().vbalDTabControl1->Item(u"Search1"), 1, 0, 0, 0);
-  EXPECT_TRUE(Active().mobjPanel->Visible());
-  EXPECT_EQ(List().ListCount(), 3);
-  List().SetListIndex(1);
-  List().DblClick.Raise();
-  EXPECT_EQ(Selection(), "M 1,5-1,6");
-  Doc().vbalDTabControl1->DoubleClickTab(Doc().vbalDTabControl1->Item(u"Search1"));
-  EXPECT_EQ(Tabs(), "[Search2] AddNewTab ");
 }
 
 }  // namespace quorvane::test

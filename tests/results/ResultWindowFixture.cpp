@@ -67,21 +67,6 @@ class ResultWorld::Preview final : public Form, public ICodePreview {
   std::int32_t mode_ = 0;
 };
 
-class ResultWorld::Modal final : public Form {
- public:
-  Modal(ResultWorld& world, const std::u16string& name) : Form(name), world_(world) {}
-
- private:
-  void Form_Load() override {
-    world_.log.push_back(ToUtf8(Name()));
-    world_.platform.loop.Post([this] {
-      world_.log.push_back(ShownModal() ? "modal" : "modeless");
-      Unload();
-    });
-  }
-  ResultWorld& world_;
-};
-
 ResultWorld::ResultWorld(const Group& group) : host_(group.Build(platform.AnsiCodePage())) {
   Globals::ReleaseObjects();  // the connection makes its own
   windows_ = std::make_unique<Windows>(*this);
@@ -106,9 +91,6 @@ ResultWorld::~ResultWorld() {
 void ResultWorld::RegisterForms() {
   TheForms().Register(u"frmSearchDialog", [this] { return std::make_shared<SearchDialog>(*this); });
   TheForms().Register(u"frmCodePreview", [this] { return std::make_shared<Preview>(*this); });
-  for (const auto* name : {u"frmOption", u"frmAbout"}) {
-    TheForms().Register(name, [this, name] { return std::make_shared<Modal>(*this, name); });
-  }
 }
 
 std::string ResultWorld::Search(const std::u16string& text) {
@@ -154,10 +136,6 @@ std::string ResultWorld::Boxes() {
     text += (text.empty() ? "" : " ") + ToUtf8(box.text.substr(0, box.text.find(u"\r\n")));
   }
   return text;
-}
-
-std::string ResultWorld::ToUtf8Text(const std::u16string& text) {
-  return ToUtf8(text);
 }
 
 std::u16string Stylesheet(std::u16string_view body) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Text.h"
 #include "host/Globals.h"
 #include "host/ISearchDialog.h"
 #include "platform/forms/Form.h"
@@ -60,13 +61,11 @@ class ResultWorld {
   std::string Rows();
   /// "M 2,5-2,6": the selection of the active code pane.
   std::string Selection();
-  std::string Status() { return ToUtf8Text(Active().mobjLabel->Caption()); }
+  std::string Status() { return ToUtf8(Active().mobjLabel->Caption()); }
   /// Log entries since the last call, joined by blanks.
   std::string Log();
   /// The descriptions of the error boxes since the last call, each answered with OK beforehand.
   std::string Boxes();
-
-  static std::string ToUtf8Text(const std::u16string& text);
 
   TestPlatform platform;
   std::vector<std::string> log;
@@ -77,7 +76,6 @@ class ResultWorld {
   class Windows;
   class SearchDialog;
   class Preview;
-  class Modal;
 
   void RegisterForms();
 

@@ -10,6 +10,7 @@
 #include "services/ErrorManager.h"
 #include "services/LanguageManager.h"
 #include "services/ObjStat.h"
+#include "services/StringCollection.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -34,6 +35,11 @@ class ErrorManagerTest : public ::testing::Test {
     } catch (const Error& error) {
       return error;
     }
+  }
+
+  static std::string Fields(const Error& error) {
+    return ToUtf8(ToText(error.Number) + u" " + error.Description + u" " + error.Source + u" " + error.HelpFile + u" " +
+                  ToText(error.HelpContext));
   }
 
   TestPlatform platform;
@@ -76,11 +82,7 @@ TEST_F(ErrorManagerTest, RaiseFillsUpward) {
   EXPECT_EQ(Raised(u"%0", {u"%1", u"b"}).Description, u"b") << "upward: what came in is filled too";
   std::vector<std::u16string> many(11, u"x");
   EXPECT_EQ(Raised(u"%10", many).Description, u"x0") << "%1 goes first";
-  const Error error = Raised(u"words", {});
-  EXPECT_EQ(error.Number, 7);
-  EXPECT_EQ(error.Source, u"VBQuorvane");
-  EXPECT_EQ(error.HelpFile, u"");
-  EXPECT_EQ(error.HelpContext, 0);
+  EXPECT_EQ(Fields(Raised(u"words", {})), "7 words VBQuorvane  0");
 }
 
 TEST_F(ErrorManagerTest, RaiseAgainKeepsEveryField) {
@@ -93,11 +95,7 @@ TEST_F(ErrorManagerTest, RaiseAgainKeepsEveryField) {
     }
     FAIL() << "nothing was raised";
   } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 9);
-    EXPECT_EQ(error.Description, u"words");
-    EXPECT_EQ(error.Source, u"someone");
-    EXPECT_EQ(error.HelpFile, u"help.hlp");
-    EXPECT_EQ(error.HelpContext, 4);
+    EXPECT_EQ(Fields(error), "9 words someone help.hlp 4");
   }
 }
 
@@ -108,19 +106,17 @@ TEST_F(ErrorManagerTest, ErrBufferHoldsAgainstALaterError) {
   } catch (...) {
     buffer.Save();
   }
+  std::string raised;
   try {
     throw Error(13, u"later");
   } catch (const Error&) {
     try {
       buffer.Raise();
     } catch (const Error& error) {
-      EXPECT_EQ(error.Number, 9);
-      EXPECT_EQ(error.Description, u"first");
-      EXPECT_EQ(error.Source, u"someone");
-      EXPECT_EQ(error.HelpFile, u"help.hlp");
-      EXPECT_EQ(error.HelpContext, 4);
+      raised = Fields(error);
     }
   }
+  EXPECT_EQ(raised, "9 first someone help.hlp 4");
 }
 
 namespace {
@@ -131,6 +127,7 @@ struct Counted {
 
 TEST_F(ErrorManagerTest, ObjStatCountsLivingObjects) {
   const std::int32_t classes = ObjStat::ClassCount();
+  const std::int32_t before = ObjStat::Count("StringCollection");
   const Counted object;
   ObjStat::RemoveObject(&object);
   EXPECT_EQ(ObjStat::Count("Counted"), -1);
@@ -143,7 +140,9 @@ TEST_F(ErrorManagerTest, ObjStatCountsLivingObjects) {
     EXPECT_EQ(ObjStat::Count("ErrBuffer"), 2);
     EXPECT_EQ(ObjStat::ClassCount(), classes + 1);
     const PositionInfo position;
+    const StringCollection list;
     EXPECT_EQ(ObjStat::Count("PositionInfo"), 1);
+    EXPECT_EQ(ObjStat::Count("StringCollection"), before + 1);
   }
   EXPECT_EQ(ObjStat::ClassCount(), classes);
 }

@@ -2,14 +2,10 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "chordtrap/Manager.h"
 #include "host/Globals.h"
-#include "native/FileSettingsStore.h"
 #include "services/GlobalSetting.h"
 #include "services/HotkeyProxy.h"
 #include "services/Updater.h"
-#include "support/ErrorOf.h"
-#include "support/TempFolder.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -22,10 +18,7 @@ const std::pair<std::u16string, std::u16string> kWhere{u"Quorvane插件", u"Sett
 class GlobalSettingTest : public ::testing::Test {
  protected:
   GlobalSettingTest() { Connect(); }
-  ~GlobalSettingTest() override {
-    Disconnect();
-    platform.store = &platform.settings;
-  }
+  ~GlobalSettingTest() override { Disconnect(); }
 
   void Connect() {
     platform.app.Title = kStartingTitle;
@@ -79,51 +72,6 @@ TEST_F(GlobalSettingTest, FirstRun) {
                                          {u"RefreshResult", u""}};
   EXPECT_EQ(platform.settings.Lasting, (MemorySettings::Sections{{kWhere, expected}}));
   EXPECT_EQ(platform.settings.Commits, 1);
-}
-
-TEST_F(GlobalSettingTest, EveryPreferenceComesBackFromDisk) {
-  const TempFolder folder;
-  const auto startProgram = [&] { return std::make_unique<native::FileSettingsStore>(folder / "settings"); };
-  auto store = startProgram();
-  platform.store = store.get();
-  Setting().Load();
-  const std::u16string xsl = u"<x>\r\n\tline 2\n line 3\r中\u00E9=[]\\</x>\r\n";
-  for (const char16_t* entry : {u"one", u" two\\r ", u"三=3", u"\t[x]", u"a\nb"})
-    Setting().mcolSearchHistory.Add(entry);
-  Setting().mcolReplaceHistory.Add(u"$1\\n");
-  Setting().mintRelativeLineCount = -3;
-  Setting().SetXSL(xsl);
-  Setting().menumAutoHideSearchDlg = 0;
-  Setting().menumDefaultSearchTo = 2;
-  Setting().menumSearchTo = 0;
-  Setting().mblnMaximizeWhenLocate = false;
-  updater->menumUpdateInterval = 0;
-  updater->menumSensibility = 1;
-  updater->ScheduleUpdate();  // notes this moment
-  hotkeys->Manager->Items()[1]->Key = {112, 4};
-  hotkeys->Manager->Items()[2]->Key = {};
-  hotkeys->Manager->Items()[5]->Key = {120, 3};
-  platform.app.Title = u"Quorvane add-in";  // as an English run has it
-  Setting().Save();
-  Disconnect();
-
-  store = startProgram();
-  platform.store = store.get();
-  Connect();
-  Setting().Load();
-  EXPECT_EQ(Setting().mcolSearchHistory.Join(u"|"), u"one| two\\r |三=3|\t[x]|a\nb");
-  EXPECT_EQ(Setting().mcolReplaceHistory.Join(u"|"), u"$1\\n");
-  EXPECT_EQ(Setting().mintRelativeLineCount, -3);
-  EXPECT_EQ(Setting().XSL(), xsl);
-  EXPECT_EQ(Setting().menumAutoHideSearchDlg, 0);
-  EXPECT_EQ(Setting().menumDefaultSearchTo, 2);
-  EXPECT_EQ(Setting().menumSearchTo, 0);
-  EXPECT_FALSE(Setting().mblnMaximizeWhenLocate);
-  EXPECT_EQ(updater->menumUpdateInterval, 0);
-  EXPECT_EQ(updater->menumSensibility, 1);
-  EXPECT_EQ(store->GetSetting(kWhere.first, kWhere.second, u"LastUpdate", u""), u"15.05.2024 10:30:00");
-  const auto key = [&](std::int32_t item) { return chordtrap::KeyText(hotkeys->Manager->Items()[item]->Key); };
-  EXPECT_EQ(key(1) + u" " + key(2) + u" " + key(3) + u" " + key(4) + u" " + key(5), u"Alt+F1  Ctrl+.  Ctrl+Shift+F9");
 }
 
 TEST_F(GlobalSettingTest, HistoriesAreCutAndSplit) {

@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "services/ObjStat.h"
 #include "services/StringCollection.h"
 
 namespace quorvane::test {
@@ -97,15 +96,6 @@ TEST(StringCollection, FillsAControl) {
   Control control;
   list.FillList(control);
   EXPECT_EQ(control.items, Entries(list));
-}
-
-TEST(StringCollection, IsCounted) {
-  const std::int32_t before = ObjStat::Count("StringCollection");
-  {
-    const StringCollection list;
-    EXPECT_EQ(ObjStat::Count("StringCollection"), before + 1);
-  }
-  EXPECT_EQ(ObjStat::Count("StringCollection"), before);
 }
 
 }  // namespace quorvane::test

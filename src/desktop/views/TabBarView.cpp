@@ -37,7 +37,7 @@ TabBarView::TabBarView(TabControl& control, QWidget* parent)
   setUsesScrollButtons(true);
   setSelectionBehaviorOnRemove(QTabBar::SelectPreviousTab);
   connect(this, &QTabBar::currentChanged, this, [this](int index) {
-    if (!busy_ && index >= 0) shown_[static_cast<std::size_t>(index)]->Select();
+    if (!busy_ && index >= 0) Select(shown_[static_cast<std::size_t>(index)]);
   });
   changed_ = control_.Changed.Subscribe([this] { follow_.Ask(); });
   Follow();
@@ -97,6 +97,14 @@ void TabBarView::FollowCloseButton(int index, const Tab& tab) {
   setTabButton(index, QTabBar::RightSide, button);
 }
 
+/// By key or wheel. The bar may still show what its control has taken off, or look enabled when that is not.
+void TabBarView::Select(const std::shared_ptr<Tab>& tab) {
+  const auto& tabs = control_.Tabs();
+  const std::shared_ptr<Tab> held = tab;
+  if (control_.Enabled() && std::ranges::find(tabs, held) != tabs.end()) held->Select();
+  follow_.Ask();
+}
+
 QSize TabBarView::tabSizeHint(int index) const {
   return QTabBar::tabSizeHint(index).boundedTo({kWidestTab, QWIDGETSIZE_MAX});
 }
@@ -123,8 +131,8 @@ void TabBarView::mousePressEvent(QMouseEvent* event) {
 
 void TabBarView::mouseReleaseEvent(QMouseEvent*) {}
 
-/// The second press of two counts as a double click where the first one hit the same tab, and as a press else: the tab
-/// under the mouse may be one that the first press has made.
+/// The second press of two counts as a double click only where the first one hit the same tab: the tab under the mouse
+/// may be one that the first press has made. With another button it is a press again.
 void TabBarView::mouseDoubleClickEvent(QMouseEvent* event) {
   follow_.Now();
   const auto tab = TabUnder(*event);

@@ -30,6 +30,7 @@ class TabBarView final : public QTabBar {
 
  private:
   void Follow();
+  void Select(const std::shared_ptr<Tab>& tab);
   void FollowTab(int index, const Tab& tab);
   void FollowCloseButton(int index, const Tab& tab);
   std::shared_ptr<Tab> TabUnder(const QMouseEvent& event) const;

@@ -64,7 +64,7 @@ class Dialog : public Form {
   const std::shared_ptr<CommandButton>& CancelButton() const { return cancelButton_; }
 
   // Gestures
-  /// The focus went to a control by mouse or Tab.
+  /// The focus went to a control by mouse or Tab, or, with nothing, to something that is no control.
   void TakeFocus(const std::shared_ptr<Control>& control);
   /// True when the key has done its work here and must not reach the control.
   bool PressKey(std::int16_t keyCode, std::int16_t shift);

@@ -1,0 +1,123 @@
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "FormWindowsFixture.h"
+#include "chordtrap/Manager.h"
+#include "desktop/MainWindow.h"
+#include "desktop/views/KeyEditorView.h"
+#include "desktop/views/TabBarView.h"
+#include "dialogs/frmCodePreview.h"
+#include "host/Globals.h"
+#include "platform/forms/Forms.h"
+#include "platform/forms/Tab.h"
+#include "platform/forms/TabControl.h"
+#include "search/ConditionSnap.h"
+#include "search/ResultCollection.h"
+#include "search/TaskManager.h"
+#include "services/GlobalSetting.h"
+#include "services/HotkeyProxy.h"
+#include "services/frmOption.h"
+
+namespace quorvane::desktop {
+namespace {
+
+class DialogKeysTest : public FormWindowsTest {};
+
+/// A key that neither the control nor its frame uses is handed on from one to the other.
+TEST_F(DialogKeysTest, TheFormSeesAKeyOnce) {
+  StartWithGroup();
+  ShowDialog();
+  int expected = 0;
+  for (const std::shared_ptr<Control>& control :
+       {std::shared_ptr<Control>(Dialog().cmbSearch), std::shared_ptr<Control>(Dialog().optModeButtons[0]),
+        std::shared_ptr<Control>(Dialog().chkMatchCase), std::shared_ptr<Control>(Dialog().cmbReplace)}) {
+    QWidget& widget = SearchWindowsTest::WidgetOf(*control);
+    widget.setFocus(Qt::MouseFocusReason);
+    QTest::keyClick(&widget, Qt::Key_F1);
+    EXPECT_EQ(system.addresses.size(), ++expected);
+  }
+}
+
+TEST_F(DialogKeysTest, EnterPressesNoButtonThatTheFocusHasLeft) {
+  StartWithGroup();
+  ShowDialog();
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    auto& options = The<frmOption>();
+    QTabBar& bar = *WidgetOf<QTabWidget>(options, *options.SSTab设定).tabBar();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(OptionControls::kHotkeyTab).center());
+    QWidget& commands = Below<KeyEditorView>(WindowOf(options)).Commands();
+    for (const auto& button : {options.cmd取消, options.cmd确定}) {
+      for (QWidget* place : {&commands, static_cast<QWidget*>(&bar)}) {
+        WidgetOf<QWidget>(options, *button).setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(options.ActiveControl(), button);
+        place->setFocus(Qt::BacktabFocusReason);
+        QTest::keyClick(place, Qt::Key_Return);
+        ASSERT_TRUE(options.Loaded());
+      }
+    }
+    Click(options, *options.cmd取消);
+  });
+}
+
+TEST_F(DialogKeysTest, AKeyRepeatsNoSearchThatIsRunning) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = 2;
+  Search(QStringLiteral("nextorderno"));
+  const std::int32_t matches = CurrentPage()->mcolResult->Count();
+  Globals::gobjHotkeyProxy->Manager->Items()[5]->Key = {'R', chordtrap::kCtrl | chordtrap::kShift};
+  const auto repeat = [&] { QTest::keyClick(&Window(), Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier); };
+  int asked = 0;
+  const Subscription atMatch = CurrentPage()->mobjTask->Query.Subscribe([&](bool&) {
+    if (++asked == 1) repeat();
+  });
+  repeat();
+  EXPECT_EQ(asked, matches);
+  EXPECT_EQ(CurrentPage()->mcolResult->Count(), matches);
+}
+
+TEST_F(DialogKeysTest, ThePreviewStaysAwayFromAModalWindow) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = 2;
+  Search(QStringLiteral("nextorderno"));
+  auto& preview = dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview"));
+  preview.SetMode(1);
+  preview.Update(CurrentPage()->mcolResult->Item(1), *CurrentPage()->mobjCondSnap);
+  preview.SetMode(0);
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    preview.SetMode(1);
+    EXPECT_FALSE(WindowOf(preview).isVisible());
+    preview.SetMode(0);
+    Click(The<frmOption>(), *The<frmOption>().cmd取消);
+  });
+  preview.SetMode(1);
+  EXPECT_TRUE(WindowOf(preview).isVisible());
+  preview.SetMode(0);
+}
+
+/// The bar follows its control a moment later.
+TEST(TabBarKeysTest, KeysSelectNothingThatTheControlDoesNotOffer) {
+  TheApplication();
+  TabControl control;
+  const auto first = control.Add(u"a", u"", u"a", -1);
+  control.Add(u"b", u"", u"b", -1);
+  const auto third = control.Add(u"c", u"", u"c", -1);
+  TabBarView bar(control, nullptr);
+  bar.show();
+  control.Remove(u"b");
+  EXPECT_NO_THROW(QTest::keyClick(&bar, Qt::Key_Right));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(control.SelectedTab(), first);
+  EXPECT_EQ(bar.currentIndex(), 0);
+  control.SetEnabled(false);
+  QTest::keyClick(&bar, Qt::Key_Right);
+  EXPECT_EQ(control.SelectedTab(), first);
+  control.SetEnabled(true);
+  QCoreApplication::processEvents();
+  QTest::keyClick(&bar, Qt::Key_Right);
+  EXPECT_EQ(control.SelectedTab(), third);
+}
+
+}  // namespace
+}  // namespace quorvane::desktop
