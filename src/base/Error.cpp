@@ -34,6 +34,10 @@ std::u16string ErrorText(ErrorNumber number) {
       return u"Object variable or With block variable not set";
     case ErrorNumber::InvalidPattern:
       return u"Invalid pattern string";
+    case ErrorNumber::InvalidPropertyValue:
+      return u"Invalid property value";
+    case ErrorNumber::CannotCreateObject:
+      return u"Cannot create the object";
     case ErrorNumber::ActionNotSupported:
       return u"Object doesn't support this action";
     case ErrorNumber::DuplicateKey:

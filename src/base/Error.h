@@ -16,6 +16,8 @@ enum class ErrorNumber : std::int32_t {
   Internal = 51,
   ObjectNotSet = 91,
   InvalidPattern = 93,
+  InvalidPropertyValue = 380,
+  CannotCreateObject = 429,
   ActionNotSupported = 445,
   DuplicateKey = 457,
 };

@@ -4,6 +4,7 @@
 #include <QScreen>
 
 #include "desktop/FormWindow.h"
+#include "desktop/views/Twips.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Screen.h"
@@ -25,7 +26,6 @@ FormWindow* FormWindows::WindowOf(const Form& form) const {
 
 void FormWindows::Open(Form& form) {
   const QSize screen = owner_.screen()->size();
-  constexpr int kTwipsOfInch = 1440;
   TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
   auto window = std::make_unique<FormWindow>(form.shared_from_this(), views_, windows_, &owner_);
   shown_[&form] = std::move(window);

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "desktop/QtColor.h"
 #include "desktop/QtText.h"
 
 namespace quorvane::desktop {
@@ -26,11 +27,6 @@ struct QtFont final : CanvasFont {
   explicit QtFont(QFont made) : font(std::move(made)) {}
   QFont font;
 };
-
-QColor Plain(Color color) {
-  return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                static_cast<int>(color >> 16 & 0xFF));
-}
 
 double Brightness(const QColor& color) {
   return 0.299 * color.redF() + 0.587 * color.greenF() + 0.114 * color.blueF();
@@ -60,13 +56,13 @@ QtCanvas::QtCanvas(QPainter& painter, QPalette palette)
 QColor QtCanvas::Surface(Color color) const {
   if (color == kWindow) return palette_.color(QPalette::Base);
   if (color == kHighlight) return palette_.color(QPalette::Highlight);
-  return Plain(color);
+  return ToQColor(color);
 }
 
 QColor QtCanvas::Ink(Color color) const {
   if (color == kWindowText) return palette_.color(QPalette::Text);
   if (color == kHighlightText) return palette_.color(QPalette::HighlightedText);
-  const QColor wanted = Plain(color);
+  const QColor wanted = ToQColor(color);
   if (std::abs(Brightness(wanted) - Brightness(background_)) >= kReadable) return wanted;
   const float lightness = Brightness(background_) < 0.5 ? 0.72F : 0.28F;
   return QColor::fromHslF(wanted.hslHueF(), wanted.hslSaturationF() / 2, lightness);

@@ -99,9 +99,7 @@ void QtWindows::ShowWindow(WindowHandle window, std::int32_t command) {
   QWidget* widget = OwnWidget(window);
   if (widget == nullptr) return table_->ShowWindow(window, command);
   widget->setAttribute(Qt::WA_ShowWithoutActivating, command == kShowNoActivate);
-  // What floats beside the pointer stays away from a window that waits for an answer: it would lie above it.
-  const bool held = command == kShowNoActivate && QApplication::activeModalWidget() != nullptr;
-  widget->setVisible(command != kHide && !held);
+  widget->setVisible(command != kHide);
 }
 
 void QtWindows::ShowWindowAsync(WindowHandle window, std::int32_t command) {

@@ -5,6 +5,7 @@
 
 #include "base/Event.h"
 #include "platform/forms/Dialog.h"
+#include "services/ErrorManager.h"
 
 namespace quorvane {
 
@@ -23,8 +24,6 @@ class FramedDialog : public Dialog {
   void On(Raised& event, Body body);
 
  private:
-  static void ShowEventError();
-
   std::vector<Subscription> controlEvents_;
 };
 
@@ -34,7 +33,7 @@ void FramedDialog::Framed(Body body) {
   try {
     body();
   } catch (...) {
-    ShowEventError();
+    ShowHandledError();
   }
 }
 

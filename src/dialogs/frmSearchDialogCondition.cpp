@@ -2,6 +2,7 @@
 // lead to ScreenToMem; only MemToScreen keeps them silent.
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "base/Text.h"
 #include "dialogs/frmSearchDialog.h"
 #include "host/Globals.h"
@@ -26,18 +27,6 @@ std::int16_t Tick(bool flag) {
   return flag ? kTicked : kClear;
 }
 
-/// Sets a flag for as long as it lives.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
-
 }  // namespace
 
 void frmSearchDialog::ListenToCondition() {
@@ -58,7 +47,7 @@ void frmSearchDialog::Condition_Changed() {
 }
 
 void frmSearchDialog::MemToScreen() {
-  const Raised updating(mblnUpdating);
+  const FlagScope updating(mblnUpdating);
   const GlobalSetting& setting = Setting();
   setting.mcolSearchHistory.FillList(*cmbSearch);
   setting.mcolReplaceHistory.FillList(*cmbReplace);

@@ -25,15 +25,6 @@ constexpr std::int32_t kMenuCaption = 237;
 constexpr std::int32_t kApplicationTitle = 257;
 constexpr std::int32_t kButton = 1;
 
-/// Shows the error that is being handled. The shared ErrorManager may not exist yet, and has no state.
-void ShowErr() {
-  if (Globals::gobjErrorManager) {
-    Globals::gobjErrorManager->ShowErr();
-  } else {
-    ErrorManager().ShowErr();
-  }
-}
-
 }  // namespace
 
 Connect::Connect() {
@@ -58,7 +49,7 @@ std::shared_ptr<vbide::CommandBarControl> Connect::AddToAddInCommandBar(const st
     control->SetVisible(true);
     return control;
   } catch (...) {
-    ShowErr();
+    ShowHandledError();
     return nullptr;
   }
 }
@@ -81,7 +72,7 @@ void Connect::OnConnection(const std::shared_ptr<vbide::VBE>& Application, vbide
     }
     Globals::Language().UpdateUI(this);
   } catch (...) {
-    ShowErr();
+    ShowHandledError();
   }
 }
 
@@ -112,7 +103,7 @@ void Connect::mobjMenuHandler_Click() {
   try {
     Show();
   } catch (...) {
-    ShowErr();
+    ShowHandledError();
   }
 }
 

@@ -1,6 +1,7 @@
 #include "results/Page.h"
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "host/Globals.h"
@@ -14,6 +15,7 @@
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Tab.h"
 #include "results/FilterManager.h"
+#include "results/Guarded.h"
 #include "results/ICodePreview.h"
 #include "results/IResultListDoc.h"
 #include "results/ListPainter.h"
@@ -62,18 +64,6 @@ std::shared_ptr<T> AddControl(std::u16string_view progId, const std::u16string& 
 void RemoveControl(const std::shared_ptr<Control>& control) {
   Doc().Controls().Remove(Deref(control).Name());
 }
-
-/// True for as long as this lives.
-class Under {
- public:
-  explicit Under(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Under() { flag_ = false; }
-  Under(const Under&) = delete;
-  Under& operator=(const Under&) = delete;
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -156,11 +146,7 @@ void Page::TearDown() {
 template <class Body>
 void Page::Guarded(Body body) {
   const auto self = shared_from_this();
-  try {
-    body();
-  } catch (...) {
-    Deref(Globals::gobjErrorManager).ShowErr();
-  }
+  quorvane::Guarded(body);
 }
 
 WindowHandle Page::ListHWnd() const {
@@ -206,7 +192,7 @@ void Page::LocateSelected() {
 void Page::LocateNextResult() {
   if (locatingNext_) return;
   const auto self = shared_from_this();
-  const Under way(locatingNext_);
+  const FlagScope way(locatingNext_);
   OwnerDrawList& list = Deref(mlstResultList);
   const std::int32_t next = list.ListIndex() + 1;
   if (next < list.ListCount()) list.SetListIndex(next);
@@ -216,7 +202,7 @@ void Page::LocateNextResult() {
 void Page::LocatePrevResult() {
   if (locatingPrev_) return;
   const auto self = shared_from_this();
-  const Under way(locatingPrev_);
+  const FlagScope way(locatingPrev_);
   OwnerDrawList& list = Deref(mlstResultList);
   const std::int32_t previous = list.ListIndex() - 1;
   if (previous >= 0) list.SetListIndex(previous);

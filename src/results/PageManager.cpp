@@ -7,9 +7,9 @@
 #include "host/Globals.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
+#include "results/Guarded.h"
 #include "results/IResultListDoc.h"
 #include "results/IResultPage.h"
-#include "services/ErrorManager.h"
 #include "services/LanguageManager.h"
 #include "services/ObjStat.h"
 
@@ -17,7 +17,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kCannotCreateObject = 429;
 constexpr std::int32_t kNoIcon = -1;
 constexpr std::int32_t kNameOfPages = 185;
 constexpr std::int16_t kLeftButton = 1;
@@ -29,7 +28,7 @@ PageManager::PageFactory& ThePageFactory() {
 }
 
 std::shared_ptr<IResultPage> NewPage() {
-  if (!ThePageFactory()) throw Error(kCannotCreateObject, u"Cannot create a result page");
+  if (!ThePageFactory()) RaiseError(ErrorNumber::CannotCreateObject, u"Cannot create a result page");
   return ThePageFactory()();
 }
 
@@ -115,16 +114,6 @@ void PageManager::Listen() {
       bar.TabDoubleClick.Subscribe([this](const auto& tab) { Guarded([&] { mobjTabCtrl_TabDoubleClick(*tab); }); });
   onTabClose_ =
       bar.TabClose.Subscribe([this](const auto& tab, bool&) { Guarded([&] { mobjTabCtrl_TabClose(*tab); }); });
-}
-
-/// The top of an event: its failure is shown and goes no further.
-template <class Body>
-void PageManager::Guarded(Body body) {
-  try {
-    body();
-  } catch (...) {
-    Deref(Globals::gobjErrorManager).ShowErr();
-  }
 }
 
 void PageManager::mobjTabCtrl_TabSelected() {

@@ -55,8 +55,6 @@ class PageManager final : public ILib {
 
  private:
   void Listen();
-  template <class Body>
-  void Guarded(Body body);
 
   void mobjTabCtrl_TabSelected();
   void mobjTabCtrl_TabMouseDown(const Tab& tab, std::int16_t button);

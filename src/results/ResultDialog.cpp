@@ -13,11 +13,11 @@
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 #include "results/FilterManager.h"
+#include "results/Guarded.h"
 #include "results/ICodePreview.h"
 #include "results/IResultPage.h"
 #include "results/PageManager.h"
 #include "search/TaskManager.h"
-#include "services/ErrorManager.h"
 #include "services/GlobalSetting.h"
 #include "services/LanguageManager.h"
 #include "services/ObjStat.h"
@@ -104,15 +104,6 @@ void ResultDialog::ListenToTabs() {
       [onButton](const auto&, std::int16_t button, auto...) { onButton(button); }));
   onControls_.push_back(
       vbalDTabControl1->BarMouseDown.Subscribe([onButton](std::int16_t button, auto...) { onButton(button); }));
-}
-
-template <class Body>
-void ResultDialog::Guarded(Body body) {
-  try {
-    body();
-  } catch (...) {
-    Deref(Globals::gobjErrorManager).ShowErr();
-  }
 }
 
 void ResultDialog::Setup() {

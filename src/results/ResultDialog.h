@@ -85,9 +85,6 @@ class ResultDialog final : public vbide::Document, public ILib, public IResultLi
   void InitProperties();
   void ListenToMenus();
   void ListenToTabs();
-  /// Runs a handler of an event; its failure is shown and goes no further.
-  template <class Body>
-  void Guarded(Body body);
   void On(Menu& item, void (ResultDialog::*handler)());
   std::shared_ptr<IResultPage> ActivePage() const;
   std::u16string SelectedKey() const;

@@ -53,4 +53,12 @@ void ErrorManager::RaiseAgain() const {
   if (CurrentError().Number != 0) throw CurrentError();
 }
 
+void ShowHandledError() {
+  if (Globals::gobjErrorManager) {
+    Globals::gobjErrorManager->ShowErr();
+  } else {
+    ErrorManager().ShowErr();
+  }
+}
+
 }  // namespace quorvane

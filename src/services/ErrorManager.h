@@ -36,4 +36,7 @@ class ErrorManager {
   void RaiseAgain() const;
 };
 
+/// Shows the error that is being handled, also before the shared ErrorManager is there and behind its end.
+void ShowHandledError();
+
 }  // namespace quorvane

@@ -12,8 +12,6 @@ namespace quorvane::workbench {
 
 namespace {
 
-constexpr std::int32_t kCannotCreateObject = 429;
-
 auto Named(std::u16string_view progId) {
   return [progId](const auto& entry) { return EqualsNoCaseAscii(entry.first, progId); };
 }
@@ -38,7 +36,7 @@ void AddInLoader::Load(std::u16string_view progId, vbide::ConnectMode mode) {
   if (Loaded(progId)) return;
   const auto factory = std::ranges::find_if(factories_, Named(progId));
   if (factory == factories_.end()) {
-    throw Error(kCannotCreateObject, u"Cannot create the add-in " + std::u16string(progId));
+    RaiseError(ErrorNumber::CannotCreateObject, u"Cannot create the add-in " + std::u16string(progId));
   }
   const std::u16string name = factory->first;
   const auto addIn = factory->second();

@@ -7,12 +7,6 @@
 
 namespace quorvane::workbench {
 
-namespace {
-
-constexpr std::int32_t kCannotCreateObject = 429;
-
-}  // namespace
-
 void HostWindows::RegisterDocumentFactory(const std::u16string& progId, DocumentFactory factory) {
   std::erase_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
   factories_.emplace_back(progId, std::move(factory));
@@ -26,7 +20,7 @@ std::shared_ptr<vbide::Window> HostWindows::CreateToolWindow(const std::shared_p
   const auto factory =
       std::ranges::find_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
   if (factory == factories_.end()) {
-    throw Error(kCannotCreateObject, u"Cannot create the object " + std::u16string(progId));
+    RaiseError(ErrorNumber::CannotCreateObject, u"Cannot create the object " + std::u16string(progId));
   }
   std::shared_ptr<vbide::Document> made = factory->second();
   Deref(made);

@@ -6,6 +6,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "desktop/QtColor.h"
 #include "desktop/QtText.h"
 #include "dialogs/frmCodePreview.h"
 
@@ -50,8 +51,7 @@ class ScreenMeasurer final : public TextMeasurer {
 /// The platform's colours are made for white ground.
 QColor ColorOf(Color color, const QPalette& palette) {
   if (color == 0) return palette.color(QPalette::Text);
-  QColor shown(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-               static_cast<int>(color >> 16 & 0xFF));
+  const QColor shown = ToQColor(color);
   const bool dark = palette.color(QPalette::Base).lightness() < 128;
   return dark ? QColor::fromHsl(shown.hslHue(), shown.hslSaturation() * 3 / 4, 175) : shown;
 }

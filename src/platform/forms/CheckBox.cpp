@@ -4,12 +4,10 @@
 
 namespace quorvane {
 
-namespace {
-constexpr std::int32_t kInvalidPropertyValue = 380;
-}
-
 void CheckBox::SetValue(std::int16_t value) {
-  if (value < 0 || value > 2) throw Error(kInvalidPropertyValue, u"Invalid property value: the state of a check box");
+  if (value < 0 || value > 2) {
+    RaiseError(ErrorNumber::InvalidPropertyValue, u"Invalid property value: the state of a check box");
+  }
   if (value == value_) return;
   value_ = value;
   Changed.Raise();

@@ -9,10 +9,8 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kInvalidPropertyValue = 380;
-
 [[noreturn]] void RaiseInvalidValue(const char16_t* what) {
-  throw Error(kInvalidPropertyValue, std::u16string(u"Invalid property value: ") + what);
+  RaiseError(ErrorNumber::InvalidPropertyValue, std::u16string(u"Invalid property value: ") + what);
 }
 
 [[noreturn]] void RaiseNoEntry() {

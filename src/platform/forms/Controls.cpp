@@ -10,7 +10,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kCannotCreateObject = 429;
 constexpr std::int32_t kNameTaken = 727;
 constexpr std::int32_t kNoSuchControl = 730;
 
@@ -26,7 +25,7 @@ std::shared_ptr<Control> Controls::Add(std::u16string_view progId, const std::u1
   const auto factory =
       std::ranges::find_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
   if (factory == factories_.end()) {
-    throw Error(kCannotCreateObject, u"Cannot create the control " + std::u16string(progId));
+    RaiseError(ErrorNumber::CannotCreateObject, u"Cannot create the control " + std::u16string(progId));
   }
   const auto control = factory->second();
   Deref(control).name_ = name;

@@ -7,12 +7,6 @@
 
 namespace quorvane {
 
-namespace {
-
-constexpr std::int32_t kCannotCreateObject = 429;
-
-}  // namespace
-
 Forms& TheForms() {
   static Forms forms;
   return forms;
@@ -34,7 +28,7 @@ std::shared_ptr<Form> Forms::Instance(std::u16string_view name) {
   if (known != instances_.end()) return known->second;
   const auto factory = std::ranges::find_if(factories_, named);
   if (factory == factories_.end()) {
-    throw Error(kCannotCreateObject, u"Cannot create the form " + std::u16string(name));
+    RaiseError(ErrorNumber::CannotCreateObject, u"Cannot create the form " + std::u16string(name));
   }
   const auto made = factory->second();
   Deref(made);

@@ -6,7 +6,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kInvalidPropertyValue = 380;
 constexpr std::int32_t kInvalidPropertyIndex = 381;
 
 }  // namespace
@@ -37,7 +36,7 @@ std::int32_t OwnerDrawList::ItemData(std::int32_t index) const {
 
 void OwnerDrawList::SetListIndex(std::int32_t index) {
   if (index < -1 || index >= ListCount()) {
-    throw Error(kInvalidPropertyValue, u"Invalid property value: the selected row of a list");
+    RaiseError(ErrorNumber::InvalidPropertyValue, u"Invalid property value: the selected row of a list");
   }
   if (index == listIndex_) return;
   listIndex_ = index;

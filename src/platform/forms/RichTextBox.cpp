@@ -9,10 +9,8 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kInvalidPropertyValue = 380;
-
 void CheckNotNegative(std::int32_t value, const char16_t* what) {
-  if (value < 0) throw Error(kInvalidPropertyValue, std::u16string(u"Invalid property value: ") + what);
+  if (value < 0) RaiseError(ErrorNumber::InvalidPropertyValue, std::u16string(u"Invalid property value: ") + what);
 }
 
 /// The part of a run from `start` to just before `end`; its length is 0 or less when they have nothing in common.

@@ -5,10 +5,6 @@
 
 namespace quorvane {
 
-namespace {
-constexpr std::int32_t kInvalidPropertyValue = 380;
-}
-
 TabStrip::TabStrip(std::int16_t tabs) {
   for (std::int16_t tab = 0; tab < tabs; ++tab) {
     tabs_.push_back({{}, std::make_shared<PictureBox>()});
@@ -17,7 +13,9 @@ TabStrip::TabStrip(std::int16_t tabs) {
 }
 
 const TabStrip::Page& TabStrip::At(std::int16_t tab) const {
-  if (tab < 0 || tab >= Tabs()) throw Error(kInvalidPropertyValue, u"Invalid property value: the number of a tab");
+  if (tab < 0 || tab >= Tabs()) {
+    RaiseError(ErrorNumber::InvalidPropertyValue, u"Invalid property value: the number of a tab");
+  }
   return tabs_[static_cast<std::size_t>(tab)];
 }
 

@@ -8,7 +8,6 @@ namespace quorvane {
 namespace {
 
 constexpr std::int32_t kLongest = 65535;
-constexpr std::int32_t kInvalidPropertyValue = 380;
 
 }  // namespace
 
@@ -22,7 +21,7 @@ Timer::~Timer() {
 
 void Timer::SetInterval(std::int32_t milliseconds) {
   if (milliseconds < 0 || milliseconds > kLongest) {
-    throw Error(kInvalidPropertyValue, u"Invalid property value: the interval of a timer");
+    RaiseError(ErrorNumber::InvalidPropertyValue, u"Invalid property value: the interval of a timer");
   }
   interval_ = milliseconds;
   Restart();
