@@ -45,6 +45,13 @@ std::uint32_t CompileOptions(bool multiline, bool ignoreCase, bool unicodeCase) 
   return options;
 }
 
+/// Version 10.42 of the engine looks for the start of a match by what its first characters can be, and its machine code
+/// is wrong about that for some alternatives of different lengths: (?:a|)a+a does not find "aa". Without alternatives
+/// no such pattern is known, and those keep the search for a start, which is what makes them fast.
+std::uint32_t StartOptions(std::u16string_view pattern) {
+  return pattern.find(u'|') != pattern.npos ? PCRE2_NO_START_OPTIMIZE : 0;
+}
+
 std::u16string EngineMessage(int code) {
   PCRE2_UCHAR16 text[256];
   const int length = pcre2_get_error_message(code, text, std::size(text));
@@ -79,7 +86,8 @@ PcrePattern::PcrePattern(std::u16string_view source, const TranslatedPattern& tr
   int error = 0;
   PCRE2_SIZE offset = 0;
   engine.Code = pcre2_compile(Units(translated.Text), translated.Text.size(),
-                              CompileOptions(multiline, ignoreCase, unicodeCase), &error, &offset, context);
+                              CompileOptions(multiline, ignoreCase, unicodeCase) | StartOptions(translated.Text),
+                              &error, &offset, context);
   pcre2_compile_context_free(context);
   if (engine.Code == nullptr) {
     const std::size_t at = std::min<std::size_t>(offset, translated.Offsets.size() - 1);

@@ -52,6 +52,8 @@ TEST(RegExpTest, EmptyMatchesAndGlobal) {
       {u"", "g", u"", "0+0"},
       {u"a", "", u"xaa", "1+1"},
       {u"b|", "g", u"ab", "0+0 1+1 2+0"},
+      {u"(?:a|)a+a", "g", u"-aa", "1+2"},
+      {u"(?:\\d|)\\d+\\d", "g", u"x12", "1+2"},
       {u"z", "g", u"", ""},
   });
 }
