@@ -1,0 +1,297 @@
+#include "windows/platform/FormWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/forms/Dialog.h"
+#include "windows/platform/Handles.h"
+#include "windows/platform/Metrics.h"
+#include "windows/platform/ViewFactory.h"
+
+namespace quorvane::windows {
+
+namespace {
+
+constexpr UINT kFocusMoved = WM_APP + 1;
+
+std::vector<HWND>& Modals() {
+  static std::vector<HWND> modals;
+  return modals;
+}
+
+DWORD StyleOf(const Dialog* dialog) {
+  if (dialog != nullptr && dialog->Border() == FormBorder::None) return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
+  return WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+}
+
+DWORD ExtendedStyleOf(const Dialog* dialog) {
+  if (dialog == nullptr || dialog->Border() == FormBorder::FixedDialog)
+    return WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+  constexpr DWORD kNoActivate = 0x08000000;  // WS_EX_NOACTIVATE
+  return WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT | (dialog->Border() == FormBorder::None ? kNoActivate : 0);
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM list) {
+  reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
+std::vector<HWND> ThreadWindows() {
+  std::vector<HWND> windows;
+  ::EnumThreadWindows(::GetCurrentThreadId(), &Collect, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+/// A list that hangs open under a combo box has Enter and Esc to itself.
+bool HasOpenList(HWND focus) {
+  for (const HWND at : {focus, ::GetParent(focus)}) {
+    wchar_t name[16];
+    if (at == nullptr || ::GetClassNameW(at, name, ARRAYSIZE(name)) == 0) continue;
+    if (::lstrcmpiW(name, L"ComboBox") == 0) return ::SendMessageW(at, CB_GETDROPPEDSTATE, 0, 0) != 0;
+  }
+  return false;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, HWND owner)
+    : form_(std::move(form)),
+      dialog_(dynamic_cast<Dialog*>(form_.get())),
+      owner_(owner),
+      floats_(dialog_ != nullptr && dialog_->Border() == FormBorder::None) {
+  Make(owner);
+  view_ = views.MakeView(*form_, Handle());
+  changed_ = form_->Changed.Subscribe([this] { Follow(); });
+  shownAgain_ = form_->ShownAgain.Subscribe([this] { ComeToFront(); });
+  Follow();
+}
+
+FormWindow::~FormWindow() {
+  Retire();
+  view_.reset();
+  Destroy();
+}
+
+void FormWindow::Retire() {
+  if (retired_) return;
+  retired_ = true;
+  changed_.Reset();
+  shownAgain_.Reset();
+  removed_.Reset();
+  Hide();
+  InputHook::The().Remove(Handle());
+  if (dialog_ != nullptr) dialog_->SetWindow(0);
+}
+
+void FormWindow::Make(HWND owner) {
+  Making making;
+  making.text = form_->Caption();
+  making.style = StyleOf(dialog_);
+  making.extendedStyle = ExtendedStyleOf(dialog_);
+  making.parent = owner;
+  making.classStyle = CS_DBLCLKS;
+  Create(making);
+  if (dialog_ != nullptr) dialog_->SetWindow(HandleOf(Handle()));
+  InputHook::The().Add(Handle(), *this);
+  removed_ = InputHook::The().Removed.Subscribe([this](const MSG&) { NoteFocus(); });
+}
+
+HWND FormWindow::ModalInFront() {
+  return Modals().empty() ? nullptr : Modals().back();
+}
+
+/// Whether the form was made a child of another window, as SetParent of NativeWindows does it.
+bool FormWindow::IsChild() const {
+  return (::GetWindowLongW(Handle(), GWL_STYLE) & WS_CHILD) != 0;
+}
+
+void FormWindow::Follow() {
+  if (busy_) return;
+  if (Text() != form_->Caption()) SetText(form_->Caption());
+  FollowSize();
+  FollowPlace();
+  const bool visible = (::GetWindowLongW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (form_->Visible() == visible) return;
+  if (form_->Visible()) {
+    Show();
+  } else {
+    Hide();
+  }
+}
+
+/// The size of a form with a border is its view's choice. A form that floats may be higher than any screen: it gets
+/// the lower part alone, which is what could be seen.
+void FormWindow::FollowSize() {
+  if (!view_) return;
+  RECT now{};
+  ::GetWindowRect(Handle(), &now);
+  RECT wanted{0, 0, 0, 0};
+  if (floats_) {
+    wanted = {0, 0, std::max<LONG>(dialog_->Width(), 1),
+              std::clamp<LONG>(dialog_->Height(), 1, ::GetSystemMetrics(SM_CYVIRTUALSCREEN))};
+  } else {
+    const SIZE inside = view_->WantedSize();
+    wanted = {0, 0, inside.cx, inside.cy};
+    ::AdjustWindowRectEx(&wanted, StyleOf(dialog_), FALSE, ExtendedStyleOf(dialog_));
+  }
+  const int width = Width(wanted);
+  const int height = Height(wanted);
+  if (width != Width(now) || height != Height(now)) {
+    ::SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  if (dialog_ == nullptr || floats_) return;
+  busy_ = true;
+  dialog_->SetSize(width, height);
+  busy_ = false;
+}
+
+void FormWindow::FollowPlace() {
+  if (dialog_ == nullptr) return;
+  RECT now{};
+  ::GetWindowRect(Handle(), &now);
+  POINT place{dialog_->Left(), dialog_->Top()};
+  if (floats_) place.y += dialog_->Height() - Height(now);
+  if (place.x == now.left && place.y == now.top) return;
+  if (IsChild()) ::ScreenToClient(::GetParent(Handle()), &place);
+  busy_ = true;
+  ::SetWindowPos(Handle(), nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  busy_ = false;
+}
+
+/// A form that floats and was never filled has nothing to show, and any other would lie above a window that waits for
+/// an answer, whoever asks.
+void FormWindow::Show() {
+  if (floats_) {
+    const bool held = dialog_->Width() == 0 || (owner_ != nullptr && !::IsWindowEnabled(owner_));
+    if (!held) ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    return;
+  }
+  if (const HWND above = OwnerWindow(); !IsChild() && above != Handle()) {
+    ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, static_cast<LONG_PTR>(reinterpret_cast<std::intptr_t>(above)));
+  }
+  if (form_->ShownModal()) BeginModal();
+  ::ShowWindow(Handle(), SW_SHOW);
+  ComeToFront();
+}
+
+void FormWindow::Hide() {
+  const bool focused = HasFocus();
+  EndModal();
+  ::ShowWindow(Handle(), SW_HIDE);
+  if (focused && IsChild() && owner_ != nullptr) ::SetFocus(owner_);
+}
+
+void FormWindow::ComeToFront() {
+  if (floats_) return;
+  if (IsChild()) {
+    ::BringWindowToTop(Handle());
+    if (!HasFocus()) ::SetFocus(Handle());
+  } else {
+    ::SetForegroundWindow(Handle());
+  }
+}
+
+/// The window above which this one stays: that of the form's owner, else of the modal form in front, else the host's.
+HWND FormWindow::OwnerWindow() const {
+  const auto owner = std::dynamic_pointer_cast<Dialog>(form_->Owner());
+  HWND window = nullptr;
+  if (owner) window = WindowOf(owner->hWnd());
+  if (window == nullptr) window = ModalInFront();
+  if (window == nullptr) window = owner_;
+  return window != nullptr ? ::GetAncestor(window, GA_ROOT) : nullptr;
+}
+
+/// While a form waits for its answer every other window of the thread is disabled, the host's among them.
+void FormWindow::BeginModal() {
+  EndModal();
+  for (const HWND window : ThreadWindows()) {
+    if (window == Handle() || !::IsWindowVisible(window) || !::IsWindowEnabled(window)) continue;
+    ::EnableWindow(window, FALSE);
+    disabled_.push_back(window);
+  }
+  Modals().push_back(Handle());
+}
+
+/// The others are enabled before this one is hidden, so that the activation goes to one of them.
+void FormWindow::EndModal() {
+  for (const HWND window : std::exchange(disabled_, {})) ::EnableWindow(window, TRUE);
+  std::erase(Modals(), Handle());
+}
+
+bool FormWindow::HasFocus() const {
+  const HWND focus = ::GetFocus();
+  return focus != nullptr && (focus == Handle() || ::IsChild(Handle(), focus));
+}
+
+void FormWindow::NoteFocus() {
+  if (!IsChild() || !::IsWindowVisible(Handle()) || HasFocus() == looksActive_) return;
+  looksActive_ = HasFocus();
+  ::PostMessageW(Handle(), kFocusMoved, looksActive_ ? 1 : 0, 0);
+}
+
+void FormWindow::ShowFocus(bool active) {
+  if (IsChild()) Default(WM_NCACTIVATE, active ? TRUE : FALSE, 0);
+}
+
+void FormWindow::TellPlace() {
+  if (dialog_ == nullptr || floats_ || busy_ || !::IsWindowVisible(Handle())) return;
+  RECT now{};
+  ::GetWindowRect(Handle(), &now);
+  busy_ = true;
+  dialog_->Move(now.left, now.top);
+  busy_ = false;
+}
+
+bool FormWindow::TakeKey(const MSG& message) {
+  const auto form = form_;
+  if (view_ && view_->TakeKey(message)) return true;
+  if (message.message == WM_KEYDOWN && dialog_ != nullptr && !HasOpenList(message.hwnd)) {
+    const auto key = static_cast<std::int16_t>(message.wParam);
+    if (dialog_->PressKey(key, static_cast<std::int16_t>(InputHook::HeldModifiers()))) return true;
+  }
+  if (message.message == WM_SYSCHAR) {
+    return dialog_ != nullptr && dialog_->PressAccessKey(static_cast<char16_t>(message.wParam));
+  }
+  return GoOn(message);
+}
+
+/// Tab and arrows. Enter and Esc have been the form's, or go to the control.
+bool FormWindow::GoOn(const MSG& message) {
+  if (message.message != WM_KEYDOWN || message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) return false;
+  MSG copy = message;
+  return ::IsDialogMessageW(Handle(), &copy) != FALSE;
+}
+
+LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CLOSE: {
+      const auto form = form_;
+      form->CloseByUser();
+      return 0;
+    }
+    case WM_SIZE:
+      if (view_) ::MoveWindow(view_->Handle(), 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
+      return 0;
+    case WM_MOVE:
+      TellPlace();
+      return 0;
+    case WM_SETFOCUS:
+      if (view_) view_->TakeFocus();
+      return 0;
+    case WM_MOUSEACTIVATE:
+      if (floats_) return MA_NOACTIVATE;
+      if (IsChild()) ::BringWindowToTop(Handle());
+      break;
+    case WM_NCLBUTTONDOWN:
+      if (IsChild() && !HasFocus()) ::SetFocus(Handle());
+      break;
+    case kFocusMoved:
+      ShowFocus(wParam != 0);
+      return 0;
+    default:
+      break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace quorvane::windows

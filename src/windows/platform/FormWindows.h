@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "base/Event.h"
+#include "windows/platform/Win32.h"
+
+namespace quorvane {
+class Form;
+}
+
+namespace quorvane::windows {
+
+class FormWindow;
+class ViewFactory;
+
+/// A window for each open form.
+class FormWindows {
+ public:
+  /// `views` and the hook of this thread outlive this.
+  explicit FormWindows(const ViewFactory& views);
+  ~FormWindows();
+
+  /// The window above which those of the forms stay, made from now on: the host's. Null: none.
+  void SetOwner(HWND owner) { owner_ = owner; }
+
+  /// Nothing for a form without a window.
+  FormWindow* WindowOf(const Form& form) const;
+
+ private:
+  void Open(Form& form);
+  void Close(Form& form);
+
+  const ViewFactory& views_;
+  HWND owner_ = nullptr;
+  std::unordered_map<const Form*, std::unique_ptr<FormWindow>> shown_;
+  Subscription opened_;
+  Subscription closed_;
+};
+
+}  // namespace quorvane::windows
