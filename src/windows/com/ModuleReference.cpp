@@ -1,0 +1,35 @@
+#include "windows/com/ModuleReference.h"
+
+#include <atomic>
+
+namespace quorvane::com {
+
+namespace {
+
+std::atomic<long> count{0};
+std::atomic<void (*)()> whenUnused{nullptr};
+std::atomic<bool> ending{false};
+
+}  // namespace
+
+ModuleReference::ModuleReference() {
+  ++count;
+}
+
+ModuleReference::~ModuleReference() {
+  if (--count != 0) return;
+  void (*const ended)() = whenUnused;
+  if (ended == nullptr || ending.exchange(true)) return;
+  ended();
+  ending = false;
+}
+
+long ModuleReference::Count() {
+  return count;
+}
+
+void ModuleReference::WhenUnused(void (*ended)()) {
+  whenUnused = ended;
+}
+
+}  // namespace quorvane::com
