@@ -19,8 +19,8 @@
 #include <vector>
 
 #include "OneModule.h"
+#include "addin/core/DefaultStylesheet.h"
 #include "base/Text.h"
-#include "resources/DefaultStylesheet.h"
 
 namespace quorvane::bench {
 namespace {

@@ -11,16 +11,16 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "desktop/Desktop.h"
-#include "desktop/MainWindow.h"
-#include "desktop/QtText.h"
-#include "dialogs/frmSearchDialog.h"
-#include "host/Globals.h"
+#include "addin/core/Globals.h"
+#include "addin/dialogs/frmSearchDialog.h"
+#include "addin/results/Page.h"
+#include "addin/results/PageManager.h"
+#include "addin/settings/GlobalSetting.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/shell/Desktop.h"
+#include "desktop/shell/MainWindow.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
-#include "results/Page.h"
-#include "results/PageManager.h"
-#include "services/GlobalSetting.h"
 
 namespace {
 

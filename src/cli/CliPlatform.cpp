@@ -1,17 +1,17 @@
 #include "cli/CliPlatform.h"
 
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/Utilities.h"
+#include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Diagnostics.h"
-#include "host/Globals.h"
-#include "host/Utilities.h"
-#include "host/VBIDE.h"
-#include "native/CodePages.h"
-#include "native/LibXmlDocument.h"
-#include "native/PcreRegExp.h"
-#include "services/ErrorManager.h"
-#include "services/GlobalSetting.h"
-#include "services/LanguageManager.h"
+#include "native/codepages/CodePages.h"
+#include "native/regexp/PcreRegExp.h"
+#include "native/xml/LibXmlDocument.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::cli {
 

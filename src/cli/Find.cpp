@@ -1,3 +1,7 @@
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
@@ -9,11 +13,7 @@
 #include "cli/ResultPage.h"
 #include "cli/Session.h"
 #include "cli/StylesheetFile.h"
-#include "host/Globals.h"
 #include "platform/XmlDocument.h"
-#include "search/ResultCollection.h"
-#include "services/ErrorManager.h"
-#include "services/GlobalSetting.h"
 
 namespace quorvane::cli {
 

@@ -1,13 +1,13 @@
+#include "addin/search/ProcKindName.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Session.h"
-#include "search/ProcKindName.h"
-#include "workbench/Component.h"
-#include "workbench/Module.h"
-#include "workbench/Project.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Project.h"
 
 namespace quorvane::cli {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/VBIDE.h"
-#include "search/ICondInfo.h"
+#include "addin/search/ICondInfo.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::cli {
 

@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "addin/search/PositionInfo.h"
 #include "base/Error.h"
-#include "search/PositionInfo.h"
-#include "workbench/Component.h"
-#include "workbench/Module.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Module.h"
 
 namespace quorvane::cli {
 

@@ -1,5 +1,6 @@
 #include <string>
 
+#include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
@@ -8,9 +9,8 @@
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
 #include "cli/Session.h"
-#include "search/TaskManager.h"
-#include "workbench/GroupSaver.h"
-#include "workbench/UnifiedDiff.h"
+#include "workbench/save/GroupSaver.h"
+#include "workbench/save/UnifiedDiff.h"
 
 namespace quorvane::cli {
 

@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "addin/results/ResultLineParts.h"
+#include "addin/search/PositionInfo.h"
+#include "addin/search/ResultCollection.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Json.h"
@@ -12,9 +15,6 @@
 #include "cli/Places.h"
 #include "cli/ResultPage.h"
 #include "platform/XmlDocument.h"
-#include "results/ResultLineParts.h"
-#include "search/PositionInfo.h"
-#include "search/ResultCollection.h"
 
 namespace quorvane::cli {
 

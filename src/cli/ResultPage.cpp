@@ -1,11 +1,11 @@
 #include "cli/ResultPage.h"
 
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/PositionInfo.h"
+#include "addin/search/ResultCollection.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "platform/XmlDocument.h"
-#include "search/ConditionSnap.h"
-#include "search/PositionInfo.h"
-#include "search/ResultCollection.h"
 
 namespace quorvane::cli {
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "results/FilterManager.h"
-#include "search/IPage.h"
-#include "search/TaskManager.h"
+#include "addin/results/FilterManager.h"
+#include "addin/search/IPage.h"
+#include "addin/search/TaskManager.h"
 
 namespace quorvane::cli {
 

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "addin/core/Globals.h"
+#include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Diagnostics.h"
-#include "host/Globals.h"
-#include "host/VBIDE.h"
-#include "services/GlobalSetting.h"
-#include "workbench/Module.h"
+#include "vbide/VBIDE.h"
+#include "workbench/model/Module.h"
 
 namespace quorvane::cli {
 

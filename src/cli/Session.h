@@ -5,7 +5,7 @@
 
 #include "cli/CliPlatform.h"
 #include "cli/Options.h"
-#include "workbench/Opener.h"
+#include "workbench/project/Opener.h"
 
 namespace quorvane::cli {
 

@@ -9,7 +9,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/CodePages.h"
+#include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
 
 namespace quorvane::cli {

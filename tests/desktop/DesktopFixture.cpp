@@ -6,15 +6,15 @@
 #include <QTreeWidget>
 #include <filesystem>
 
-#include "desktop/CodeArea.h"
-#include "desktop/CodeEdit.h"
-#include "desktop/CodeWindow.h"
-#include "desktop/MainWindow.h"
-#include "desktop/ProjectTree.h"
-#include "workbench/Component.h"
-#include "workbench/Module.h"
-#include "workbench/Project.h"
-#include "workbench/Workbench.h"
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeEdit.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/shell/MainWindow.h"
+#include "desktop/shell/ProjectTree.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Project.h"
+#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 

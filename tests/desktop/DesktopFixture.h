@@ -7,7 +7,7 @@
 #include <string>
 
 #include "QtFixture.h"
-#include "desktop/Desktop.h"
+#include "desktop/shell/Desktop.h"
 #include "support/TempFolder.h"
 
 class QTreeWidgetItem;

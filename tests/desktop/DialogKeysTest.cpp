@@ -4,21 +4,21 @@
 #include <QTreeWidget>
 
 #include "FormWindowsFixture.h"
+#include "addin/connect/HotkeyProxy.h"
+#include "addin/core/Globals.h"
+#include "addin/dialogs/frmCodePreview.h"
+#include "addin/dialogs/frmOption.h"
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/search/TaskManager.h"
+#include "addin/settings/GlobalSetting.h"
 #include "chordtrap/Manager.h"
-#include "desktop/MainWindow.h"
+#include "desktop/shell/MainWindow.h"
 #include "desktop/views/KeyEditorView.h"
 #include "desktop/views/TabBarView.h"
-#include "dialogs/frmCodePreview.h"
-#include "host/Globals.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
-#include "search/ConditionSnap.h"
-#include "search/ResultCollection.h"
-#include "search/TaskManager.h"
-#include "services/GlobalSetting.h"
-#include "services/HotkeyProxy.h"
-#include "services/frmOption.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -12,8 +12,8 @@
 #include <string>
 
 #include "DesktopFixture.h"
-#include "host/Globals.h"
-#include "services/LanguageManager.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -9,11 +9,11 @@
 #include <exception>
 #include <stdexcept>
 
-#include "desktop/FormWindow.h"
-#include "desktop/FormWindows.h"
-#include "desktop/MainWindow.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/shell/MainWindow.h"
 #include "desktop/views/DialogView.h"
+#include "desktop/views/FormWindow.h"
+#include "desktop/views/FormWindows.h"
 #include "desktop/views/ResultListView.h"
 #include "platform/forms/Dialog.h"
 

@@ -11,13 +11,13 @@
 
 #include "QtFixture.h"
 #include "base/Text.h"
-#include "desktop/ModuleBinding.h"
-#include "desktop/QtText.h"
-#include "native/CodePages.h"
+#include "desktop/editor/ModuleBinding.h"
+#include "desktop/platform/QtText.h"
+#include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
-#include "workbench/Module.h"
-#include "workbench/SourceFile.h"
-#include "workbench/TurnClock.h"
+#include "workbench/model/Module.h"
+#include "workbench/text/SourceFile.h"
+#include "workbench/text/TurnClock.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -13,22 +13,22 @@
 #include <string>
 
 #include "FormWindowsFixture.h"
+#include "addin/connect/Connect.h"
+#include "addin/connect/HotkeyProxy.h"
+#include "addin/connect/Updater.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/dialogs/frmOption.h"
+#include "addin/settings/GlobalSetting.h"
 #include "base/Text.h"
 #include "chordtrap/Manager.h"
-#include "desktop/AddInsMenu.h"
-#include "desktop/MainWindow.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/MainWindow.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/ResultView.h"
-#include "host/Connect.h"
-#include "host/Globals.h"
-#include "host/VBIDE.h"
 #include "platform/forms/OwnerDrawList.h"
-#include "services/GlobalSetting.h"
-#include "services/HotkeyProxy.h"
-#include "services/LanguageManager.h"
-#include "services/Updater.h"
-#include "services/frmOption.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::desktop {
 namespace {

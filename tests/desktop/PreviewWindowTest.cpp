@@ -6,13 +6,13 @@
 #include <string>
 
 #include "FormWindowsFixture.h"
-#include "desktop/MainWindow.h"
+#include "addin/core/Globals.h"
+#include "addin/dialogs/frmCodePreview.h"
+#include "addin/settings/GlobalSetting.h"
+#include "desktop/shell/MainWindow.h"
 #include "desktop/views/CodePreviewView.h"
 #include "desktop/views/ResultListView.h"
-#include "dialogs/frmCodePreview.h"
-#include "host/Globals.h"
-#include "services/GlobalSetting.h"
-#include "workbench/Module.h"
+#include "workbench/model/Module.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -9,7 +9,7 @@
 #include "QtFixture.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "desktop/QtHttpRequest.h"
+#include "desktop/platform/QtHttpRequest.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -14,10 +14,10 @@
 #include <vector>
 
 #include "QtFixture.h"
-#include "desktop/QtCanvas.h"
-#include "desktop/QtKeys.h"
-#include "desktop/QtMessageLoop.h"
-#include "desktop/QtPrompts.h"
+#include "desktop/platform/QtCanvas.h"
+#include "desktop/platform/QtKeys.h"
+#include "desktop/platform/QtMessageLoop.h"
+#include "desktop/platform/QtPrompts.h"
 
 namespace quorvane::desktop {
 namespace {

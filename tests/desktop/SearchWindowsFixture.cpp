@@ -4,20 +4,20 @@
 #include <QMenu>
 #include <QTest>
 
-#include "desktop/CodeArea.h"
-#include "desktop/CodeEdit.h"
-#include "desktop/CodeWindow.h"
-#include "desktop/FormWindow.h"
-#include "desktop/FormWindows.h"
-#include "desktop/MainWindow.h"
-#include "desktop/ToolDock.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/results/PageManager.h"
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeEdit.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/shell/MainWindow.h"
+#include "desktop/shell/ToolDock.h"
 #include "desktop/views/DialogView.h"
+#include "desktop/views/FormWindow.h"
+#include "desktop/views/FormWindows.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/ResultView.h"
-#include "host/Globals.h"
 #include "platform/forms/Forms.h"
-#include "results/PageManager.h"
-#include "services/LanguageManager.h"
 
 namespace quorvane::desktop {
 

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "DesktopFixture.h"
-#include "dialogs/frmSearchDialog.h"
-#include "results/Page.h"
-#include "results/ResultDialog.h"
+#include "addin/dialogs/frmSearchDialog.h"
+#include "addin/results/Page.h"
+#include "addin/results/ResultDialog.h"
 
 class QMenu;
 

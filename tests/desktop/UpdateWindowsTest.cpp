@@ -9,16 +9,16 @@
 
 #include "FormWindowsFixture.h"
 #include "HttpServer.h"
-#include "desktop/MainWindow.h"
-#include "desktop/QtText.h"
-#include "dialogs/frmAbout.h"
-#include "dialogs/frmProcessing.h"
-#include "host/Globals.h"
+#include "addin/core/Globals.h"
+#include "addin/dialogs/frmAbout.h"
+#include "addin/dialogs/frmOption.h"
+#include "addin/dialogs/frmProcessing.h"
+#include "addin/settings/GlobalSetting.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/shell/MainWindow.h"
 #include "platform/App.h"
 #include "platform/HttpRequest.h"
 #include "platform/Platform.h"
-#include "services/GlobalSetting.h"
-#include "services/frmOption.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -6,16 +6,16 @@
 
 #include "DesktopFixture.h"
 #include "HttpServer.h"
+#include "addin/connect/Updater.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
 #include "base/Text.h"
-#include "desktop/QtText.h"
-#include "host/Globals.h"
+#include "desktop/platform/QtText.h"
 #include "platform/App.h"
 #include "platform/HttpRequest.h"
 #include "platform/Platform.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
-#include "services/LanguageManager.h"
-#include "services/Updater.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "QtFixture.h"
-#include "desktop/VbHighlighter.h"
+#include "desktop/editor/VbHighlighter.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "DialogWorld.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/dialogs/frmAbout.h"
 #include "base/Text.h"
-#include "dialogs/frmAbout.h"
 #include "platform/forms/Forms.h"
-#include "services/LanguageManager.h"
 #include "support/TempFolder.h"
 
 namespace quorvane {

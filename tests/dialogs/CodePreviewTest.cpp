@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "addin/dialogs/frmCodePreview.h"
 #include "base/Text.h"
-#include "dialogs/frmCodePreview.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"

@@ -1,12 +1,12 @@
 #include "DialogWorld.h"
 
+#include "addin/connect/Updater.h"
+#include "addin/dialogs/RegisterDialogs.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "dialogs/RegisterDialogs.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"
-#include "services/Updater.h"
 
 namespace quorvane::test {
 

@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "addin/dialogs/frmSearchDialog.h"
+#include "addin/results/Page.h"
+#include "addin/results/PageManager.h"
+#include "addin/results/ResultDialog.h"
 #include "base/Event.h"
-#include "dialogs/frmSearchDialog.h"
 #include "platform/forms/DataObject.h"
-#include "results/Page.h"
-#include "results/PageManager.h"
-#include "results/ResultDialog.h"
 #include "support/FakeWindows.h"
 #include "support/SearchFixture.h"
 

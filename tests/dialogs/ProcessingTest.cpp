@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "addin/connect/Updater.h"
+#include "addin/dialogs/frmProcessing.h"
 #include "base/Text.h"
-#include "dialogs/frmProcessing.h"
 #include "platform/forms/Forms.h"
-#include "services/Updater.h"
 
 namespace quorvane {
 namespace {

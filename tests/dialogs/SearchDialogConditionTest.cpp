@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "addin/core/LanguageManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "services/LanguageManager.h"
 
 namespace quorvane {
 namespace {

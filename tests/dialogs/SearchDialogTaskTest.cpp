@@ -7,13 +7,13 @@
 #include <vector>
 
 #include "DialogWorld.h"
+#include "addin/core/ErrorManager.h"
+#include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
-#include "search/TaskManager.h"
-#include "services/ErrorManager.h"
 
 namespace quorvane {
 namespace {

@@ -10,15 +10,15 @@
 #include <stdexcept>
 #include <thread>
 
-#include "desktop/CodeArea.h"
-#include "desktop/CodeWindow.h"
-#include "desktop/MainWindow.h"
-#include "desktop/ProjectTree.h"
+#include "addin/search/TaskManager.h"
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/shell/MainWindow.h"
+#include "desktop/shell/ProjectTree.h"
 #include "desktop/views/DialogView.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/ResultView.h"
 #include "desktop/views/TabBarView.h"
-#include "search/TaskManager.h"
 
 namespace quorvane::desktop {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/Error.h"
-#include "native/CodePages.h"
+#include "native/codepages/CodePages.h"
 
 namespace quorvane::native {
 namespace {

@@ -4,8 +4,8 @@
 #include <csignal>
 #include <filesystem>
 
-#include "native/FaultFilter.h"
-#include "native/LocaleClock.h"
+#include "native/system/FaultFilter.h"
+#include "native/system/LocaleClock.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {

@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "base/Text.h"
-#include "native/FilePrivateProfile.h"
-#include "native/IniText.h"
+#include "native/settings/FilePrivateProfile.h"
+#include "native/settings/IniText.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "native/CodePages.h"
-#include "native/FileRegistryStore.h"
+#include "native/codepages/CodePages.h"
+#include "native/settings/FileRegistryStore.h"
 #include "platform/CodePage.h"
 #include "support/TempFolder.h"
 

@@ -11,7 +11,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/FileSettingsStore.h"
+#include "native/settings/FileSettingsStore.h"
 #include "support/ErrorOf.h"
 #include "support/TempFolder.h"
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "native/PcreRegExp.h"
+#include "native/regexp/PcreRegExp.h"
 
 namespace quorvane::native {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/PcreRegExp.h"
+#include "native/regexp/PcreRegExp.h"
 
 namespace quorvane::native {
 namespace {

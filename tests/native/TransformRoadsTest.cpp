@@ -7,8 +7,8 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/LibXmlDocument.h"
-#include "native/Stylesheet.h"
+#include "native/xml/LibXmlDocument.h"
+#include "native/xml/Stylesheet.h"
 
 namespace quorvane::native {
 namespace {

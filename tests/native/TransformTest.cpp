@@ -4,7 +4,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/LibXmlDocument.h"
+#include "native/xml/LibXmlDocument.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::native {

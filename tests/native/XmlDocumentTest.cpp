@@ -10,7 +10,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/LibXmlDocument.h"
+#include "native/xml/LibXmlDocument.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::native {

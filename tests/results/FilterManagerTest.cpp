@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "ResultWindowFixture.h"
+#include "addin/results/FilterManager.h"
+#include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "platform/XmlDocument.h"
-#include "results/FilterManager.h"
-#include "search/PositionInfo.h"
 #include "support/SearchFixture.h"
 #include "support/TempFolder.h"
 

@@ -1,5 +1,5 @@
 #include "ResultWindowFixture.h"
-#include "results/ListPainter.h"
+#include "addin/results/ListPainter.h"
 #include "support/RecordedCanvas.h"
 #include "support/SearchFixture.h"
 

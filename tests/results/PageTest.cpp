@@ -1,14 +1,14 @@
 #include "ResultWindowFixture.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/ObjStat.h"
+#include "addin/results/ListPainter.h"
+#include "addin/results/Page.h"
+#include "addin/search/ConditionSnap.h"
 #include "base/Text.h"
-#include "host/VBIDE.h"
 #include "platform/forms/Forms.h"
-#include "results/ListPainter.h"
-#include "results/Page.h"
-#include "search/ConditionSnap.h"
-#include "services/LanguageManager.h"
-#include "services/ObjStat.h"
 #include "support/ErrorOf.h"
 #include "support/SearchFixture.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

@@ -3,13 +3,13 @@
 #include <iterator>
 
 #include "ResultWindowFixture.h"
+#include "addin/results/ResultDialog.h"
 #include "base/Text.h"
-#include "host/VBIDE.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/ImageList.h"
-#include "results/ResultDialog.h"
 #include "support/SearchFixture.h"
 #include "support/TempFolder.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "addin/results/ResultLineParts.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "results/ResultLineParts.h"
 
 namespace quorvane::test {
 

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "addin/connect/Connect.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "host/Connect.h"
 #include "platform/forms/Forms.h"
 #include "support/SearchFixture.h"
-#include "workbench/HostWindows.h"
-#include "workbench/WindowTable.h"
+#include "workbench/model/HostWindows.h"
+#include "workbench/model/WindowTable.h"
 
 namespace quorvane::test {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "addin/search/PositionInfo.h"
 #include "base/Text.h"
-#include "search/PositionInfo.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {

@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/LiveCondition.h"
+#include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "host/Globals.h"
-#include "search/ConditionSnap.h"
-#include "search/PositionInfo.h"
-#include "services/LanguageManager.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
@@ -105,10 +106,11 @@ TEST_F(ConditionSnapTest, TheLiveConditionTakesItsRegionAnewEachTime) {
   OpenModule(CrLf(u"abc\ndef"));
   Setting().menumArea = gsSelection;
   Activate(u"M", {1, 1, 1, 2});
-  const auto region = Setting().PosInfo();
+  LiveCondition live;
+  const auto region = live.PosInfo();
   EXPECT_EQ(region->MatchStr(), u"a");
   Activate(u"M", {2, 1, 2, 4});
-  EXPECT_EQ(Setting().PosInfo(), region);
+  EXPECT_EQ(live.PosInfo(), region);
   EXPECT_EQ(region->MatchStr(), u"def");
 }
 

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "host/Globals.h"
 #include "search/NaiveModule.h"
-#include "search/PositionInfo.h"
-#include "services/ErrorManager.h"
 #include "support/SearchFixture.h"
-#include "workbench/HostWindow.h"
-#include "workbench/Pane.h"
+#include "workbench/model/HostWindow.h"
+#include "workbench/model/Pane.h"
 
 namespace quorvane::test {
 

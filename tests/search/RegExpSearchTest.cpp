@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "addin/search/PositionInfo.h"
 #include "base/Text.h"
-#include "host/VBIDE.h"
 #include "search/NaiveModule.h"
-#include "search/PositionInfo.h"
 #include "support/SearchFixture.h"
+#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

@@ -3,9 +3,9 @@
 #include <functional>
 #include <optional>
 
+#include "addin/search/PositionInfo.h"
 #include "base/Text.h"
 #include "search/NaiveModule.h"
-#include "search/PositionInfo.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "addin/core/ErrorManager.h"
+#include "addin/search/PositionInfo.h"
+#include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "search/PositionInfo.h"
-#include "search/TaskManager.h"
-#include "services/ErrorManager.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "native/IniText.h"
+#include "native/settings/IniText.h"
 #include "platform/PrivateProfile.h"
 
 namespace quorvane::test {

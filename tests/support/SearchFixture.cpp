@@ -1,9 +1,9 @@
 #include "support/SearchFixture.h"
 
+#include "addin/core/Globals.h"
+#include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "host/Globals.h"
-#include "search/PositionInfo.h"
 
 namespace quorvane::test {
 

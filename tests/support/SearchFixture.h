@@ -8,18 +8,18 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Globals.h"
-#include "results/FilterManager.h"
-#include "search/ConditionSnap.h"
-#include "search/IPage.h"
-#include "search/ResultCollection.h"
-#include "search/TaskManager.h"
-#include "services/GlobalSetting.h"
+#include "addin/core/Globals.h"
+#include "addin/results/FilterManager.h"
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/IPage.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/search/TaskManager.h"
+#include "addin/settings/GlobalSetting.h"
 #include "support/TestPlatform.h"
-#include "workbench/GroupBuilder.h"
-#include "workbench/Module.h"
-#include "workbench/WindowTable.h"
-#include "workbench/Workbench.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/WindowTable.h"
+#include "workbench/model/Workbench.h"
+#include "workbench/project/GroupBuilder.h"
 
 namespace quorvane::test {
 

@@ -7,12 +7,12 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/CodePages.h"
+#include "native/codepages/CodePages.h"
 #include "support/ErrorOf.h"
-#include "workbench/AddInLoader.h"
-#include "workbench/GroupBuilder.h"
-#include "workbench/HostWindows.h"
-#include "workbench/Workbench.h"
+#include "workbench/model/AddInLoader.h"
+#include "workbench/model/HostWindows.h"
+#include "workbench/model/Workbench.h"
+#include "workbench/project/GroupBuilder.h"
 
 namespace quorvane::workbench {
 namespace {

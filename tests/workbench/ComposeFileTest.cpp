@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/ComposeFile.h"
-#include "workbench/SourceFile.h"
+#include "workbench/text/ComposeFile.h"
+#include "workbench/text/SourceFile.h"
 
 namespace quorvane::workbench {
 namespace {

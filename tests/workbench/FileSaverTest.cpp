@@ -14,7 +14,7 @@
 
 #include "base/Error.h"
 #include "support/TempFolder.h"
-#include "workbench/FileSaver.h"
+#include "workbench/save/FileSaver.h"
 
 namespace quorvane::workbench {
 namespace {

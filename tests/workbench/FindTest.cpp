@@ -8,8 +8,8 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "workbench/CaseFold.h"
-#include "workbench/Module.h"
+#include "workbench/model/Module.h"
+#include "workbench/text/CaseFold.h"
 
 namespace quorvane::workbench {
 namespace {

@@ -1,18 +1,18 @@
 #include <gtest/gtest.h>
 
 #include "base/Error.h"
-#include "native/CodePages.h"
-#include "workbench/CommandButton.h"
-#include "workbench/Component.h"
-#include "workbench/GroupBuilder.h"
-#include "workbench/HostAddins.h"
-#include "workbench/HostCommandBars.h"
-#include "workbench/HostWindow.h"
-#include "workbench/HostWindows.h"
-#include "workbench/Module.h"
-#include "workbench/Pane.h"
-#include "workbench/WindowTable.h"
-#include "workbench/Workbench.h"
+#include "native/codepages/CodePages.h"
+#include "workbench/model/CommandButton.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/HostAddins.h"
+#include "workbench/model/HostCommandBars.h"
+#include "workbench/model/HostWindow.h"
+#include "workbench/model/HostWindows.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Pane.h"
+#include "workbench/model/WindowTable.h"
+#include "workbench/model/Workbench.h"
+#include "workbench/project/GroupBuilder.h"
 
 namespace quorvane::workbench {
 namespace {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/LineDiff.h"
+#include "workbench/text/LineDiff.h"
 
 namespace quorvane::workbench {
 

@@ -5,11 +5,11 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/CodePages.h"
+#include "native/codepages/CodePages.h"
 #include "support/TempFolder.h"
-#include "workbench/Component.h"
-#include "workbench/Module.h"
-#include "workbench/Opener.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Module.h"
+#include "workbench/project/Opener.h"
 
 namespace quorvane::workbench {
 namespace {

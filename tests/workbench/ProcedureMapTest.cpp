@@ -8,7 +8,7 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "workbench/Module.h"
+#include "workbench/model/Module.h"
 
 namespace quorvane::workbench {
 namespace {

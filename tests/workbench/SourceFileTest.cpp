@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/SourceFile.h"
+#include "workbench/text/SourceFile.h"
 
 namespace quorvane::workbench {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "support/TempFolder.h"
-#include "workbench/UnifiedDiff.h"
+#include "workbench/save/UnifiedDiff.h"
 
 namespace quorvane::workbench {
 namespace {

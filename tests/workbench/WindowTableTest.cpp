@@ -3,15 +3,15 @@
 #include <memory>
 #include <vector>
 
-#include "native/CodePages.h"
+#include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
 #include "support/ErrorOf.h"
-#include "workbench/GroupBuilder.h"
-#include "workbench/HostAddins.h"
-#include "workbench/HostWindow.h"
-#include "workbench/HostWindows.h"
-#include "workbench/WindowTable.h"
-#include "workbench/Workbench.h"
+#include "workbench/model/HostAddins.h"
+#include "workbench/model/HostWindow.h"
+#include "workbench/model/HostWindows.h"
+#include "workbench/model/WindowTable.h"
+#include "workbench/model/Workbench.h"
+#include "workbench/project/GroupBuilder.h"
 
 namespace quorvane::workbench {
 namespace {

@@ -6,13 +6,13 @@
 #include <QHBoxLayout>
 #include <QScrollBar>
 
-#include "desktop/Icons.h"
+#include "addin/dialogs/frmAbout.h"
+#include "desktop/platform/Icons.h"
 #include "desktop/views/ButtonView.h"
 #include "desktop/views/FrameView.h"
 #include "desktop/views/LabelView.h"
 #include "desktop/views/LinkView.h"
 #include "desktop/views/MemoView.h"
-#include "dialogs/frmAbout.h"
 
 namespace quorvane::desktop {
 

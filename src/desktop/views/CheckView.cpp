@@ -1,6 +1,6 @@
 #include "desktop/views/CheckView.h"
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/AccessKey.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/CheckBox.h"

@@ -6,9 +6,9 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
-#include "desktop/QtColor.h"
-#include "desktop/QtText.h"
-#include "dialogs/frmCodePreview.h"
+#include "addin/dialogs/frmCodePreview.h"
+#include "desktop/platform/QtColor.h"
+#include "desktop/platform/QtText.h"
 
 namespace quorvane::desktop {
 

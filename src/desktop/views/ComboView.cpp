@@ -5,7 +5,7 @@
 #include <QMimeData>
 
 #include "base/Error.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/DataObject.h"

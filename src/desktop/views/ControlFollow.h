@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "platform/forms/CaptionedControl.h"
 
 namespace quorvane::desktop {

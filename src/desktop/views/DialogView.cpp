@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "desktop/QtKeys.h"
+#include "desktop/platform/QtKeys.h"
 #include "desktop/views/CheckView.h"
 #include "desktop/views/ControlFollow.h"
 #include "desktop/views/FrameView.h"

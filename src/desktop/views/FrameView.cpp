@@ -1,6 +1,6 @@
 #include "desktop/views/FrameView.h"
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/Frame.h"
 

@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "desktop/QtKeys.h"
+#include "desktop/platform/QtKeys.h"
 
 namespace quorvane::desktop {
 

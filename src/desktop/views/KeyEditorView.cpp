@@ -10,7 +10,7 @@
 
 #include "base/Error.h"
 #include "chordtrap/ChordTrapControl.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 
 namespace quorvane::desktop {
 

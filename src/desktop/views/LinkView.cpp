@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/Label.h"
 

@@ -1,6 +1,6 @@
 #include "desktop/views/MemoView.h"
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/TextBox.h"
 

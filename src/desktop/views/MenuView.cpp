@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <memory>
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "platform/forms/Menu.h"
 
 namespace quorvane::desktop {

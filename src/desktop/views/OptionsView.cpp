@@ -5,7 +5,8 @@
 #include <QHBoxLayout>
 #include <QTabWidget>
 
-#include "desktop/QtText.h"
+#include "addin/dialogs/frmOption.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ButtonView.h"
 #include "desktop/views/ComboView.h"
 #include "desktop/views/ControlFollow.h"
@@ -16,7 +17,6 @@
 #include "desktop/views/MemoView.h"
 #include "desktop/views/SliderView.h"
 #include "desktop/views/XmlHighlighter.h"
-#include "services/frmOption.h"
 
 namespace quorvane::desktop {
 

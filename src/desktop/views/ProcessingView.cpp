@@ -3,7 +3,7 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
-#include "dialogs/frmProcessing.h"
+#include "addin/dialogs/frmProcessing.h"
 
 namespace quorvane::desktop {
 

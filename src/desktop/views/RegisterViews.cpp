@@ -1,18 +1,18 @@
 #include "desktop/views/RegisterViews.h"
 
-#include "desktop/ViewFactory.h"
+#include "addin/dialogs/frmAbout.h"
+#include "addin/dialogs/frmCodePreview.h"
+#include "addin/dialogs/frmOption.h"
+#include "addin/dialogs/frmProcessing.h"
+#include "addin/dialogs/frmSearchDialog.h"
+#include "addin/results/ResultDialog.h"
 #include "desktop/views/AboutView.h"
 #include "desktop/views/CodePreviewView.h"
 #include "desktop/views/OptionsView.h"
 #include "desktop/views/ProcessingView.h"
 #include "desktop/views/ResultView.h"
 #include "desktop/views/SearchDialogView.h"
-#include "dialogs/frmAbout.h"
-#include "dialogs/frmCodePreview.h"
-#include "dialogs/frmProcessing.h"
-#include "dialogs/frmSearchDialog.h"
-#include "results/ResultDialog.h"
-#include "services/frmOption.h"
+#include "desktop/views/ViewFactory.h"
 
 namespace quorvane::desktop {
 

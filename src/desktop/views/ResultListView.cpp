@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/QtCanvas.h"
-#include "desktop/QtKeys.h"
-#include "desktop/QtText.h"
-#include "desktop/QtWindows.h"
+#include "desktop/platform/QtCanvas.h"
+#include "desktop/platform/QtKeys.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/platform/QtWindows.h"
 #include "platform/forms/OwnerDrawList.h"
 
 namespace quorvane::desktop {

@@ -4,8 +4,9 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
-#include "desktop/QtKeys.h"
-#include "desktop/QtWindows.h"
+#include "addin/results/ResultDialog.h"
+#include "desktop/platform/QtKeys.h"
+#include "desktop/platform/QtWindows.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
@@ -14,7 +15,6 @@
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/TabControl.h"
-#include "results/ResultDialog.h"
 
 namespace quorvane::desktop {
 

@@ -3,11 +3,11 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "addin/dialogs/frmSearchDialog.h"
 #include "desktop/views/ButtonView.h"
 #include "desktop/views/ComboView.h"
 #include "desktop/views/LabelView.h"
 #include "desktop/views/StatusLabel.h"
-#include "dialogs/frmSearchDialog.h"
 
 namespace quorvane::desktop {
 

@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QToolTip>
 
-#include "desktop/QtText.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/Slider.h"
 

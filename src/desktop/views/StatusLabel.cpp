@@ -6,8 +6,8 @@
 #include <QToolTip>
 #include <utility>
 
-#include "desktop/QtKeys.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/QtKeys.h"
+#include "desktop/platform/QtText.h"
 #include "platform/forms/Label.h"
 
 namespace quorvane::desktop {

@@ -4,9 +4,9 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "desktop/Icons.h"
-#include "desktop/QtKeys.h"
-#include "desktop/QtText.h"
+#include "desktop/platform/Icons.h"
+#include "desktop/platform/QtKeys.h"
+#include "desktop/platform/QtText.h"
 #include "platform/forms/ImageList.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"

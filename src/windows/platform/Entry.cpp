@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "base/Skip.h"
-#include "services/ErrorManager.h"
+#include "addin/core/ErrorManager.h"
 
 namespace quorvane::windows {
 

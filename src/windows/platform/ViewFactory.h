@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/VBIDE.h"
+#include "vbide/VBIDE.h"
 #include "platform/forms/Form.h"
 #include "windows/platform/View.h"
 

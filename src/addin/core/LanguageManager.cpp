@@ -1,0 +1,73 @@
+#include "addin/core/LanguageManager.h"
+
+#include <limits>
+#include <memory>
+
+#include "addin/core/Globals.h"
+#include "addin/core/StringTable.h"
+#include "base/Convert.h"
+#include "base/Error.h"
+#include "base/Skip.h"
+#include "base/Text.h"
+#include "platform/App.h"
+#include "platform/Platform.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Forms.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::int32_t kResourceNotFound = 326;
+constexpr std::u16string_view kSection = u"Language Setting";
+constexpr std::u16string_view kKey = u"Language";
+
+std::int64_t EntryNumber(std::int32_t language, std::int32_t id) {
+  return std::int64_t{language} * kEntriesPerLanguage + id;
+}
+
+}  // namespace
+
+LanguageManager::LanguageManager() {
+  if (ThePlatform().Profile() == nullptr) return;
+  mobjIni.emplace();
+  mobjIni->SetINIFileName(ConfigPath());
+  const std::u16string text = mobjIni->GetIniKey(kSection, kKey, u"0");
+  try {
+    Language = ToLong(text);
+  } catch (const Error& e) {
+    throw Error(e.Number,
+                e.Description + u": " + std::u16string(kKey) + u" = \"" + text + u"\" (" + ConfigPath() + u")");
+  }
+}
+
+LanguageManager::~LanguageManager() {
+  if (!mobjIni) return;
+  SkipErrors([&] { mobjIni->WriteIniKey(kSection, kKey, ToText(Language)); });
+}
+
+std::u16string LanguageManager::GetString(std::int32_t id, const std::vector<std::u16string>& args) const {
+  const auto text = Entry(id);
+  if (!text) {
+    throw Error(kResourceNotFound, u"Resource with identifier '" + ToText(EntryNumber(Language, id)) + u"' not found");
+  }
+  return Globals::ReplaceArgs(*text, args);
+}
+
+std::optional<std::u16string_view> LanguageManager::Entry(std::int32_t id) const noexcept {
+  const std::int64_t entry = EntryNumber(Language, id);  // the file may hold any number as language
+  if (entry < 0 || entry > std::numeric_limits<std::int32_t>::max()) return {};
+  return LoadResString(static_cast<std::int32_t>(entry));
+}
+
+void LanguageManager::UpdateAllUI() const {
+  const auto open = TheForms().Open();
+  for (const std::shared_ptr<Form>& form : open) UpdateUI(form.get());
+  Changed.Raise();
+}
+
+std::u16string LanguageManager::ConfigPath() const {
+  return ThePlatform().TheApp().FileBeside(u"config.ini");
+}
+
+}  // namespace quorvane

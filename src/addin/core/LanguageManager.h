@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "addin/core/IVersionUI.h"
+#include "addin/core/IniFile.h"
+#include "base/Event.h"
+
+namespace quorvane {
+
+/// The texts that a user reads, in the language of the moment. The choice lives in "config.ini" beside the program:
+/// read when this is made, written when it goes. A platform without INI files starts in Chinese and writes nothing.
+class LanguageManager {
+ public:
+  /// Raises the conversion error for a number in the file that is none; nothing is written then.
+  LanguageManager();
+  ~LanguageManager();
+  LanguageManager(const LanguageManager&) = delete;
+  LanguageManager& operator=(const LanguageManager&) = delete;
+
+  std::int32_t Language = 0;  ///< 0 Chinese (Simplified), 1 English
+
+  /// The text of `id` (101 to 264) in the current language, with "%0", "%1" … filled from `args`. An id without a text
+  /// raises error 326.
+  std::u16string GetString(std::int32_t id, const std::vector<std::u16string>& args = {}) const;
+
+  /// The text as it stands in the table; nothing for an id without one. Allocates nothing, raises nothing.
+  std::optional<std::u16string_view> Entry(std::int32_t id) const noexcept;
+
+  /// Calls Update of an object that has captions; does nothing with any other, and with nothing.
+  template <class Object>
+  void UpdateUI(Object* obj) const {
+    if (auto* ui = dynamic_cast<IVersionUI*>(obj)) ui->Update();
+  }
+
+  /// UpdateUI for every open form, then Changed.
+  void UpdateAllUI() const;
+
+  Event<> Changed;  ///< for what has captions and is no form
+
+ private:
+  std::u16string ConfigPath() const;
+
+  std::optional<IniFile> mobjIni;  ///< nothing on a platform without INI files
+};
+
+}  // namespace quorvane

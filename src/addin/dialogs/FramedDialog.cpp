@@ -1,0 +1,7 @@
+#include "addin/dialogs/FramedDialog.h"
+
+namespace quorvane {
+
+FramedDialog::~FramedDialog() = default;
+
+}  // namespace quorvane

@@ -1,0 +1,20 @@
+#include "addin/dialogs/RegisterDialogs.h"
+
+#include "addin/dialogs/frmAbout.h"
+#include "addin/dialogs/frmCodePreview.h"
+#include "addin/dialogs/frmOption.h"
+#include "addin/dialogs/frmProcessing.h"
+#include "addin/dialogs/frmSearchDialog.h"
+#include "platform/forms/Forms.h"
+
+namespace quorvane {
+
+void RegisterDialogs() {
+  TheForms().Register(u"frmSearchDialog", [] { return std::make_shared<frmSearchDialog>(); });
+  TheForms().Register(u"frmCodePreview", [] { return std::make_shared<frmCodePreview>(); });
+  TheForms().Register(u"frmAbout", [] { return std::make_shared<frmAbout>(); });
+  TheForms().Register(u"frmProcessing", [] { return std::make_shared<frmProcessing>(); });
+  TheForms().Register(u"frmOption", [] { return std::make_shared<frmOption>(); });
+}
+
+}  // namespace quorvane

@@ -1,0 +1,172 @@
+#include "addin/dialogs/frmOption.h"
+
+#include "addin/connect/HotkeyProxy.h"
+#include "addin/connect/Updater.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/Utilities.h"
+#include "addin/settings/GlobalSetting.h"
+#include "base/Convert.h"
+#include "base/Error.h"
+#include "base/Skip.h"
+#include "base/Text.h"
+#include "chordtrap/Manager.h"
+#include "platform/Platform.h"
+#include "platform/Shell.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::u16string_view kFilterHelpPage = u"/p/vbquorvane/wiki/Options_Filter";
+constexpr std::int16_t kTicked = 1;
+
+GlobalSetting& Setting() {
+  return Deref(Globals::gobjSetting);
+}
+
+Updater& TheUpdater() {
+  return Deref(Globals::gobjUpdater);
+}
+
+chordtrap::Manager& HotkeyManager() {
+  return Deref(Deref(Globals::gobjHotkeyProxy).Manager);
+}
+
+std::u16string Text(std::int32_t id) {
+  return Globals::Language().GetString(id);
+}
+
+/// The option of that value; error 9 when the stored value is none.
+void Select(OptionGroup& group, std::int32_t value) {
+  if (value < 0 || value > std::int32_t{group.Buttons().rbegin()->first}) {
+    RaiseError(ErrorNumber::SubscriptOutOfRange);
+  }
+  group.SetValue(static_cast<std::int16_t>(value), true);
+}
+
+template <std::size_t N>
+void SetCaptions(const std::array<std::shared_ptr<OptionButton>, N>& buttons, std::int32_t firstId) {
+  for (std::size_t i = 0; i < N; ++i) buttons[i]->SetCaption(Text(firstId + static_cast<std::int32_t>(i)));
+}
+
+}  // namespace
+
+frmOption::frmOption() : FramedDialog(u"frmOption", FormBorder::FixedDialog, FormStart::CenterScreen) {
+  PlaceIn(Controls());
+  On(cmd确定->Click, [this] { Unload(); });
+  On(cmd取消->Click, [this] { Unload(); });
+  On(cmd恢复默认预览行数->Click, [this] { txt预览行数->SetText(ToText(GlobalSetting::DefaultRelativeLineCount())); });
+  On(cmd检查更新->Click, [] { TheUpdater().CheckUpdate(); });
+  On(cmd应用过滤器->Click, [this] { Setting().SetXSL(TextXsl->Text()); });
+  On(cmd重置过滤器->Click, [this] { TextXsl->SetText(GlobalSetting::DefaultXSL()); });
+  On(cmd过滤器帮助->Click, [] { ThePlatform().TheShell().OpenAddress(Updater::Url(kFilterHelpPage)); });
+  On(Slider灵敏度->Change, [this] { UpdateSensitivityText(); });
+}
+
+frmOption::~frmOption() = default;
+
+void frmOption::Form_Load() {
+  Framed([&] {
+    Globals::Language().UpdateUI(this);
+    MemToScreen();
+    ChordTrapControl1.Attach(HotkeyManager());
+    SSTab设定->SetTab(kGeneralTab);
+  });
+}
+
+void frmOption::Form_Unload(bool&) {
+  SkipErrors([&] { ChordTrapControl1.Detach(); });
+  SkipErrors([&] {
+    if (cmd确定->Value()) {
+      ScreenToMem();
+    } else {
+      HotkeyManager().Revert();
+    }
+  });
+  SkipErrors([] { HotkeyManager().EndEdit(); });  // a load that fails begins none, and its end must revert none
+}
+
+void frmOption::MemToScreen() {
+  const GlobalSetting& setting = Setting();
+  Select(optInterval, TheUpdater().menumUpdateInterval);
+  Select(optAutoHideSearchDlg, setting.menumAutoHideSearchDlg);
+  txt预览行数->SetText(ToText(setting.mintRelativeLineCount));
+  TextXsl->SetText(setting.XSL());
+  Select(opt默认搜索位置, setting.menumDefaultSearchTo);
+  chk定位时将代码窗口最大化->SetValue(setting.mblnMaximizeWhenLocate ? kTicked : 0);
+  Slider灵敏度->SetValue(TheUpdater().menumSensibility);
+  Combo语言->SetListIndex(Globals::Language().Language);
+  UpdateSensitivityText();
+}
+
+void frmOption::ScreenToMem() {
+  GlobalSetting& setting = Setting();
+  const Utilities& utilities = Deref(Globals::gobjUtilities);
+  setting.mintRelativeLineCount = ToInteger(txt预览行数->Text());
+  TheUpdater().menumUpdateInterval = utilities.GetOptionIndex(optInterval);
+  setting.menumAutoHideSearchDlg = utilities.GetOptionIndex(optAutoHideSearchDlg);
+  setting.SetXSL(TextXsl->Text());
+  setting.menumDefaultSearchTo = utilities.GetOptionIndex(opt默认搜索位置);
+  setting.mblnMaximizeWhenLocate = chk定位时将代码窗口最大化->Value() == kTicked;
+  TheUpdater().menumSensibility = Slider灵敏度->Value();
+  LanguageManager& language = Globals::Language();
+  const std::int32_t chosen = Combo语言->ListIndex();
+  if (chosen < 0 || chosen == language.Language) return;  // nothing is picked when the load has failed
+  language.Language = chosen;
+  language.UpdateAllUI();
+}
+
+void frmOption::UpdateSensitivityText() {
+  const std::int32_t position = Slider灵敏度->Value();
+  if (position >= 0 && position <= 2) {
+    lbl灵敏度->SetCaption(Text(205 + 2 * position));
+    Slider灵敏度->SetText(Text(206 + 2 * position));
+  }
+  lbl灵敏度->SetToolTipText(Slider灵敏度->Text());
+}
+
+void frmOption::Update() {
+  SetCaption(Text(218));
+  UpdateGeneralTab();
+  UpdateOtherTabs();
+  cmd确定->SetCaption(Text(153));
+  cmd取消->SetCaption(Text(154));
+}
+
+void frmOption::UpdateGeneralTab() {
+  SSTab设定->SetTabCaption(kGeneralTab, Text(123));
+  Frame代码预览->SetCaption(Text(132));
+  lbl预览行数->SetCaption(Text(133));
+  cmd恢复默认预览行数->SetCaption(Text(134));
+  Frame更新->SetCaption(Text(124));
+  Frame自动检查更新->SetCaption(Text(125));
+  SetCaptions(optIntervalButtons, 126);
+  cmd检查更新->SetCaption(Text(131));
+  Frame自动隐藏搜索框->SetCaption(Text(135));
+  SetCaptions(optAutoHideSearchDlgButtons, 136);
+  Frame默认搜索位置->SetCaption(Text(139));
+  SetCaptions(opt默认搜索位置Buttons, 140);
+  Frame定位选项->SetCaption(Text(143));
+  chk定位时将代码窗口最大化->SetCaption(Text(144));
+}
+
+void frmOption::UpdateOtherTabs() {
+  SSTab设定->SetTabCaption(kFilterTab, Text(145));
+  cmd应用过滤器->SetCaption(Text(146));
+  cmd重置过滤器->SetCaption(Text(147));
+  cmd过滤器帮助->SetCaption(Text(148));
+  SSTab设定->SetTabCaption(kHotkeyTab, Text(149));
+  ChordTrapControl1.FunctionCaption = Text(259);
+  ChordTrapControl1.HotkeyCaption = Text(150);
+  ChordTrapControl1.AddCaption = Text(151);
+  ChordTrapControl1.RemoveCaption = Text(152);
+  ChordTrapControl1.Changed.Raise();
+  SSTab设定->SetTabCaption(kLanguageTab, Text(260));
+  Frame选择语言->SetCaption(Text(261));
+  Combo语言->Clear();
+  Combo语言->AddItem(Text(262));
+  Combo语言->AddItem(Text(263));
+}
+
+}  // namespace quorvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "addin/search/IPage.h"
+#include "platform/NativeWindows.h"
+
+namespace quorvane {
+
+class Control;
+class FilterManager;
+class Tab;
+class TaskManager;
+
+/// A page as the tabs, the dialogs and the hotkeys see it.
+class IResultPage : public IPage {
+ public:
+  /// mstrKey: the key under which the page stands in PageCollection.
+  virtual std::u16string Key() const = 0;
+  virtual void SetKey(const std::u16string& key) = 0;
+
+  /// mobjTask: runs this page's tasks; nothing behind TearDown.
+  virtual std::shared_ptr<TaskManager> Task() const = 0;
+  /// mobjFilter: the result document; nothing behind TearDown.
+  virtual std::shared_ptr<FilterManager> Filter() const = 0;
+  /// Window of the list; 0 while it is not shown. Error 91 behind TearDown.
+  virtual WindowHandle ListHWnd() const = 0;
+  /// mobjPanel: the container of the page's controls; nothing behind TearDown.
+  virtual std::shared_ptr<Control> Panel() const = 0;
+
+  /// Makes the controls and the engines of the page, for the new tab.
+  virtual void Setup(const std::shared_ptr<Tab>& theTab) = 0;
+  /// Ends what Setup began; raises nothing.
+  virtual void TearDown() = 0;
+
+  virtual void UpdateStatus() = 0;
+  virtual void LocateNextResult() = 0;
+  virtual void LocatePrevResult() = 0;
+  virtual void ProcessKeyDown(std::int16_t keyCode, std::int16_t shift) = 0;
+  virtual void Reset() = 0;
+  virtual bool CanRefresh() const = 0;
+  virtual void RefreshResult() = 0;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,292 @@
+#include "addin/results/Page.h"
+
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/ObjStat.h"
+#include "addin/core/Utilities.h"
+#include "addin/results/FilterManager.h"
+#include "addin/results/Guarded.h"
+#include "addin/results/ICodePreview.h"
+#include "addin/results/IResultListDoc.h"
+#include "addin/results/ListPainter.h"
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/PositionInfo.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/search/TaskManager.h"
+#include "base/Error.h"
+#include "base/FlagScope.h"
+#include "base/Skip.h"
+#include "base/Text.h"
+#include "platform/forms/Controls.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Forms.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Tab.h"
+#include "vbide/VBIDE.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::int16_t kEscape = 27;
+constexpr std::int16_t kEnter = 13;
+constexpr std::int16_t kRightButton = 2;
+constexpr std::int32_t kSearchBit = 1;
+
+// Texts of the status line.
+constexpr std::int32_t kModules = 186;
+constexpr std::int32_t kMatches = 187;
+constexpr std::int32_t kShown = 188;
+
+// Layout, in twips.
+constexpr std::int32_t kLabelLeft = 100;
+constexpr std::int32_t kLabelTop = 50;
+constexpr std::int32_t kLabelHeight = 285;
+constexpr std::int32_t kLabelSides = 955;
+constexpr std::int32_t kListTop = 285;
+constexpr std::int32_t kListSides = 300;
+
+IResultListDoc& Doc() {
+  return Deref(Globals::gobjResultDoc);
+}
+
+/// A visible control of the document.
+template <class T>
+std::shared_ptr<T> AddControl(std::u16string_view progId, const std::u16string& name) {
+  const auto control = std::dynamic_pointer_cast<T>(Doc().Controls().Add(progId, name));
+  Deref(control).SetVisible(true);
+  return control;
+}
+
+void RemoveControl(const std::shared_ptr<Control>& control) {
+  Doc().Controls().Remove(Deref(control).Name());
+}
+
+}  // namespace
+
+Page::Page() {
+  ObjStat::AddObject(this);
+}
+
+Page::~Page() {
+  ObjStat::RemoveObject(this);
+}
+
+void Page::Setup(const std::shared_ptr<Tab>& theTab) {
+  AddControls(Deref(theTab).Key());
+  mobjTab = theTab;
+  mobjTab->SetPanel(mobjPanel);
+  mobjCondSnap = std::make_shared<ConditionSnap>();
+  mcolResult = std::make_shared<ResultCollection>();
+  mobjTask = std::make_shared<TaskManager>();
+  mobjFilter = std::make_shared<FilterManager>();
+  mobjListPainter = std::make_shared<ListPainter>();
+  mobjCondSnap->Setup(*this);
+  mcolResult->Setup(*this);
+  mobjTask->Setup(*this);
+  mobjFilter->Setup(*this);
+  mobjListPainter->Setup(*this);
+  Listen();
+}
+
+void Page::AddControls(const std::u16string& key) {
+  mobjPanel = AddControl<PictureBox>(u"VB.PictureBox", u"mobjPanel" + key);
+  mobjLabel = AddControl<Label>(u"VB.Label", u"mobjLabel" + key);
+  mobjLabel->SetContainer(mobjPanel);
+  mlstResultList = AddControl<OwnerDrawList>(u"ODCboLst6QVN.OwnerDrawComboList", u"mlstResultList" + key);
+  mlstResultList->SetContainer(mobjPanel);
+}
+
+void Page::Listen() {
+  onAdd_ = mobjFilter->OnAdd.Subscribe([this](const auto& line, std::int32_t id) { mobjFilter_OnAdd(line, id); });
+  onClear_ = mobjFilter->OnClear.Subscribe([this] { Guarded([this] { mobjFilter_OnClear(); }); });
+  onRefresh_ = mobjFilter->OnRefresh.Subscribe([this] { Guarded([this] { mobjFilter_OnRefresh(); }); });
+  onTaskBegin_ = mobjTask->TaskBegin.Subscribe([this](std::int32_t taskType) { mobjTask_TaskBegin(taskType); });
+  onResize_ = mobjPanel->Resize.Subscribe([this] { mobjPanel_Resize(); });
+  const auto mouseDown = [this](std::int16_t button, auto...) { Guarded([&] { MouseDown(button); }); };
+  onLabelMouseDown_ = mobjLabel->MouseDown.Subscribe(mouseDown);
+  onListMouseDown_ = mlstResultList->MouseDown.Subscribe(mouseDown);
+  onListMouseMove_ = mlstResultList->MouseMove.Subscribe(
+      [this](auto, auto, float x, float y) { Guarded([&] { mlstResultList_MouseMove(x, y); }); });
+  onListKeyDown_ = mlstResultList->KeyDown.Subscribe(
+      [this](std::int16_t keyCode, std::int16_t shift) { Guarded([&] { ProcessKeyDown(keyCode, shift); }); });
+  onListDblClick_ = mlstResultList->DblClick.Subscribe([this] { Guarded([this] { LocateSelected(); }); });
+}
+
+void Page::TearDown() {
+  const auto self = shared_from_this();
+  if (mobjTask && mobjTask->Running()) mobjTask->mblnCancel = true;  // it ends at its next yield, in silence
+  SkipErrors([this] { RemoveControl(mobjLabel); });
+  SkipErrors([this] { RemoveControl(mlstResultList); });
+  SkipErrors([this] { RemoveControl(mobjPanel); });
+  SkipErrors([this] { Deref(mobjTask).TearDown(); });
+  SkipErrors([this] { Deref(mobjFilter).TearDown(); });
+  SkipErrors([this] { Deref(mcolResult).TearDown(); });
+  SkipErrors([this] { Deref(mobjListPainter).TearDown(); });
+  SkipErrors([this] { Deref(mobjCondSnap).TearDown(); });
+  for (Subscription* subscription : {&onAdd_, &onClear_, &onRefresh_, &onTaskBegin_, &onResize_, &onLabelMouseDown_,
+                                     &onListMouseDown_, &onListMouseMove_, &onListKeyDown_, &onListDblClick_}) {
+    subscription->Reset();
+  }
+  mlstResultList.reset();
+  mobjPanel.reset();
+  mobjLabel.reset();
+  mobjTask.reset();
+  mcolResult.reset();
+  mobjFilter.reset();
+  mobjListPainter.reset();
+  mobjCondSnap.reset();
+  lastPreviewed_.reset();
+}
+
+/// The top of an event: its failure is shown and goes no further. The event may close the page.
+template <class Body>
+void Page::Guarded(Body body) {
+  const auto self = shared_from_this();
+  quorvane::Guarded(body);
+}
+
+WindowHandle Page::ListHWnd() const {
+  return Deref(mlstResultList).hWnd();
+}
+
+std::shared_ptr<Control> Page::Panel() const {
+  return mobjPanel;
+}
+
+void Page::SetTabCaption(const std::u16string& caption) {
+  Deref(mobjTab).SetCaption(caption);
+}
+
+quorvane::Controls& Page::Controls() const {
+  return Doc().Controls();
+}
+
+void Page::AddListItem(const std::u16string& line, std::int32_t id) {
+  if (!TrimBlanks(line).empty()) Deref(mlstResultList).AddItem(line, id);
+  UpdateStatus();
+}
+
+void Page::UpdateStatus() {
+  if (!mblnHasResult) return;
+  const LanguageManager& language = Globals::Language();
+  const std::int32_t matches = Deref(mcolResult).Count();
+  Deref(mobjLabel).SetCaption(language.GetString(kModules) + ToText(mcolResult->ModuleCount()) +
+                              language.GetString(kMatches) + ToText(matches) + language.GetString(kShown) +
+                              ToText(Deref(mlstResultList).ListCount()) + u" " + Deref(mobjCondSnap).Description());
+  vbide::Window& toolWindow = Deref(Globals::gobjToolWindow);
+  if (!toolWindow.Visible() && matches > 0) toolWindow.SetVisible(true);
+  Deref(mobjTab).SetToolTipText(mobjLabel->Caption());
+}
+
+void Page::LocateSelected() {
+  OwnerDrawList& list = Deref(mlstResultList);
+  if (list.ListIndex() < 0) return;
+  const std::shared_ptr<PositionInfo> match = Deref(mcolResult).Item(list.ItemData(list.ListIndex()));
+  match->Show();
+}
+
+void Page::LocateNextResult() {
+  if (locatingNext_) return;
+  const auto self = shared_from_this();
+  const FlagScope way(locatingNext_);
+  OwnerDrawList& list = Deref(mlstResultList);
+  const std::int32_t next = list.ListIndex() + 1;
+  if (next < list.ListCount()) list.SetListIndex(next);
+  LocateSelected();
+}
+
+void Page::LocatePrevResult() {
+  if (locatingPrev_) return;
+  const auto self = shared_from_this();
+  const FlagScope way(locatingPrev_);
+  OwnerDrawList& list = Deref(mlstResultList);
+  const std::int32_t previous = list.ListIndex() - 1;
+  if (previous >= 0) list.SetListIndex(previous);
+  LocateSelected();
+}
+
+void Page::ProcessKeyDown(std::int16_t keyCode, std::int16_t) {
+  if (keyCode == kEscape) Deref(Globals::gobjToolWindow).SetVisible(false);
+  if (keyCode == kEnter) LocateSelected();
+}
+
+void Page::Reset() {
+  ClearList();
+  Deref(mobjLabel).SetCaption({});
+  Deref(mobjTab).SetCaption(mobjTab->Key());
+  mblnHasResult = false;
+  mblnCanRefresh = false;
+}
+
+void Page::ClearList() {
+  Deref(mlstResultList).Clear();
+}
+
+void Page::RefreshResult() {
+  const auto self = shared_from_this();
+  const std::shared_ptr<TaskManager> task = mobjTask;
+  if (Deref(task).Running()) return;  // a hotkey comes through then too, and a run within a run doubles matches
+  task->Run(kTaskRepeatSearch);
+}
+
+void Page::mobjFilter_OnAdd(const std::u16string& line, std::int32_t id) {
+  const auto self = shared_from_this();
+  try {
+    AddListItem(line, id);
+  } catch (...) {
+    Deref(Globals::gobjErrorManager).ShowErr();
+    UpdateStatus();
+  }
+}
+
+void Page::mobjFilter_OnClear() {
+  ClearList();
+  Deref(mobjListPainter).ResetScroll();
+  UpdateStatus();
+}
+
+void Page::mobjFilter_OnRefresh() {
+  Deref(mobjFilter).Refresh(*this);
+  UpdateStatus();
+}
+
+void Page::mobjTask_TaskBegin(std::int32_t taskType) {
+  if ((taskType & kSearchBit) == 0) return;
+  mblnHasResult = true;
+  mblnCanRefresh = true;
+}
+
+void Page::mobjPanel_Resize() {
+  const std::int32_t width = mobjPanel->Width();
+  mobjLabel->Move(kLabelLeft, kLabelTop, width - kLabelSides, kLabelHeight);
+  mlstResultList->Move(0, kListTop, width, mobjPanel->Height() - kListSides);
+}
+
+void Page::MouseDown(std::int16_t button) {
+  if (button == kRightButton) Doc().PopupMenu();
+}
+
+void Page::mlstResultList_MouseMove(float x, float y) {
+  if (!Doc().ShowPreview()) return;
+  PreviewIndex(Deref(Globals::gobjUtilities).GetListIndex(ListHWnd(), x, y));
+}
+
+void Page::PreviewIndex(std::int32_t index) {
+  OwnerDrawList& list = Deref(mlstResultList);
+  if (index < 0 || index >= list.ListCount()) return;
+  const std::int32_t id = list.ItemData(index);
+  if (id > Deref(mcolResult).Count() || id <= 0) return;
+  const std::shared_ptr<PositionInfo> pi = mcolResult->Item(id);
+  const std::shared_ptr<Form> form = TheForms().Instance(u"frmCodePreview");
+  if (pi == lastPreviewed_ && !(list.ListCount() == 1 && !form->Visible())) return;
+  ICodePreview& preview = Deref(std::dynamic_pointer_cast<ICodePreview>(form));
+  preview.Update(pi, Deref(mobjCondSnap));
+  preview.UpdatePreviewPos();
+  lastPreviewed_ = pi;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,245 @@
+#include "addin/search/PositionInfo.h"
+
+#include <algorithm>
+
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/ObjStat.h"
+#include "addin/core/Utilities.h"
+#include "addin/search/OffsetIndex.h"
+#include "addin/search/ProcKindName.h"
+#include "addin/settings/GlobalSetting.h"
+#include "base/Checked.h"
+#include "base/Text.h"
+#include "platform/CodePage.h"
+#include "platform/MessageLoop.h"
+#include "platform/Platform.h"
+#include "vbide/VBIDE.h"
+
+namespace quorvane {
+
+namespace {
+constexpr std::int32_t kMaximized = 2;
+constexpr std::int32_t kLineBreak = 2;  // CR LF
+}  // namespace
+
+PositionInfo::PositionInfo() {
+  ObjStat::AddObject(this);
+}
+PositionInfo::~PositionInfo() {
+  ObjStat::RemoveObject(this);
+}
+
+vbide::CodeModule& PositionInfo::Code() const {
+  return Deref(mobjCodeObject);
+}
+
+std::u16string PositionInfo::LineText(std::int32_t y) const {
+  return Code().Lines(y, 1);
+}
+
+std::int32_t PositionInfo::ScreenX1() const {
+  return XToScreenX(mlngX1, LineText(mlngY1));
+}
+
+std::int32_t PositionInfo::ScreenX2() const {
+  return XToScreenX(mlngX2, LineText(mlngY2));
+}
+
+void PositionInfo::SetScreenX1(std::int32_t column) {
+  mlngX1 = ScreenXToX(column, LineText(mlngY1));
+}
+
+void PositionInfo::SetScreenX2(std::int32_t column) {
+  mlngX2 = ScreenXToX(column, LineText(mlngY2));
+}
+
+std::int32_t PositionInfo::XToScreenX(std::int32_t x, std::u16string_view s) {
+  const CodePage& page = ThePlatform().AnsiCodePage();
+  const auto limit = static_cast<std::size_t>(std::max(Checked16(x) - 1, 0));
+  std::int32_t column = 1;
+  for (const char16_t c : s.substr(0, limit)) column = Checked16(column + (page.IsWide(c) ? 2 : 1));
+  return column;
+}
+
+std::int32_t PositionInfo::ScreenXToX(std::int32_t sx, std::u16string_view s) {
+  const CodePage& page = ThePlatform().AnsiCodePage();
+  const std::int32_t limit = Checked16(sx);
+  std::int32_t column = 1;
+  std::size_t i = 0;
+  for (; i < s.size() && column < limit; ++i) column = Checked16(column + (page.IsWide(s[i]) ? 2 : 1));
+  return Checked16(static_cast<std::int64_t>(i) + 1);
+}
+
+std::int32_t PositionInfo::Offset(std::int32_t baseLine, std::int32_t y, std::int32_t x) const {
+  const std::int32_t above = Checked32(std::int64_t{y} - baseLine);
+  if (above < 1) return x;
+  const auto length = static_cast<std::int64_t>(Code().Lines(baseLine, above).size());
+  return Checked32(length + x + kLineBreak);
+}
+
+std::int32_t PositionInfo::StartPos(std::int32_t baseLine) const {
+  return Offset(baseLine, mlngY1, mlngX1);
+}
+
+std::int32_t PositionInfo::EndPos(std::int32_t baseLine) const {
+  return Offset(baseLine, mlngY2, mlngX2);
+}
+
+void PositionInfo::SetStartPos(std::int32_t baseLine, std::int32_t pos) {
+  OffsetIndex index;
+  SetStartPos(baseLine, pos, index);
+}
+
+void PositionInfo::SetStartPos(std::int32_t baseLine, std::int32_t pos, OffsetIndex& index) {
+  const TextPlace place = index.Locate(Code(), baseLine, pos);
+  mlngY1 = place.Y;
+  mlngX1 = place.X;
+}
+
+void PositionInfo::SetEndPos(std::int32_t baseLine, std::int32_t pos) {
+  OffsetIndex index;
+  SetEndPos(baseLine, pos, index);
+}
+
+void PositionInfo::SetEndPos(std::int32_t baseLine, std::int32_t pos, OffsetIndex& index) {
+  const TextPlace place = index.Locate(Code(), baseLine, pos);
+  mlngY2 = place.Y;
+  mlngX2 = place.X;
+}
+
+std::u16string PositionInfo::MatchStr() const {
+  std::u16string text = Code().Lines(mlngY1, Checked32(std::int64_t{mlngY2} - mlngY1 + 1));
+  const std::int32_t start = StartPos(mlngY1);
+  const std::int64_t length = std::int64_t{EndPos(mlngY1)} - start;
+  if (start < 1 || length < 0) RaiseError(ErrorNumber::InvalidProcedureCall);
+  const auto begin = static_cast<std::size_t>(start) - 1;
+  if (begin >= text.size()) return {};
+  text.resize(std::min(text.size(), begin + static_cast<std::size_t>(length)));
+  text.erase(0, begin);
+  return text;
+}
+
+std::int32_t PositionInfo::GetLineCount(std::u16string_view s) {
+  return Checked32(std::count(s.begin(), s.end(), u'\n') + std::int64_t{1});
+}
+
+std::shared_ptr<vbide::VBComponent> PositionInfo::component() const {
+  return Code().Parent();
+}
+
+std::shared_ptr<vbide::VBProject> PositionInfo::project() const {
+  return Deref(Deref(component()).Collection()).Parent();
+}
+
+std::u16string PositionInfo::ProcType() const {
+  vbide::ProcKind kind = vbide::ProcKind::Proc;
+  Code().ProcOfLine(mlngY1, kind);
+  return std::u16string(ProcKindName(kind));
+}
+
+std::u16string PositionInfo::ProcName() const {
+  vbide::ProcKind kind = vbide::ProcKind::Proc;
+  std::u16string name = Code().ProcOfLine(mlngY1, kind);
+  return name.empty() ? u"(Declarations)" : name;
+}
+
+std::u16string PositionInfo::line() const {
+  return LineText(mlngY1);
+}
+
+void PositionInfo::Show() const {
+  const auto pane = Code().CodePane();
+  Deref(pane).SetSelection({mlngY1, ScreenX1(), mlngY2, ScreenX2()});
+  pane->Show();
+  const auto window = pane->Window();
+  if (Deref(Globals::gobjSetting).mblnMaximizeWhenLocate) Deref(window).SetWindowState(kMaximized);
+  Deref(Globals::gobjUtilities).ActivateCodeWindow(Deref(window));
+  ThePlatform().Loop().DoEvents();
+}
+
+std::int32_t PositionInfo::RelativeStartLine(std::int32_t rlc) const {
+  return std::max(Checked32(std::int64_t{mlngY1} - rlc), 1);
+}
+
+std::u16string PositionInfo::RelativeText(std::optional<std::int32_t> rlc) const {
+  const std::int32_t around = rlc.value_or(SettingRelativeLineCount());
+  const std::int64_t count = 2 * std::int64_t{around} + mlngY2 - mlngY1 + 1;
+  return Code().Lines(RelativeStartLine(around), Checked32(count));
+}
+
+std::int32_t PositionInfo::RelativeMatchStartPos(std::optional<std::int32_t> rlc) const {
+  return StartPos(RelativeStartLine(rlc.value_or(SettingRelativeLineCount())));
+}
+
+std::int32_t PositionInfo::RelativeMatchEndPos(std::optional<std::int32_t> rlc) const {
+  return EndPos(RelativeStartLine(rlc.value_or(SettingRelativeLineCount())));
+}
+
+void PositionInfo::GetSelection(const vbide::CodePane& pane) {
+  mobjCodeObject = pane.CodeModule();
+  const vbide::Selection selection = pane.GetSelection();
+  mlngY1 = selection.StartLine;
+  mlngY2 = selection.EndLine;
+  SetScreenX1(selection.StartColumn);
+  SetScreenX2(selection.EndColumn);
+}
+
+void PositionInfo::GetProcedure(const vbide::CodePane& pane) {
+  GetSelection(pane);
+  vbide::CodeModule& code = Code();
+  if (mlngY1 > code.CountOfDeclarationLines()) {
+    vbide::ProcKind kind = vbide::ProcKind::Proc;
+    const std::u16string name = code.ProcOfLine(mlngY1, kind);
+    mlngY1 = code.ProcStartLine(name, kind);
+    mlngX1 = 1;
+    mlngY2 = Checked32(std::int64_t{mlngY1} + code.ProcCountLines(name, kind) - 1);
+  } else {
+    mlngY1 = 1;
+    mlngX1 = 1;
+    mlngY2 = code.CountOfDeclarationLines();
+  }
+  EndAtLineEnd();
+}
+
+void PositionInfo::GetAllCode(const std::shared_ptr<vbide::CodeModule>& code) {
+  mobjCodeObject = code;
+  mlngY1 = 1;
+  mlngX1 = 1;
+  mlngY2 = Code().CountOfLines();
+  EndAtLineEnd();
+}
+
+void PositionInfo::EndAtLineEnd() {
+  mlngX2 = Checked32(static_cast<std::int64_t>(LineText(mlngY2).size()) + kLineBreak);
+}
+
+void PositionInfo::GetSelInfo(gsArea area) {
+  if (area != gsCurModule && area != gsCurProcedure && area != gsSelection) return;
+  CheckActiveCodePane();
+  const auto pane = ActivePane();
+  if (area == gsCurModule) GetAllCode(pane->CodeModule());
+  if (area == gsCurProcedure) GetProcedure(*pane);
+  if (area == gsSelection) GetSelection(*pane);
+}
+
+void PositionInfo::CheckActiveCodePane() const {
+  if (ActivePane()) return;
+  Deref(Globals::gobjErrorManager).Raise(kErrNoCodePane, Globals::Language().GetString(246));
+}
+
+void PositionInfo::TearDown() {
+  mobjCodeObject.reset();
+  mobjParent = nullptr;
+}
+
+std::int16_t PositionInfo::SettingRelativeLineCount() {
+  return Deref(Globals::gobjSetting).mintRelativeLineCount;
+}
+
+std::shared_ptr<vbide::CodePane> PositionInfo::ActivePane() {
+  return Deref(Globals::gobjVBE).ActiveCodePane();
+}
+
+}  // namespace quorvane

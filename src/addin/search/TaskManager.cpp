@@ -1,0 +1,162 @@
+#include "addin/search/TaskManager.h"
+
+#include "addin/core/ErrBuffer.h"
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/core/ObjStat.h"
+#include "addin/core/Utilities.h"
+#include "addin/search/ConditionSnap.h"
+#include "addin/search/IPage.h"
+#include "addin/search/PositionInfo.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/settings/GlobalSetting.h"
+#include "base/Error.h"
+#include "platform/MessageLoop.h"
+#include "platform/Platform.h"
+#include "platform/RegExp.h"
+#include "vbide/VBIDE.h"
+
+namespace quorvane {
+
+namespace {
+constexpr std::int32_t kFindBit = 1;
+constexpr std::int32_t kReplaceBit = 2;
+}  // namespace
+
+TaskManager::TaskManager() {
+  ObjStat::AddObject(this);
+}
+TaskManager::~TaskManager() {
+  ObjStat::RemoveObject(this);
+}
+
+GlobalSetting& TaskManager::Setting() const {
+  return Deref(Globals::gobjSetting);
+}
+
+void TaskManager::Setup(IPage& p) {
+  mobjParent = &p;
+  mcolResult = p.Result();
+  mobjCondSnap = p.CondSnap();
+}
+
+void TaskManager::TearDown() {
+  mobjParent = nullptr;
+  mcolResult.reset();
+  mobjCondSnap.reset();
+}
+
+void TaskManager::Run(std::int32_t tt) {
+  const std::shared_ptr<ConditionSnap> kept = mobjCondSnap;  // mobjCond points at it, also behind a TearDown
+  try {
+    mblnRunning = true;
+    mblnCancel = false;
+    mlngTaskType = tt;
+    TaskBegin.Raise(tt);
+    if (tt == kTaskSearch) Deref(mobjCondSnap).TakeSnap();
+    mobjCond = tt == kTaskReplaceAll ? static_cast<ICondInfo*>(&live_) : mobjCondSnap.get();
+    if ((tt & kFindBit) != 0) Deref(mcolResult).Clear();
+    ScanArea();
+  } catch (...) {
+    ErrBuffer error;
+    error.Save();
+    mblnRunning = false;
+    TaskDone.Raise(tt);
+    error.Raise();
+  }
+  mblnRunning = false;
+  TaskDone.Raise(tt);
+}
+
+void TaskManager::ScanArea() {
+  const auto components = [](const vbide::VBProject& project) { return Deref(project.VBComponents()).Items(); };
+  switch (Deref(mobjCond).Area()) {
+    case gsCurModule:
+    case gsCurProcedure:
+    case gsSelection: {
+      const auto region = mobjCond->PosInfo();
+      ScanModule(Deref(region));
+      break;
+    }
+    case gsCurProject: {
+      PositionInfo pos;
+      if (const auto project = Deref(Globals::gobjVBE).ActiveVBProject()) ScanComponents(pos, components(*project));
+      break;
+    }
+    case gsAllProjects: {
+      PositionInfo pos;
+      for (const auto& project : Deref(Globals::gobjVBE).VBProjects()) ScanComponents(pos, components(*project));
+      break;
+    }
+  }
+}
+
+template <class Components>
+void TaskManager::ScanComponents(PositionInfo& pos, const Components& components) {
+  for (const auto& component : components) {
+    if (!Deref(Globals::gobjUtilities).IsNormalComp(*component)) continue;
+    pos.GetAllCode(component->CodeModule());
+    ScanModule(pos);
+  }
+}
+
+void TaskManager::ScanModule(PositionInfo& pos) {
+  OnScanModule.Raise(Deref(pos.component()).Name());
+  const bool replace = (mlngTaskType & kReplaceBit) != 0;
+  const bool find = (mlngTaskType & kFindBit) != 0;
+  if (mobjCond->Mode() == gsRegular) {
+    if (replace) {
+      ReplaceRegExp(pos);
+    } else if (find) {
+      ScanRegExp(pos);
+    }
+  } else if (replace) {
+    Deref(Globals::gobjErrorManager).Raise(kErrReplaceMode, Globals::Language().GetString(241));
+  } else if (find) {
+    ScanFind(pos);
+  }
+}
+
+void TaskManager::ScanFind(PositionInfo& pos) {
+  const std::int32_t limit = pos.ScreenX2();
+  vbide::Selection range{pos.mlngY1, pos.ScreenX1(), pos.mlngY2, limit};
+  for (;;) {
+    const bool found = Deref(pos.mobjCodeObject)
+                           .Find(mobjCond->SearchStr(), range, mobjCond->WholeWord(), mobjCond->MatchCase(),
+                                 mobjCond->Mode() == gsPattern);
+    if (!found) return;
+    if (range.EndLine > pos.mlngY2 || (range.EndLine == pos.mlngY2 && range.EndColumn > limit)) return;
+    const auto match = std::make_shared<PositionInfo>();
+    match->mobjCodeObject = pos.mobjCodeObject;
+    match->mlngY1 = range.StartLine;
+    match->mlngY2 = range.EndLine;
+    match->SetScreenX1(range.StartColumn);
+    match->SetScreenX2(range.EndColumn);
+    Take(match);
+    range = {range.EndLine, range.EndColumn, pos.mlngY2, limit};
+    if (range.StartLine == range.EndLine && range.StartColumn == range.EndColumn) return;
+  }
+}
+
+void TaskManager::Take(const std::shared_ptr<PositionInfo>& match) {
+  if (IsWanted(*match)) Deref(mcolResult).Add(match);
+  CheckCancel();
+}
+
+void TaskManager::CheckCancel() {
+  ThePlatform().Loop().DoEvents();
+  Query.Raise(mblnCancel);
+  if (mblnCancel) Deref(Globals::gobjErrorManager).Raise(kErrUserCanceled, Globals::Language().GetString(242));
+}
+
+RegExp& TaskManager::Prepared(std::unique_ptr<RegExp>& regExp, bool multiline) {
+  if (!regExp) regExp = ThePlatform().NewRegExp();
+  regExp->Global = true;
+  regExp->Multiline = multiline;
+  regExp->IgnoreCase = !mobjCond->MatchCase();
+  regExp->Pattern = mobjCond->SearchStr();
+  return *regExp;
+}
+
+}  // namespace quorvane

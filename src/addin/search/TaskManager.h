@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "addin/search/LiveCondition.h"
+#include "base/Event.h"
+
+namespace quorvane {
+
+class ConditionSnap;
+class GlobalSetting;
+class IPage;
+class PositionInfo;
+class RegExp;
+class ResultCollection;
+
+/// Types of a task, as bits: bit 0 is a find, which clears the results first, bit 1 a replace.
+inline constexpr std::int32_t kTaskSearch = 1;
+inline constexpr std::int32_t kTaskReplaceAll = 2;
+inline constexpr std::int32_t kTaskRepeatSearch = 5;
+
+/// Runs one task at a time, from start to end inside one call of Run: takes the condition, walks the area over modules
+/// and hands each module to the matcher or the replacer. Listeners and the user get their turn in a yield to the
+/// message loop behind each match.
+class TaskManager {
+ public:
+  static constexpr std::string_view ClassName = "TaskManager";
+
+  TaskManager();
+  ~TaskManager();
+  TaskManager(const TaskManager&) = delete;
+  TaskManager& operator=(const TaskManager&) = delete;
+
+  bool mblnCancel = false;      ///< set true by any party to stop the run; keeps its value behind it
+  IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown; nothing for a replace all
+
+  GlobalSetting& Setting() const;
+  bool Running() const { return mblnRunning; }
+  /// Runs a task to its end and raises TaskDone exactly once, also behind a failure. Failures and a cancel (error
+  /// 0x80040201) reach the caller; results found and edits made until then stay.
+  void Run(std::int32_t tt);
+  void Setup(IPage& p);
+  void TearDown();
+
+  Event<std::int32_t> TaskBegin;              ///< TaskType
+  Event<std::int32_t> TaskDone;               ///< TaskType
+  Event<bool&> Query;                         ///< Cancel; behind each match
+  Event<const std::u16string&> OnScanModule;  ///< name of the component, before each module
+
+ private:
+  void ScanArea();
+  template <class Components>
+  void ScanComponents(PositionInfo& pos, const Components& components);
+  void ScanModule(PositionInfo& pos);
+  void ScanFind(PositionInfo& pos);
+  void CheckCancel();
+
+  // Regular expressions and comment filter
+  void ScanRegExp(PositionInfo& pos);
+  bool IsWanted(const PositionInfo& pos) const;
+  void Take(const std::shared_ptr<PositionInfo>& match);
+
+  // Replace
+  void ReplaceRegExp(PositionInfo& pos);
+  void ReplaceMultiLine(PositionInfo& pos);
+  void ReplaceSingleLine(PositionInfo& pos);
+  RegExp& Prepared(std::unique_ptr<RegExp>& regExp, bool multiline);
+
+  std::int32_t mlngTaskType = 0;
+  bool mblnRunning = false;
+  std::shared_ptr<ConditionSnap> mobjCondSnap;
+  std::shared_ptr<ResultCollection> mcolResult;
+  LiveCondition live_;            ///< the condition of a replace all
+  ICondInfo* mobjCond = nullptr;  ///< the condition of this run
+  std::unique_ptr<RegExp> scanRegExp_;
+  std::unique_ptr<RegExp> multiLineRegExp_;
+  std::unique_ptr<RegExp> singleLineRegExp_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,114 @@
+#include "desktop/platform/QtPrompts.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "desktop/platform/QtText.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+using Choice = std::pair<QMessageBox::StandardButton, int>;
+
+constexpr int kButtonMask = 0xF;
+constexpr int kIconMask = 0xF0;
+constexpr int kDefaultMask = 0xF00;
+constexpr int kDefaultStep = 0x100;
+
+constexpr Choice kOk{QMessageBox::Ok, 1};
+constexpr Choice kCancel{QMessageBox::Cancel, 2};
+constexpr Choice kAbort{QMessageBox::Abort, 3};
+constexpr Choice kRetry{QMessageBox::Retry, 4};
+constexpr Choice kIgnore{QMessageBox::Ignore, 5};
+constexpr Choice kYes{QMessageBox::Yes, 6};
+constexpr Choice kNo{QMessageBox::No, 7};
+
+std::vector<Choice> ButtonsOf(int flags) {
+  switch (flags & kButtonMask) {
+    case 1:
+      return {kOk, kCancel};
+    case 2:
+      return {kAbort, kRetry, kIgnore};
+    case 3:
+      return {kYes, kNo, kCancel};
+    case 4:
+      return {kYes, kNo};
+    case 5:
+      return {kRetry, kCancel};
+    default:
+      return {kOk};
+  }
+}
+
+QMessageBox::Icon IconOf(int flags) {
+  switch (flags & kIconMask) {
+    case 16:
+      return QMessageBox::Critical;
+    case 32:
+      return QMessageBox::Question;
+    case 48:
+      return QMessageBox::Warning;
+    case 64:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+/// "Words|*.XML|More words|*.*" as the toolkit has it: "Words (*.XML);;More words (*.*)". The words often name the
+/// pattern already.
+QString NameFilters(const QString& filter) {
+  const QStringList parts = filter.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString words = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
+    const QString pattern = parts[i + 1];
+    // Files here are found with their case, in a dialog of another system without.
+    const QString both = pattern == pattern.toLower() ? pattern : pattern.toLower() + QLatin1Char(' ') + pattern;
+    filters << words + QLatin1String(" (") + both + QLatin1Char(')');
+  }
+  return filters.join(QLatin1String(";;"));
+}
+
+}  // namespace
+
+int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16string& caption) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(ToQString(caption));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(text));
+  box.setIcon(IconOf(flags));
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  const std::vector<Choice> choices = ButtonsOf(flags);
+  const auto preset = static_cast<std::size_t>((flags & kDefaultMask) / kDefaultStep);
+  for (std::size_t i = 0; i < choices.size(); ++i) {
+    QPushButton* button = box.addButton(choices[i].first);
+    if (i == preset) box.setDefaultButton(button);
+  }
+  const int pressed = box.exec();
+  for (const Choice& choice : choices) {
+    if (choice.first == pressed) return choice.second;
+  }
+  return choices.back().second;  // closed by force: the last button is the one that does the least
+}
+
+std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& setup) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(setup.Title), QString(),
+                     NameFilters(ToQString(setup.Filter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // The dialog asks before it replaces a file, so that it has to know the whole name.
+  QString extension = ToQString(setup.DefaultExt).toLower();
+  while (extension.startsWith(QLatin1Char('.'))) extension.remove(0, 1);
+  dialog.setDefaultSuffix(extension);
+  if (!setup.FileName.empty()) dialog.selectFile(ToQString(setup.FileName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return FromQString(dialog.selectedFiles().constFirst());
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,110 @@
+#include "desktop/platform/Texts.h"
+
+#include <array>
+#include <cstddef>
+
+namespace quorvane::desktop {
+
+namespace {
+
+struct Words {
+  Text text;
+  const char16_t* chinese;
+  const char16_t* english;
+};
+
+constexpr std::array kWords = {
+    Words{Text::MenuFile, u"文件(&F)", u"&File"},
+    Words{Text::FileOpen, u"打开(&O)...", u"&Open..."},
+    Words{Text::FileAdd, u"添加工程或文件(&D)...", u"A&dd project or files..."},
+    Words{Text::FileRecent, u"最近打开(&R)", u"Open &recent"},
+    Words{Text::FileRecentNone, u"(无)", u"(none)"},
+    Words{Text::FileSave, u"保存(&S)", u"&Save"},
+    Words{Text::FileSaveAll, u"全部保存(&L)", u"Save a&ll"},
+    Words{Text::FileClose, u"关闭工程组(&C)", u"&Close group"},
+    Words{Text::FileExit, u"退出(&X)", u"E&xit"},
+    Words{Text::MenuEdit, u"编辑(&E)", u"&Edit"},
+    Words{Text::EditUndo, u"撤消(&U)", u"&Undo"},
+    Words{Text::EditRedo, u"重做(&R)", u"&Redo"},
+    Words{Text::EditCut, u"剪切(&T)", u"Cu&t"},
+    Words{Text::EditCopy, u"复制(&C)", u"&Copy"},
+    Words{Text::EditPaste, u"粘贴(&P)", u"&Paste"},
+    Words{Text::EditSelectAll, u"全选(&A)", u"Select &all"},
+    Words{Text::EditGoToLine, u"转到行(&G)...", u"&Go to line..."},
+    Words{Text::MenuView, u"视图(&V)", u"&View"},
+    Words{Text::ViewProjects, u"工程树(&P)", u"&Project tree"},
+    Words{Text::ViewTabs, u"以标签页显示代码窗口(&T)", u"Code windows as &tabs"},
+    Words{Text::ViewTheme, u"外观(&A)", u"&Appearance"},
+    Words{Text::ThemeSystem, u"跟随系统(&S)", u"As the &system"},
+    Words{Text::ThemeLight, u"浅色(&L)", u"&Light"},
+    Words{Text::ThemeDark, u"深色(&D)", u"&Dark"},
+    Words{Text::ViewLarger, u"放大文字(&I)", u"Text &larger"},
+    Words{Text::ViewSmaller, u"缩小文字(&O)", u"Text &smaller"},
+    Words{Text::ViewNormalSize, u"默认文字大小(&N)", u"Text of &normal size"},
+    Words{Text::MenuWindow, u"窗口(&W)", u"&Window"},
+    Words{Text::WindowTile, u"平铺(&T)", u"&Tile"},
+    Words{Text::WindowCascade, u"层叠(&C)", u"&Cascade"},
+    Words{Text::WindowNext, u"下一个窗口(&N)", u"&Next window"},
+    Words{Text::WindowPrevious, u"上一个窗口(&P)", u"&Previous window"},
+    Words{Text::WindowClose, u"关闭窗口(&L)", u"C&lose window"},
+    Words{Text::WindowCloseAll, u"关闭所有窗口(&A)", u"Close &all windows"},
+    Words{Text::MenuAddIns, u"外接程序(&A)", u"&Add-Ins"},
+    Words{Text::MenuHelp, u"帮助(&H)", u"&Help"},
+    Words{Text::HelpAbout, u"关于工作台(&A)", u"&About the workbench"},
+    Words{Text::AboutText, u"Quorvane %1\n\nVisual Basic 6 工程的查找与替换，以及它的工作台。",
+          u"Quorvane %1\n\nFind and replace for Visual Basic 6 projects, in a workbench of its own."},
+    Words{Text::OpenTitle, u"打开工程组、工程或模块", u"Open a project group, projects or modules"},
+    Words{Text::FilterProjects, u"工程组与工程", u"Project groups and projects"},
+    Words{Text::FilterModules, u"模块", u"Modules"},
+    Words{Text::FilterAll, u"所有文件", u"All files"},
+    Words{Text::Projects, u"工程", u"Projects"},
+    Words{Text::TreeFilter, u"按名称筛选", u"Filter by name"},
+    Words{Text::TreeViewCode, u"查看代码(&V)", u"&View code"},
+    Words{Text::TreeSetActive, u"设为当前工程(&S)", u"&Set as current project"},
+    Words{Text::TreeCloseProject, u"移除工程(&R)", u"&Remove project"},
+    Words{Text::FolderForms, u"窗体", u"Forms"},
+    Words{Text::FolderModules, u"模块", u"Modules"},
+    Words{Text::FolderClasses, u"类模块", u"Class modules"},
+    Words{Text::FolderControls, u"用户控件", u"User controls"},
+    Words{Text::FolderPages, u"属性页", u"Property pages"},
+    Words{Text::FolderDocuments, u"用户文档", u"User documents"},
+    Words{Text::FolderDesigners, u"设计器", u"Designers"},
+    Words{Text::FolderRelated, u"相关文档", u"Related documents"},
+    Words{Text::StatusPlace, u"行 %1，列 %2", u"Line %1, column %2"},
+    Words{Text::StatusSelected, u"已选 %1 个字符", u"%1 characters selected"},
+    Words{Text::Hint, u"打开 Visual Basic 6 工程组或工程", u"Open a Visual Basic 6 project group or project"},
+    Words{Text::HintMore, u"按 Ctrl+O，或把文件拖到这里", u"Press Ctrl+O, or drop files here"},
+    Words{Text::HintOpen, u"从工程树中打开模块", u"Open a module from the project tree"},
+    Words{Text::HintSearch, u"搜索命令在“外接程序”菜单中", u"The search is in the Add-Ins menu"},
+    Words{Text::Loading, u"正在打开文件...", u"Opening files..."},
+    Words{Text::Cancel, u"取消", u"Cancel"},
+    Words{Text::NotAllOpened, u"有 %1 个列出的文件未能打开。", u"%1 listed files could not be opened."},
+    Words{Text::CannotOpen, u"无法打开。", u"Cannot open."},
+    Words{Text::CannotSave, u"无法保存。", u"Cannot save."},
+    Words{Text::SaveQuestion, u"有 %1 个模块尚未保存。是否保存？", u"%1 modules have unsaved changes. Save them?"},
+    Words{Text::ReloadQuestion,
+          u"文件 %1 已被其他程序修改，而这里也有未保存的改动。\n是否重新载入？（可用撤消恢复您的改动）",
+          u"%1 was changed by another program, and has changes here that are not saved.\n"
+          u"Load it again? (Undo brings your changes back.)"},
+    Words{Text::FileGone, u"无法读取 %1。", u"Cannot read %1."},
+    Words{Text::LineNumber, u"行号（1 到 %1）：", u"Line number (1 to %1):"},
+    Words{Text::DroppedLines, u"保存时去掉了 %1 个隐藏行，因为它们所属的代码行已被删除。",
+          u"%1 hidden lines were left out of the saved files, because the code that they belonged to is gone."},
+};
+
+constexpr bool IsInOrder() {
+  for (std::size_t i = 0; i < kWords.size(); ++i) {
+    if (static_cast<std::size_t>(kWords[i].text) != i) return false;
+  }
+  return kWords.size() == static_cast<std::size_t>(Text::Count);
+}
+static_assert(IsInOrder(), "each text has its words, in the order of the enumeration");
+
+}  // namespace
+
+QString Texts::operator()(Text text) const {
+  const Words& words = kWords[static_cast<std::size_t>(text)];
+  return QString::fromUtf16(Language == 0 ? words.chinese : words.english);
+}
+
+}  // namespace quorvane::desktop

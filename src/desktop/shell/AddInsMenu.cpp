@@ -1,0 +1,42 @@
+#include "desktop/shell/AddInsMenu.h"
+
+#include <utility>
+
+#include "desktop/platform/Icons.h"
+#include "desktop/platform/QtText.h"
+#include "workbench/model/CommandButton.h"
+#include "workbench/model/HostCommandBar.h"
+
+namespace quorvane::desktop {
+
+AddInsMenu::AddInsMenu(std::shared_ptr<workbench::HostCommandBar> bar, QWidget* parent)
+    : QMenu(parent), bar_(std::move(bar)) {
+  barChanged_ = bar_->Changed.Subscribe([this] { Rebuild(); });
+  Rebuild();
+}
+
+AddInsMenu::~AddInsMenu() = default;
+
+void AddInsMenu::Rebuild() {
+  buttons_.clear();
+  clear();
+  for (const auto& button : bar_->Buttons()) {
+    QAction* action = addAction(Icons::Program(), QString());
+    connect(action, &QAction::triggered, this, [button] { button->Click(); });
+    Follow(*action, *button);
+    buttons_.push_back(button->Changed.Subscribe([this, action, shown = button.get()] {
+      Follow(*action, *shown);
+      Changed.Raise();
+    }));
+  }
+  menuAction()->setEnabled(!isEmpty());
+  Changed.Raise();
+}
+
+void AddInsMenu::Follow(QAction& action, const workbench::CommandButton& button) {
+  action.setText(ToQString(button.Caption()));
+  action.setVisible(button.Visible());
+  action.setEnabled(button.Enabled());
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QSettings>
+#include <memory>
+
+#include "base/Event.h"
+#include "desktop/platform/QtPlatform.h"
+#include "desktop/views/ViewFactory.h"
+
+namespace quorvane {
+
+namespace workbench {
+class AddInLoader;
+class Workbench;
+}  // namespace workbench
+
+namespace desktop {
+
+class FormWindows;
+class InputFilter;
+class MainWindow;
+class QtWindows;
+
+/// The whole program behind its main function: the platform, the workbench with its windows, and the add-in in it. One
+/// at a time.
+class Desktop {
+ public:
+  explicit Desktop(const QtPlatform::Setup& setup);
+  /// Lets the add-in go, if it is still there.
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+
+  /// Loads the add-in and shows the main window as it was last time.
+  void Start();
+  /// Lets the add-in go: its settings are saved. Does nothing the second time.
+  void Stop();
+
+  MainWindow& Window() { return *window_; }
+  workbench::Workbench& Host() { return *workbench_; }
+  QtWindows& Windows() { return *windows_; }
+  FormWindows& Forms() { return *forms_; }
+
+ private:
+  void FollowLanguage();
+
+  QtPlatform platform_;
+  QSettings settings_;
+  std::shared_ptr<workbench::Workbench> workbench_;
+  std::unique_ptr<QtWindows> windows_;
+  ViewFactory views_;
+  std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<FormWindows> forms_;
+  std::unique_ptr<InputFilter> input_;
+  std::unique_ptr<workbench::AddInLoader> addIns_;
+  bool running_ = false;
+  Subscription languageAsked_;
+  Subscription formClosed_;
+  Subscription closeAsked_;
+  Subscription closing_;
+};
+
+}  // namespace desktop
+}  // namespace quorvane

@@ -1,0 +1,248 @@
+#include "desktop/shell/FileCommands.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <algorithm>
+#include <exception>
+
+#include "base/Error.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/platform/Texts.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Project.h"
+#include "workbench/model/Workbench.h"
+#include "workbench/project/Opener.h"
+#include "workbench/save/GroupSaver.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+const QString kTitle = QStringLiteral("Quorvane");  // of boxes
+
+using workbench::Component;
+using workbench::FileStamp;
+using workbench::Project;
+
+constexpr std::int32_t kUserInterrupt = 18;
+constexpr int kProgressDelay = 400;  // ms
+
+std::vector<std::string> ToPaths(const QStringList& files) {
+  std::vector<std::string> paths;
+  for (const QString& file : files) paths.push_back(QDir::current().absoluteFilePath(file).toStdString());
+  return paths;
+}
+
+}  // namespace
+
+FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts)
+    : workbench_(workbench), window_(window), texts_(texts) {}
+
+void FileCommands::TellError(const QString& what, const QString& why) {
+  QMessageBox box(QMessageBox::Critical, kTitle, what, QMessageBox::Ok, &window_);
+  box.setInformativeText(why);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
+  if (warnings.empty()) return;
+  QStringList lines;
+  for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
+  QMessageBox box(QMessageBox::Warning, kTitle, texts_(Text::NotAllOpened).arg(lines.size()), QMessageBox::Ok,
+                  &window_);
+  box.setTextFormat(Qt::PlainText);
+  if (lines.size() <= 5) {
+    box.setInformativeText(lines.join(QLatin1Char('\n')));
+  } else {
+    box.setDetailedText(lines.join(QLatin1Char('\n')));
+  }
+  box.exec();
+}
+
+QStringList FileCommands::AskForFiles() const {
+  const QString modules = QStringLiteral("*.bas *.cls *.frm *.ctl *.pag *.dob *.dsr");
+  const auto both = [](const QString& patterns) { return patterns + QLatin1Char(' ') + patterns.toUpper(); };
+  const auto filter = [&](Text words, const QString& patterns) {
+    return texts_(words) + QLatin1String(" (") + patterns + QLatin1Char(')');
+  };
+  return QFileDialog::getOpenFileNames(
+      &window_, texts_(Text::OpenTitle), QString(),
+      QStringList{filter(Text::FilterProjects, both(QStringLiteral("*.vbg *.vbp"))),
+                  filter(Text::FilterModules, both(modules)), filter(Text::FilterAll, QStringLiteral("*"))}
+          .join(QLatin1String(";;")));
+}
+
+bool FileCommands::Open(const QStringList& files) {
+  if (files.isEmpty()) return false;
+  const QStringList before = open_;
+  if (!CloseAll()) return false;
+  const bool opened = OpenNow(files);
+  if (!opened && !before.isEmpty()) OpenNow(before);
+  return opened;
+}
+
+bool FileCommands::Add(const QStringList& files) {
+  return !files.isEmpty() && OpenNow(files);
+}
+
+bool FileCommands::OpenNow(const QStringList& files) {
+  QProgressDialog progress(texts_(Text::Loading), texts_(Text::Cancel), 0, 0, &window_);
+  progress.setWindowModality(Qt::WindowModal);
+  progress.setMinimumDuration(kProgressDelay);
+  const auto tell = [&](std::size_t begun, std::size_t total) {
+    progress.setMaximum(static_cast<int>(total));
+    progress.setValue(static_cast<int>(begun));  // lets events happen, now and then
+    return !progress.wasCanceled();
+  };
+  std::vector<std::string> warnings;
+  try {
+    warnings = workbench::OpenFilesInto(workbench_, ToPaths(files), tell);
+  } catch (const Error& error) {
+    progress.reset();
+    if (error.Number != kUserInterrupt) TellError(texts_(Text::CannotOpen), ToQString(error.Description));
+    return false;
+  }
+  progress.reset();
+  for (const std::string& path : ToPaths(files)) {
+    const QString name = QString::fromStdString(path);
+    if (!open_.contains(name)) open_ << name;
+  }
+  Opened.Raise();
+  TellWarnings(warnings);
+  return true;
+}
+
+FileCommands::ComponentList FileCommands::Modified(const Project* project) const {
+  ComponentList modified;
+  for (const auto& open : workbench_.Projects()) {
+    if (project != nullptr && open.get() != project) continue;
+    for (const auto& component : open->Components()) {
+      if (component->TheModule() && component->TheModule()->Modified()) modified.push_back(component);
+    }
+  }
+  return modified;
+}
+
+int FileCommands::ModifiedCount() const {
+  return static_cast<int>(Modified(nullptr).size());
+}
+
+template <class SaveFiles>
+bool FileCommands::Guarded(SaveFiles save) {
+  try {
+    std::size_t dropped = 0;
+    for (const workbench::SavedFile& file : save()) dropped += file.droppedHiddenLines.size();
+    if (dropped > 0) Told.Raise(texts_(Text::DroppedLines).arg(dropped));
+  } catch (const std::exception& error) {
+    TellError(texts_(Text::CannotSave), QString::fromUtf8(error.what()));
+    Saved.Raise();
+    return false;
+  }
+  Saved.Raise();
+  return true;
+}
+
+bool FileCommands::Save(const Component& component) {
+  return Guarded([&] { return workbench::SaveFileOf(workbench_, component); });
+}
+
+bool FileCommands::SaveAll() {
+  return Guarded([&] { return workbench::SaveGroup(workbench_); });
+}
+
+/// Asks once for all of them.
+bool FileCommands::MayClose(const ComponentList& modified) {
+  if (modified.empty()) return true;
+  QStringList names;
+  for (const auto& component : modified) names << ToQString(component->FullName());
+  QMessageBox box(QMessageBox::Question, kTitle, texts_(Text::SaveQuestion).arg(names.size()),
+                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
+  box.setDefaultButton(QMessageBox::Save);
+  if (names.size() > 8) {
+    box.setDetailedText(names.join(QLatin1Char('\n')));
+  } else {
+    box.setInformativeText(names.join(QLatin1Char('\n')));
+  }
+  switch (box.exec()) {
+    case QMessageBox::Save:
+      return std::ranges::all_of(modified, [&](const auto& component) { return Save(*component); });
+    case QMessageBox::Discard:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool FileCommands::CloseAll() {
+  if (!MayClose(Modified(nullptr))) return false;
+  CloseNow();
+  return true;
+}
+
+void FileCommands::CloseNow() {
+  while (!workbench_.Projects().empty()) workbench_.Close(workbench_.Projects().back());
+  open_.clear();
+  Opened.Raise();
+}
+
+bool FileCommands::CloseProject(const std::shared_ptr<Project>& project) {
+  if (!MayClose(Modified(project.get()))) return false;
+  workbench_.Close(project);
+  if (workbench_.Projects().empty()) open_.clear();
+  Opened.Raise();
+  return true;
+}
+
+void FileCommands::CheckDisk() {
+  if (checking_) return;  // a question is open
+  checking_ = true;
+  ComponentList changed;
+  for (const auto& project : workbench_.Projects()) {
+    for (const auto& component : project->Components()) {
+      if (!component->TheModule() || component->Path().empty()) continue;
+      const auto stamp = FileStamp::Of(component->Path());
+      if (stamp && !(*stamp == component->Stamp())) changed.push_back(component);
+    }
+  }
+  for (const auto& component : changed) CheckFile(component);
+  checking_ = false;
+  if (!changed.empty()) Saved.Raise();
+}
+
+FileCommands::ComponentList FileCommands::OfFile(const std::string& path) const {
+  ComponentList found;
+  for (const auto& project : workbench_.Projects()) {
+    for (const auto& component : project->Components()) {
+      if (component->TheModule() && component->Path() == path) found.push_back(component);
+    }
+  }
+  return found;
+}
+
+void FileCommands::CheckFile(const std::shared_ptr<Component>& component) {
+  const auto stamp = FileStamp::Of(component->Path());
+  if (!stamp || *stamp == component->Stamp()) return;  // done together with another component of that file
+  const QString path = QString::fromStdString(component->Path());
+  const ComponentList twins = OfFile(component->Path());
+  if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
+    const auto answer = QMessageBox::question(&window_, kTitle, texts_(Text::ReloadQuestion).arg(path));
+    // Whoever keeps the edits means them: the next save is over what is on disk now.
+    if (answer != QMessageBox::Yes) {
+      for (const auto& twin : twins) twin->SetStamp(*stamp);
+      return;
+    }
+  }
+  try {
+    workbench::ReloadFileOf(workbench_, *component);
+  } catch (const std::exception& error) {
+    for (const auto& twin : twins) twin->SetStamp(*stamp);
+    TellError(texts_(Text::FileGone).arg(path), QString::fromUtf8(error.what()));
+  }
+}
+
+}  // namespace quorvane::desktop

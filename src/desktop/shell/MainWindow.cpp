@@ -1,0 +1,306 @@
+#include "desktop/shell/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTextBlock>
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeEdit.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/platform/Icons.h"
+#include "desktop/platform/QtText.h"
+#include "desktop/platform/QtWindows.h"
+#include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/FileCommands.h"
+#include "desktop/shell/ProjectTree.h"
+#include "desktop/shell/ToolDock.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/HostCommandBars.h"
+#include "workbench/model/HostWindow.h"
+#include "workbench/model/HostWindows.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Project.h"
+#include "workbench/model/ToolWindow.h"
+#include "workbench/model/Workbench.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+constexpr QSize kFirstSize(1180, 780);
+constexpr int kFirstTreeWidth = 270;
+constexpr int kFirstToolHeight = 230;
+constexpr int kMessageTime = 8000;  // ms
+constexpr int kCloseAgain = 20;     // ms
+
+const QString kGeometry = QStringLiteral("window/geometry");
+const QString kState = QStringLiteral("window/state");
+const QString kTabs = QStringLiteral("window/tabs");
+const QString kTheme = QStringLiteral("window/theme");
+const QString kTextSize = QStringLiteral("window/textSize");
+
+QStringList LocalFiles(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile()) files << url.toLocalFile();
+  }
+  return files;
+}
+
+std::shared_ptr<workbench::HostCommandBar> AddInsBar(const workbench::Workbench& workbench) {
+  return workbench.TheCommandBars()->Add(u"Add-Ins");
+}
+
+}  // namespace
+
+MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, const ViewFactory& views,
+                       QSettings& settings)
+    : workbench_(workbench),
+      windows_(windows),
+      views_(views),
+      settings_(settings),
+      recent_(settings),
+      menu_(*this, texts_),
+      files_(std::make_unique<FileCommands>(workbench, *this, texts_)),
+      code_(new CodeArea(workbench, windows, texts_)),
+      tree_(new ProjectTree(workbench, texts_)),
+      treeDock_(new QDockWidget(this)),
+      addIns_(new AddInsMenu(AddInsBar(workbench), this)),
+      place_(new QLabel),
+      selected_(new QLabel) {
+  setObjectName(QStringLiteral("MainWindow"));
+  setWindowIcon(Icons::Program());
+  setCentralWidget(code_);
+  setAcceptDrops(true);
+  setDockNestingEnabled(true);
+  resize(kFirstSize);
+  windows_.Bind(workbench_.TheMainWindow()->Handle(), *this);
+  windows_.Bind(windows_.GetTopWindow(workbench_.TheMainWindow()->Handle()), *code_->viewport());
+  BuildTree();
+  BuildStatus();
+  BuildFileMenu();
+  BuildEditMenu();
+  BuildViewMenu();
+  BuildWindowMenu();
+  BuildOtherMenus();
+  Listen();
+  UpdateTexts();
+}
+
+MainWindow::~MainWindow() {
+  subscriptions_.clear();
+}
+
+void MainWindow::BuildTree() {
+  treeDock_->setObjectName(QStringLiteral("ProjectTree"));
+  treeDock_->setWidget(tree_);
+  addDockWidget(Qt::LeftDockWidgetArea, treeDock_);
+  setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+  resizeDocks({treeDock_}, {kFirstTreeWidth}, Qt::Horizontal);
+}
+
+void MainWindow::BuildStatus() {
+  statusBar()->addPermanentWidget(selected_);
+  statusBar()->addPermanentWidget(place_);
+}
+
+CodeEdit* MainWindow::CurrentEditor() const {
+  CodeWindow* window = code_->Current();
+  return window != nullptr ? &window->Editor() : nullptr;
+}
+
+void MainWindow::Listen() {
+  const auto listen = [this](auto& event, auto handler) { subscriptions_.push_back(event.Subscribe(handler)); };
+  listen(code_->CurrentChanged, [this] { UpdateStatus(); });
+  listen(code_->MenuWanted, [this](const QPoint& place) { ShowEditMenu(place); });
+  listen(tree_->CodeWanted, [](workbench::Component& component) { component.TheModule()->CodePane()->Show(); });
+  listen(tree_->CloseWanted, [this](const auto& project) { files_->CloseProject(project); });
+  listen(files_->Opened, [this] { UpdateTitle(); });
+  listen(files_->Saved, [this] {
+    code_->UpdateTitles();
+    tree_->UpdateMarks();
+    UpdateStatus();
+  });
+  listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
+  listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
+  listen(workbench_.TheWindows()->Created, [this](const auto& window) { AddToolWindow(window); });
+  listen(workbench_.TheWindows()->Removed, [this](const auto& window) { RemoveToolWindow(*window); });
+  connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+    if (state == Qt::ApplicationActive && !closed_) files_->CheckDisk();
+  });
+}
+
+void MainWindow::AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& window) {
+  auto* dock = new ToolDock(window, views_, windows_, this);
+  addDockWidget(Qt::BottomDockWidgetArea, dock);
+  resizeDocks({dock}, {kFirstToolHeight}, Qt::Vertical);
+  dock->setVisible(window->Visible());
+  viewMenu_->insertAction(treeDock_->toggleViewAction(), dock->toggleViewAction());
+  docks_.push_back(dock);
+}
+
+/// At once: what the view of its document reaches may be gone before the next turn of the loop.
+void MainWindow::RemoveToolWindow(const workbench::ToolWindow& window) {
+  const auto found = std::ranges::find(docks_, windows_.WidgetOf(window.Handle()));
+  if (found == docks_.end()) return;
+  const std::unique_ptr<ToolDock> gone(*found);
+  docks_.erase(found);
+}
+
+void MainWindow::OpenFiles(const QStringList& files) {
+  if (!files_->Open(files)) return;
+  recent_.Add(files_->OpenFiles());
+  tree_->TakeFocus();
+}
+
+void MainWindow::OpenRecent(const QStringList& files) {
+  if (files_->Open(files)) {
+    recent_.Add(files);
+    tree_->TakeFocus();
+  } else if (!QFileInfo::exists(files.constFirst())) {
+    recent_.Remove(files);
+  }
+}
+
+void MainWindow::SetLanguage(std::int32_t language) {
+  if (language == texts_.Language) return;
+  texts_.Language = language;
+  UpdateTexts();
+}
+
+void MainWindow::UpdateTexts() {
+  QCoreApplication::removeTranslator(&toolkitTexts_);
+  if (texts_.Language == 0) QCoreApplication::installTranslator(&toolkitTexts_);
+  menu_.UpdateTexts();
+  tree_->UpdateTexts();
+  treeDock_->setWindowTitle(texts_(Text::Projects));
+  treeDock_->toggleViewAction()->setText(texts_(Text::ViewProjects));
+  code_->viewport()->update();
+  UpdateTitle();
+  UpdateStatus();
+}
+
+void MainWindow::UpdateTitle() {
+  QString group;
+  for (const QString& file : files_->OpenFiles()) {
+    if (file.endsWith(QLatin1String(".vbg"), Qt::CaseInsensitive)) group = QFileInfo(file).fileName();
+  }
+  tree_->SetGroup(group);
+  const QString shown = !group.isEmpty()                ? group
+                        : files_->OpenFiles().isEmpty() ? QString()
+                                                        : QFileInfo(files_->OpenFiles().constFirst()).fileName();
+  setWindowTitle(shown.isEmpty() ? QStringLiteral("Quorvane") : shown + QStringLiteral(" - Quorvane"));
+  UpdateActions();
+}
+
+void MainWindow::UpdateStatus() {
+  CodeEdit* editor = CurrentEditor();
+  const QTextCursor cursor = editor != nullptr ? editor->textCursor() : QTextCursor();
+  place_->setText(editor == nullptr
+                      ? QString()
+                      : texts_(Text::StatusPlace).arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
+  const int length = cursor.selectionEnd() - cursor.selectionStart();
+  selected_->setText(editor != nullptr && length > 0 ? texts_(Text::StatusSelected).arg(length) : QString());
+  UpdateActions();
+}
+
+void MainWindow::UpdateActions() {
+  const CodeEdit* editor = CurrentEditor();
+  const auto enable = [this](Text text, bool enabled) {
+    if (QAction* action = menu_.Find(text)) action->setEnabled(enabled);
+  };
+  const bool open = !workbench_.Projects().empty();
+  enable(Text::FileSave, editor != nullptr && editor->TheModule()->Modified());
+  enable(Text::FileSaveAll, open);
+  enable(Text::FileClose, open);
+  enable(Text::EditUndo, editor != nullptr && editor->TheModule()->CanUndo());
+  enable(Text::EditRedo, editor != nullptr && editor->TheModule()->CanRedo());
+  enable(Text::EditGoToLine, editor != nullptr);
+  for (const Text text : {Text::WindowTile, Text::WindowCascade, Text::WindowNext, Text::WindowPrevious,
+                          Text::WindowClose, Text::WindowCloseAll}) {
+    enable(text, editor != nullptr);
+  }
+}
+
+void MainWindow::GoToLine() {
+  CodeEdit* editor = CurrentEditor();
+  if (editor == nullptr) return;
+  bool chosen = false;
+  QString title = texts_(Text::EditGoToLine).remove(QLatin1Char('&')).remove(QLatin1String("..."));
+  title = title.section(QLatin1String("(G)"), 0, 0);
+  const int line = QInputDialog::getInt(this, title, texts_(Text::LineNumber).arg(editor->blockCount()),
+                                        editor->textCursor().blockNumber() + 1, 1, editor->blockCount(), 1, &chosen);
+  if (!chosen) return;
+  editor->GoToLine(line);
+  editor->setFocus();
+}
+
+void MainWindow::SetTheme(Theme::Choice choice) {
+  theme_.Apply(choice);
+  settings_.setValue(kTheme, static_cast<int>(choice));
+}
+
+void MainWindow::RestoreLayout() {
+  const int theme = settings_.value(kTheme).toInt();
+  if (theme >= 0 && theme <= static_cast<int>(Theme::Choice::Dark)) theme_.Apply(static_cast<Theme::Choice>(theme));
+  restoreGeometry(settings_.value(kGeometry).toByteArray());
+  restoreState(settings_.value(kState).toByteArray());
+  code_->SetTabs(settings_.value(kTabs, true).toBool());
+  code_->SetTextSize(settings_.value(kTextSize, CodeArea::NormalTextSize()).toInt());
+  for (ToolDock* dock : docks_) dock->Follow();
+}
+
+void MainWindow::SaveLayout() {
+  settings_.setValue(kGeometry, saveGeometry());
+  settings_.setValue(kState, saveState());
+  settings_.setValue(kTabs, code_->HasTabs());
+  settings_.setValue(kTextSize, code_->TextSize());
+  settings_.sync();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (closed_) return event->accept();
+  bool busy = false;
+  CloseAsked.Raise(busy);
+  if (busy) {
+    QTimer::singleShot(kCloseAgain, this, [this] { close(); });
+    return event->ignore();
+  }
+  SaveLayout();
+  if (!files_->CloseAll()) return event->ignore();
+  closed_ = true;
+  event->accept();
+  Closing.Raise();
+}
+
+/// The caption is the window's title to the logic too.
+bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowTitleChange) {
+    workbench_.TheMainWindow()->SetCaption(FromQString(windowTitle()));
+  }
+  return QMainWindow::event(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!LocalFiles(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QStringList files = LocalFiles(*event->mimeData());
+  if (files.isEmpty()) return;
+  event->acceptProposedAction();
+  OpenFiles(files);
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,164 @@
+#include <QActionGroup>
+#include <QApplication>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <array>
+
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeEdit.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/platform/Icons.h"
+#include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/FileCommands.h"
+#include "desktop/shell/MainWindow.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Pane.h"
+
+namespace quorvane::desktop {
+
+namespace {
+
+/// What the menu does is done by the widget that has the focus, be it the code or a line of text.
+void ToFocus(const char* slot) {
+  if (QWidget* widget = QApplication::focusWidget()) QMetaObject::invokeMethod(widget, slot);
+}
+
+QString RecentLabel(int number, const QStringList& files) {
+  QString label = QDir::toNativeSeparators(files.constFirst());
+  label.replace(QLatin1Char('&'), QLatin1String("&&"));
+  if (files.size() > 1) label += QStringLiteral(" +%1").arg(files.size() - 1);
+  return number < 10 ? QStringLiteral("&%1  %2").arg(number).arg(label) : label;
+}
+
+}  // namespace
+
+void MainWindow::BuildFileMenu() {
+  QMenu& menu = menu_.AddMenu(Text::MenuFile);
+  menu_.Add(menu, Text::FileOpen, QKeySequence::Open, [this] { OpenFiles(files_->AskForFiles()); });
+  menu_.Add(menu, Text::FileAdd, QKeySequence(), [this] {
+    if (files_->Add(files_->AskForFiles())) recent_.Add(files_->OpenFiles());
+  });
+  recentMenu_ = &menu_.AddMenu(menu, Text::FileRecent);
+  connect(recentMenu_, &QMenu::aboutToShow, this, [this] { FillRecent(); });
+  menu.addSeparator();
+  menu_.Add(menu, Text::FileSave, QKeySequence::Save, [this] {
+    CodeWindow* window = code_->Current();
+    if (window != nullptr && window->TheComponent()) files_->Save(*window->TheComponent());
+  });
+  menu_.Add(menu, Text::FileSaveAll, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { files_->SaveAll(); });
+  menu.addSeparator();
+  menu_.Add(menu, Text::FileClose, QKeySequence(), [this] { files_->CloseAll(); });
+  menu_.Add(menu, Text::FileExit, QKeySequence(Qt::ALT | Qt::Key_F4), [this] { close(); });
+}
+
+void MainWindow::BuildEditMenu() {
+  QMenu& menu = menu_.AddMenu(Text::MenuEdit);
+  editMenu_ = &menu;
+  menu_.Add(menu, Text::EditUndo, QKeySequence::Undo, [this] {
+    if (CodeEdit* editor = CurrentEditor()) editor->Undo();
+  });
+  QAction& redo = menu_.Add(menu, Text::EditRedo, QKeySequence(), [this] {
+    if (CodeEdit* editor = CurrentEditor()) editor->Redo();
+  });
+  redo.setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  menu.addSeparator();
+  menu_.Add(menu, Text::EditCut, QKeySequence::Cut, [] { ToFocus("cut"); });
+  menu_.Add(menu, Text::EditCopy, QKeySequence::Copy, [] { ToFocus("copy"); });
+  menu_.Add(menu, Text::EditPaste, QKeySequence::Paste, [] { ToFocus("paste"); });
+  menu_.Add(menu, Text::EditSelectAll, QKeySequence::SelectAll, [] { ToFocus("selectAll"); });
+  menu.addSeparator();
+  menu_.Add(menu, Text::EditGoToLine, QKeySequence(Qt::CTRL | Qt::Key_G), [this] { GoToLine(); });
+}
+
+void MainWindow::BuildViewMenu() {
+  QMenu& menu = menu_.AddMenu(Text::MenuView);
+  viewMenu_ = &menu;
+  menu.addAction(treeDock_->toggleViewAction());
+  QAction& tabs = menu_.AddCheck(menu, Text::ViewTabs, [this](bool wanted) { code_->SetTabs(wanted); });
+  menu.addSeparator();
+  QMenu& theme = menu_.AddMenu(menu, Text::ViewTheme);
+  auto* choices = new QActionGroup(this);
+  constexpr std::array kChoices = {std::pair(Text::ThemeSystem, Theme::Choice::System),
+                                   std::pair(Text::ThemeLight, Theme::Choice::Light),
+                                   std::pair(Text::ThemeDark, Theme::Choice::Dark)};
+  for (const auto& [text, choice] : kChoices) {
+    choices->addAction(&menu_.AddCheck(theme, text, [this, chosen = choice](bool) { SetTheme(chosen); }));
+  }
+  menu.addSeparator();
+  menu_.Add(menu, Text::ViewLarger, QKeySequence::ZoomIn, [this] { code_->SetTextSize(code_->TextSize() + 1); });
+  menu_.Add(menu, Text::ViewSmaller, QKeySequence::ZoomOut,
+            [this] { code_->SetTextSize(std::max(6, code_->TextSize() - 1)); });
+  menu_.Add(menu, Text::ViewNormalSize, QKeySequence(Qt::CTRL | Qt::Key_0),
+            [this] { code_->SetTextSize(CodeArea::NormalTextSize()); });
+  connect(&menu, &QMenu::aboutToShow, this, [this, &tabs, choices, kChoices] {
+    tabs.setChecked(code_->HasTabs());
+    for (std::size_t i = 0; i < kChoices.size(); ++i) {
+      choices->actions()[static_cast<qsizetype>(i)]->setChecked(kChoices[i].second == theme_.Current());
+    }
+  });
+}
+
+void MainWindow::BuildWindowMenu() {
+  QMenu& menu = menu_.AddMenu(Text::MenuWindow);
+  windowMenu_ = &menu;
+  menu_.Add(menu, Text::WindowTile, QKeySequence(), [this] {
+    code_->SetTabs(false);
+    code_->tileSubWindows();
+  });
+  menu_.Add(menu, Text::WindowCascade, QKeySequence(), [this] {
+    code_->SetTabs(false);
+    code_->cascadeSubWindows();
+  });
+  menu.addSeparator();
+  menu_.Add(menu, Text::WindowNext, QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { code_->activateNextSubWindow(); });
+  menu_.Add(menu, Text::WindowPrevious, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab),
+            [this] { code_->activatePreviousSubWindow(); });
+  menu_.Add(menu, Text::WindowClose, QKeySequence(Qt::CTRL | Qt::Key_F4), [this] { code_->closeActiveSubWindow(); });
+  menu_.Add(menu, Text::WindowCloseAll, QKeySequence(), [this] { code_->closeAllSubWindows(); });
+  menu.addSeparator();
+  connect(&menu, &QMenu::aboutToShow, this, [this] { FillWindows(); });
+}
+
+void MainWindow::BuildOtherMenus() {
+  menu_.AddMenu(Text::MenuAddIns, *addIns_);
+  QMenu& help = menu_.AddMenu(Text::MenuHelp);
+  menu_.Add(help, Text::HelpAbout, QKeySequence(), [this] { ShowAbout(); });
+}
+
+void MainWindow::FillRecent() {
+  recentMenu_->clear();
+  if (recent_.Entries().isEmpty()) recentMenu_->addAction(texts_(Text::FileRecentNone))->setEnabled(false);
+  int number = 0;
+  for (const QStringList& files : recent_.Entries()) {
+    recentMenu_->addAction(RecentLabel(++number, files), this, [this, files] { OpenRecent(files); });
+  }
+}
+
+void MainWindow::FillWindows() {
+  for (QAction* entry : windowEntries_) delete entry;
+  windowEntries_.clear();
+  for (CodeWindow* window : code_->CodeWindows()) {
+    QAction* entry = windowMenu_->addAction(window->windowTitle().remove(QLatin1String("[*]")), window,
+                                            [window] { window->ThePane()->Show(); });
+    entry->setCheckable(true);
+    entry->setChecked(window == code_->Current());
+    windowEntries_.push_back(entry);
+  }
+}
+
+void MainWindow::ShowEditMenu(const QPoint& place) {
+  editMenu_->exec(place);
+}
+
+void MainWindow::ShowAbout() {
+  QMessageBox box(this);
+  box.setWindowTitle(QStringLiteral("Quorvane"));
+  box.setIconPixmap(Icons::Program().pixmap(64, 64));
+  box.setText(texts_(Text::AboutText).arg(QApplication::applicationVersion()));
+  box.exec();
+}
+
+}  // namespace quorvane::desktop

@@ -1,0 +1,43 @@
+#include "desktop/views/FormWindows.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "desktop/views/FormWindow.h"
+#include "desktop/views/Twips.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Forms.h"
+#include "platform/forms/Screen.h"
+
+namespace quorvane::desktop {
+
+FormWindows::FormWindows(const ViewFactory& views, QtWindows& windows, QWidget& owner)
+    : views_(views), windows_(windows), owner_(owner) {
+  opened_ = TheForms().Opened.Subscribe([this](Form& form) { Open(form); });
+  closed_ = TheForms().Closed.Subscribe([this](Form& form) { Close(form); });
+}
+
+FormWindows::~FormWindows() = default;
+
+FormWindow* FormWindows::WindowOf(const Form& form) const {
+  const auto found = shown_.find(&form);
+  return found != shown_.end() ? found->second.get() : nullptr;
+}
+
+void FormWindows::Open(Form& form) {
+  const QSize screen = owner_.screen()->size();
+  TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
+  auto window = std::make_unique<FormWindow>(form.shared_from_this(), views_, windows_, &owner_);
+  shown_[&form] = std::move(window);
+}
+
+/// The form may close from inside one of its window's own events.
+void FormWindows::Close(Form& form) {
+  const auto found = shown_.find(&form);
+  if (found == shown_.end()) return;
+  found->second->hide();
+  found->second.release()->deleteLater();
+  shown_.erase(found);
+}
+
+}  // namespace quorvane::desktop

@@ -1,7 +1,0 @@
-#include "dialogs/FramedDialog.h"
-
-namespace quorvane {
-
-FramedDialog::~FramedDialog() = default;
-
-}  // namespace quorvane

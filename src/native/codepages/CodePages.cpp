@@ -1,0 +1,95 @@
+#include "native/codepages/CodePages.h"
+
+#include <cstdlib>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "native/codepages/DoubleByteCodePage.h"
+#include "native/codepages/SingleByteCodePage.h"
+#include "native/codepages/Utf8CodePage.h"
+
+namespace quorvane::native {
+
+namespace {
+
+struct Alias {
+  std::string_view Written;  ///< without prefix, "-" and "_", in lower case
+  std::string_view Name;     ///< the usual spelling
+};
+
+constexpr Alias kAliases[] = {
+    {"utf8", "UTF-8"},   {"65001", "UTF-8"},    {"932", "932"},   {"sjis", "932"},   {"shiftjis", "932"},
+    {"31j", "932"},      {"936", "936"},        {"gbk", "936"},   {"gb2312", "936"}, {"949", "949"},
+    {"uhc", "949"},      {"euckr", "949"},      {"950", "950"},   {"big5", "950"},   {"874", "874"},
+    {"1250", "1250"},    {"1251", "1251"},      {"1252", "1252"}, {"1253", "1253"},  {"1254", "1254"},
+    {"1255", "1255"},    {"1256", "1256"},      {"1257", "1257"}, {"1258", "1258"},  {"28591", "28591"},
+    {"latin1", "28591"}, {"iso88591", "28591"},
+};
+
+std::string Simplified(std::string_view name) {
+  std::string plain;
+  for (const char c : name) {
+    if (c != '-' && c != '_' && c != ' ') plain.push_back(c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c);
+  }
+  for (const std::string_view prefix : {"windows", "cp", "ms"}) {
+    if (plain.starts_with(prefix)) plain.erase(0, prefix.size());
+  }
+  return plain;
+}
+
+[[noreturn]] void RaiseUnknown(std::string_view name) {
+  RaiseError(ErrorNumber::InvalidProcedureCall,
+             u"Unknown code page: " + FromUtf8(name) +
+                 u" (known: 874, 932, 936, 949, 950, 1250 to 1258, 28591, UTF-8 and their usual other names)");
+}
+
+std::string_view LocaleName() {
+  for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return {};
+}
+
+/// Languages by code page; a language that is not listed has 1252.
+constexpr Alias kLanguages[] = {
+    {"ja", "932"},  {"ko", "949"},  {"th", "874"},  {"pl", "1250"}, {"cs", "1250"}, {"sk", "1250"}, {"hu", "1250"},
+    {"ro", "1250"}, {"hr", "1250"}, {"sl", "1250"}, {"sq", "1250"}, {"bs", "1250"}, {"ru", "1251"}, {"uk", "1251"},
+    {"bg", "1251"}, {"be", "1251"}, {"mk", "1251"}, {"sr", "1251"}, {"kk", "1251"}, {"el", "1253"}, {"tr", "1254"},
+    {"az", "1254"}, {"he", "1255"}, {"iw", "1255"}, {"yi", "1255"}, {"ar", "1256"}, {"fa", "1256"}, {"ur", "1256"},
+    {"et", "1257"}, {"lv", "1257"}, {"lt", "1257"}, {"vi", "1258"},
+};
+
+}  // namespace
+
+std::unique_ptr<CodePage> NewCodePage(std::string_view name) {
+  using Page = DoubleByteCodePage::Page;
+  const std::string plain = Simplified(name);
+  for (const Alias& alias : kAliases) {
+    if (alias.Written != plain) continue;
+    if (alias.Name == "UTF-8") return std::make_unique<Utf8CodePage>();
+    for (const Page page : {Page::Japanese, Page::SimplifiedChinese, Page::Korean, Page::TraditionalChinese}) {
+      if (alias.Name == std::to_string(static_cast<int>(page))) return std::make_unique<DoubleByteCodePage>(page);
+    }
+    const std::string usual(alias.Name);
+    return std::make_unique<SingleByteCodePage>(usual, usual == "28591" ? "ISO-8859-1" : "CP" + usual);
+  }
+  RaiseUnknown(name);
+}
+
+std::string CodePageOfLocale() {
+  const std::string_view locale = LocaleName();
+  const std::string_view place = locale.substr(0, locale.find_first_of(".@"));
+  const std::string_view language = place.substr(0, place.find('_'));
+  if (language == "zh") {
+    const std::string_view region = place.substr(language.size());
+    const bool traditional = region.starts_with("_TW") || region.starts_with("_HK") || region.starts_with("_MO");
+    return traditional ? "950" : "936";
+  }
+  for (const Alias& entry : kLanguages) {
+    if (entry.Written == language) return std::string(entry.Name);
+  }
+  return "1252";
+}
+
+}  // namespace quorvane::native

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "native/regexp/PatternTranslator.h"
+#include "native/regexp/TimeBudget.h"
+
+namespace quorvane::native {
+
+/// A translated pattern, compiled, with everything a search needs, kept from search to search.
+class PcrePattern {
+ public:
+  /// `source` is the pattern as the user wrote it, for error texts. Raises a PatternError when the engine refuses it.
+  PcrePattern(std::u16string_view source, const TranslatedPattern& translated, bool multiline, bool ignoreCase,
+              bool unicodeCase);
+  ~PcrePattern();
+  PcrePattern(const PcrePattern&) = delete;
+  PcrePattern& operator=(const PcrePattern&) = delete;
+
+  /// Begins a series of Find over one text. `interpreted` runs it without machine code, which is slower.
+  void StartSearch(bool interpreted) {
+    mblnInterpreted = interpreted;
+    mobjBudget.Start();
+  }
+  /// The leftmost match that begins at `from` (0-based) or behind it. Raises error 28 when the search costs too much.
+  bool Find(std::u16string_view text, std::size_t from);
+  /// Of the match found last: begin and end of the whole and of each group; ~0 for a group that took no part.
+  std::span<const std::size_t> Bounds() const;
+
+ private:
+  struct Engine;
+
+  int RunWindow(std::u16string_view text, std::size_t from, std::size_t last);
+  int RunOnBigStack(std::u16string_view text, std::size_t from);
+  void RaiseLimit(std::size_t left);
+  void AdaptWindow(bool mayGrow);
+  [[noreturn]] void RaiseTooCostly();
+
+  std::u16string mstrSource;
+  std::unique_ptr<Engine> mobjEngine;
+  TimeBudget mobjBudget;
+  bool mblnInterpreted = false;
+  std::size_t mlngWindow;  ///< starting positions tried in one run
+  std::size_t mlngLimit;   ///< steps from one starting position
+};
+
+}  // namespace quorvane::native

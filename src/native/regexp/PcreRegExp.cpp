@@ -1,0 +1,102 @@
+#include "native/regexp/PcreRegExp.h"
+
+#include <algorithm>
+
+#include "base/Checked.h"
+#include "native/codepages/AsciiRun.h"
+#include "native/regexp/PcrePattern.h"
+#include "native/regexp/ReplacementTemplate.h"
+
+namespace quorvane::native {
+
+namespace {
+
+bool HasSeparators(std::u16string_view text) {
+  constexpr std::size_t kBlock = 4096;
+  for (; !text.empty(); text.remove_prefix(std::min(kBlock, text.size()))) {
+    bool any = false;  // no early way out of a block, so that it runs many units at a time
+    for (const char16_t c : text.substr(0, kBlock)) any |= (c | 1) == 0x2029;
+    if (any) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+PcreRegExp::PcreRegExp() = default;
+PcreRegExp::~PcreRegExp() = default;
+
+void PcreRegExp::ReadPattern() {
+  const bool same =
+      mblnRead && mblnReadMultiline == Multiline && mblnReadIgnoreCase == IgnoreCase && mstrReadPattern == Pattern;
+  if (same) return;
+  mblnRead = false;
+  mobjUsual.reset();
+  mobjWithSeparators.reset();
+  mstrReadPattern = Pattern;
+  mblnReadMultiline = Multiline;
+  mblnReadIgnoreCase = IgnoreCase;
+  mudtTraits = PatternTranslator(mstrReadPattern, {}).Translate();
+  mblnUnicodeCase = IgnoreCase && (mudtTraits.HasNonAscii || mudtTraits.HasBackReference);
+  mblnRead = true;
+}
+
+std::unique_ptr<PcrePattern> PcreRegExp::Compile(DotForm dot) const {
+  const TranslationOptions options{mblnReadMultiline, mblnUnicodeCase, dot};
+  return std::make_unique<PcrePattern>(mstrReadPattern, PatternTranslator(mstrReadPattern, options).Translate(),
+                                       mblnReadMultiline, mblnReadIgnoreCase, mblnUnicodeCase);
+}
+
+PcrePattern& PcreRegExp::PatternFor(std::u16string_view text) {
+  ReadPattern();
+  if (mudtTraits.HasDot && HasSeparators(text)) {
+    if (!mobjWithSeparators) mobjWithSeparators = Compile(DotForm::Separators);
+    return *mobjWithSeparators;
+  }
+  if (!mobjUsual) mobjUsual = Compile(mudtTraits.MayMatchLineFeed ? DotForm::Breaks : DotForm::Plain);
+  return *mobjUsual;
+}
+
+template <class Visitor>
+void PcreRegExp::ForEachMatch(std::u16string_view text, bool all, Visitor visit) {
+  PcrePattern& pattern = PatternFor(text);
+  // The engine's machine code compares a group's text with the case of ASCII letters alone folded.
+  const bool foldsGroups = IgnoreCase && mudtTraits.HasBackReference;
+  pattern.StartSearch(foldsGroups && AsciiRun(text, 0) < text.size());
+  for (std::size_t at = 0; at <= text.size() && pattern.Find(text, at);) {
+    const std::span<const std::size_t> bounds = pattern.Bounds();
+    visit(bounds);
+    if (!all) return;
+    at = bounds[1] > bounds[0] ? bounds[1] : bounds[1] + 1;
+  }
+}
+
+std::vector<RegExpMatch> PcreRegExp::Execute(std::u16string_view text) {
+  std::vector<RegExpMatch> matches;
+  Checked32(static_cast<std::int64_t>(text.size()));
+  ForEachMatch(text, Global, [&](std::span<const std::size_t> bounds) {
+    matches.push_back({static_cast<std::int32_t>(bounds[0]), static_cast<std::int32_t>(bounds[1] - bounds[0])});
+  });
+  return matches;
+}
+
+bool PcreRegExp::Test(std::u16string_view text) {
+  bool found = false;
+  ForEachMatch(text, false, [&](std::span<const std::size_t>) { found = true; });
+  return found;
+}
+
+std::u16string PcreRegExp::Replace(std::u16string_view text, std::u16string_view replacement) {
+  ReadPattern();
+  const ReplacementTemplate pieces(replacement, mudtTraits.GroupCount);
+  std::u16string out;
+  std::size_t copied = 0;
+  ForEachMatch(text, Global, [&](std::span<const std::size_t> bounds) {
+    out.append(text.substr(copied, bounds[0] - copied));
+    pieces.AppendTo(out, text, bounds);
+    copied = bounds[1];
+  });
+  return out.append(text.substr(copied));
+}
+
+}  // namespace quorvane::native

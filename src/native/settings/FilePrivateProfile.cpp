@@ -1,0 +1,92 @@
+#include "native/settings/FilePrivateProfile.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Skip.h"
+#include "base/Text.h"
+#include "native/files/AtomicFile.h"
+#include "native/files/FileBytes.h"
+#include "native/settings/IniText.h"
+
+namespace quorvane::native {
+
+namespace {
+
+bool Exists(const std::string& path) {
+  return access(path.c_str(), F_OK) == 0;
+}
+
+bool IsWritable(const std::string& path) {
+  if (Exists(path)) return access(path.c_str(), W_OK) == 0;
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  std::error_code ignored;
+  return std::filesystem::is_directory(folder.empty() ? "." : folder, ignored) &&
+         access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
+}
+
+/// As a text that ends at its first zero byte.
+std::string_view Narrow(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+bool FitsALine(std::string_view section, std::string_view key, std::string_view value) {
+  const auto lacks = [](std::string_view text, const char* characters) {
+    return text.find_first_of(characters) == std::string_view::npos;
+  };
+  return lacks(section, "\r\n") && lacks(key, "\r\n=") && lacks(value, "\r\n");
+}
+
+}  // namespace
+
+FilePrivateProfile::FilePrivateProfile(std::string userFolder) : userFolder_(std::move(userFolder)) {}
+
+std::string FilePrivateProfile::UserCopy(const std::string& file) const {
+  return (std::filesystem::path(userFolder_) / std::filesystem::path(file).filename()).string();
+}
+
+std::size_t FilePrivateProfile::Read(std::string_view section, std::string_view key, std::string_view defaultValue,
+                                     char* buffer, std::size_t size, const std::u16string& file) {
+  if (size == 0) return 0;
+  std::string path = ToUtf8(file);
+  if (!IsWritable(path) && Exists(UserCopy(path))) path = UserCopy(path);
+  const auto found = IniText(FileBytes(path).value_or(std::string())).Get(Narrow(section), Narrow(key));
+  std::string_view value = Narrow(defaultValue);
+  value = value.substr(0, value.find_last_not_of(' ') + 1);
+  if (found) value = Narrow(*found);
+  value = value.substr(0, size - 1);
+  std::copy(value.begin(), value.end(), buffer);
+  buffer[value.size()] = '\0';
+  return value.size();
+}
+
+bool FilePrivateProfile::Write(std::string_view section, std::optional<std::string_view> key,
+                               std::optional<std::string_view> value, const std::u16string& file) {
+  section = Narrow(section);
+  if (!FitsALine(section, Narrow(key.value_or("")), Narrow(value.value_or("")))) return false;
+  return SkipErrors([&] {
+    const std::string named = ToUtf8(file);
+    const bool original = IsWritable(named);
+    const std::string path = original ? named : UserCopy(named);
+    const std::string source = Exists(path) ? path : named;
+    const auto bytes = FileBytes(source);
+    if (!bytes && Exists(source)) RaiseError(ErrorNumber::InvalidProcedureCall);  // what cannot be read is not replaced
+    IniText text(bytes.value_or(std::string()));
+    if (!key) {
+      text.RemoveSection(section);
+    } else if (!value) {
+      text.RemoveKey(section, Narrow(*key));
+    } else {
+      text.Set(section, Narrow(*key), Narrow(*value));
+    }
+    if (!original) std::filesystem::create_directories(userFolder_);
+    WriteFileWhole(path, text.Bytes());
+  });
+}
+
+}  // namespace quorvane::native

@@ -1,0 +1,62 @@
+#include "native/settings/FileSettingsStore.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Error.h"
+
+namespace quorvane::native {
+
+namespace {
+
+auto Find(std::vector<SettingsFile::Section>& sections, std::u16string_view appName, std::u16string_view name) {
+  return std::ranges::find_if(sections, [&](const auto& s) { return s.group == appName && s.name == name; });
+}
+
+}  // namespace
+
+FileSettingsStore::FileSettingsStore(std::string path) : file_(std::move(path)) {}
+
+std::u16string FileSettingsStore::GetSetting(std::u16string_view appName, std::u16string_view section,
+                                             std::u16string_view key, std::u16string_view defaultValue) {
+  auto& sections = file_.Read();
+  if (const auto found = Find(sections, appName, section); found != sections.end()) {
+    for (const auto& [name, value] : found->values) {
+      if (name == key) return value;
+    }
+  }
+  return std::u16string(defaultValue);
+}
+
+void FileSettingsStore::SaveSetting(std::u16string_view appName, std::u16string_view section, std::u16string_view key,
+                                    std::u16string_view value) {
+  auto& sections = file_.ReadOrReplace();
+  changed_ = true;
+  auto target = Find(sections, appName, section);
+  if (target == sections.end()) {
+    target = sections.insert(target, {std::u16string(appName), std::u16string(section), {}});
+  }
+  for (auto& [name, old] : target->values) {
+    if (name == key) {
+      old = value;
+      return;
+    }
+  }
+  target->values.emplace_back(key, value);
+}
+
+void FileSettingsStore::DeleteSetting(std::u16string_view appName, std::u16string_view section) {
+  auto& sections = file_.ReadOrReplace();
+  const auto found = Find(sections, appName, section);
+  if (found == sections.end()) RaiseError(ErrorNumber::InvalidProcedureCall);
+  sections.erase(found);
+  changed_ = true;
+}
+
+void FileSettingsStore::Commit() {
+  if (!changed_) return;
+  file_.Write();
+  changed_ = false;
+}
+
+}  // namespace quorvane::native

@@ -1,0 +1,268 @@
+#include "workbench/model/Module.h"
+
+#include <algorithm>
+
+#include "base/Checked.h"
+#include "base/Error.h"
+#include "base/Text.h"
+
+namespace quorvane::workbench {
+
+// Find reads as little as it can. While the text is that of the file and every match holds some ASCII characters, the
+// raw bytes of the whole range are scanned for those, hidden lines included; a hit is mapped to its line by binary
+// search, and only that line is decoded and given to the matcher, which decides. An edited text is taken line by line,
+// each line that still is a span of the file through the same sieve.
+
+namespace {
+
+std::size_t Width(const CodePage& page, char16_t c) {
+  return page.IsWide(c) ? 2 : 1;
+}
+
+/// 1-based screen column of the 0-based unit `unit`.
+std::int32_t ToColumn(const CodePage& page, std::u16string_view line, std::size_t unit) {
+  std::size_t column = 1;
+  for (std::size_t i = 0; i < unit; ++i) column += Width(page, line[i]);
+  return Checked32(static_cast<std::int64_t>(column));
+}
+
+/// 0-based unit at the 1-based screen column `column`; a column inside of a wide character gives the unit behind it, a
+/// column past the end the length of the line.
+std::size_t ToUnit(const CodePage& page, std::u16string_view line, std::int32_t column) {
+  std::size_t unit = 0;
+  for (std::int64_t at = 1; unit < line.size() && at < column; ++unit)
+    at += static_cast<std::int64_t>(Width(page, line[unit]));
+  return unit;
+}
+
+/// The same for the exclusive end of a range, which holds no half of a wide character.
+std::size_t ToEndUnit(const CodePage& page, std::u16string_view line, std::int32_t column) {
+  const std::size_t unit = ToUnit(page, line, column);
+  return unit > 0 && ToColumn(page, line, unit) > column ? unit - 1 : unit;
+}
+
+bool IsAscii(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
+std::u16string Hex(char16_t c) {
+  std::u16string digits;
+  for (int shift = 12; shift >= 0; shift -= 4) digits += u"0123456789ABCDEF"[c >> shift & 0xF];
+  return digits;
+}
+
+[[noreturn]] void RaiseLacking(const CodePage& page, std::int32_t line, std::u16string_view text, std::size_t at) {
+  const std::size_t units = IsHighSurrogate(text[at]) && at + 1 < text.size() ? 2 : 1;
+  RaiseError(ErrorNumber::InvalidProcedureCall,
+             u"Line " + ToText(line) + u", column " + ToText(static_cast<std::int64_t>(at) + 1) + u": code page " +
+                 FromUtf8(page.Name()) + u" has no character " + std::u16string(text.substr(at, units)) + u" (U+" +
+                 Hex(text[at]) + u")");
+}
+
+/// What the text of `bytes` encodes to; the same bytes when the code page cannot tell.
+std::string Canonical(const CodePage& page, std::string_view bytes) {
+  std::u16string text;
+  page.Decode(bytes, text);
+  std::string encoded;
+  std::size_t failedAt = 0;
+  return page.Encode(text, encoded, failedAt) ? encoded : std::string(bytes);
+}
+
+ByteScanner ScannerFor(const LineMatcher& matcher, const MatchOptions& options) {
+  if (!matcher.AsciiRun().empty()) return ByteScanner(matcher.AsciiRun(), options.matchCase);
+  return matcher.NeedsBeyondAscii() ? ByteScanner::BeyondAscii() : ByteScanner();
+}
+
+}  // namespace
+
+/// The part of the module that a search covers. Lines are 1-based and exist; `startColumn` is of the first line,
+/// `endColumn` of the last.
+struct Module::Bounds {
+  std::int32_t startLine = 1;
+  std::int32_t startColumn = 1;
+  std::int32_t endLine = 1;
+  std::int32_t endColumn = 1;
+};
+
+Module::Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock)
+    : text_(file, page, clock), saved_(std::move(file)) {}
+
+std::shared_ptr<vbide::CodePane> Module::CodePane() {
+  if (!pane_ && paneMaker_) pane_ = paneMaker_();
+  return pane_;
+}
+
+std::int32_t Module::CountOfDeclarationLines() const {
+  return Map().CountOfDeclarationLines();
+}
+
+std::u16string Module::Lines(std::int32_t start, std::int32_t count) const {
+  return text_.Joined(std::int64_t{start} - 1, count);
+}
+
+void Module::InsertLines(std::int32_t line, std::u16string_view text) {
+  if (line < 1) RaiseError(ErrorNumber::SubscriptOutOfRange);
+  text_.Insert(std::min(line - 1, text_.Count()), text);
+  Changed.Raise();
+}
+
+void Module::DeleteLines(std::int32_t start, std::int32_t count) {
+  if (start < 1 || count < 0 || std::int64_t{start} - 1 + count > text_.Count())
+    RaiseError(ErrorNumber::SubscriptOutOfRange);
+  if (count == 0) return;
+  text_.Delete(start - 1, count);
+  Changed.Raise();
+}
+
+bool Module::Undo() {
+  if (!text_.Undo()) return false;
+  Changed.Raise();
+  return true;
+}
+
+bool Module::Redo() {
+  if (!text_.Redo()) return false;
+  Changed.Raise();
+  return true;
+}
+
+const ProcedureMap& Module::Map() const {
+  if (mapRevision_ != text_.Revision()) {
+    map_ = ProcedureMap(text_);
+    mapRevision_ = text_.Revision();
+  }
+  return map_;
+}
+
+std::u16string Module::ProcOfLine(std::int32_t line, vbide::ProcKind& kind) const {
+  const Procedure* const procedure = Map().AtLine(line);
+  kind = procedure != nullptr ? procedure->kind : vbide::ProcKind::Proc;
+  return procedure != nullptr ? procedure->name : std::u16string();
+}
+
+std::int32_t Module::ProcStartLine(std::u16string_view name, vbide::ProcKind kind) const {
+  return Map().Named(name, kind).startLine;
+}
+
+std::int32_t Module::ProcCountLines(std::u16string_view name, vbide::ProcKind kind) const {
+  return Map().Named(name, kind).countOfLines;
+}
+
+const Module::Search& Module::Prepared(std::u16string_view target, const MatchOptions& options) const {
+  if (search_ && search_->target == target && search_->options == options) return *search_;
+  auto search = std::make_unique<Search>();
+  search->target = target;
+  search->options = options;
+  search->matcher = MakeLineMatcher(target, options);
+  search->scanner = ScannerFor(*search->matcher, options);
+  search_ = std::move(search);
+  return *search_;
+}
+
+bool Module::ClipToModule(const vbide::Selection& range, Bounds& bounds) const {
+  constexpr std::int32_t kLineEnd = 0x7FFFFFFF;
+  bounds = {range.StartLine, range.StartColumn, range.EndLine, range.EndColumn};
+  if (bounds.startLine < 1) bounds = {1, 1, bounds.endLine, bounds.endColumn};
+  if (bounds.endLine > text_.Count()) {
+    bounds.endLine = text_.Count();
+    bounds.endColumn = kLineEnd;
+  }
+  return bounds.startLine <= bounds.endLine;
+}
+
+bool Module::Find(std::u16string_view target, vbide::Selection& range, bool wholeWord, bool matchCase,
+                  bool patternSearch) const {
+  const Search& search = Prepared(target, {wholeWord, matchCase, patternSearch});
+  Bounds bounds;
+  if (target.empty() || !ClipToModule(range, bounds)) return false;
+  // A search goes on where the last one ended, so that the next match is often in the first line.
+  if (FindInLine(search, bounds.startLine, bounds, range)) return true;
+  const bool scans = text_.Pristine() && search.scanner.Usable();
+  return scans ? FindInFile(search, bounds, range) : FindByLines(search, bounds, range);
+}
+
+bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const {
+  const CodePage& page = text_.Page();
+  const std::u16string_view text = text_.LineText(line - 1, lineBuffer_);
+  const std::size_t from = line == bounds.startLine ? ToUnit(page, text, bounds.startColumn) : 0;
+  const std::size_t to = line == bounds.endLine ? ToEndUnit(page, text, bounds.endColumn) : text.size();
+  LineMatch match;
+  if (from >= to || !search.matcher->Next(text, from, to, match)) return false;
+  found = {line, ToColumn(page, text, match.begin), line, ToColumn(page, text, match.end)};
+  return true;
+}
+
+/// Behind the first line, in a text that is the file's.
+bool Module::FindInFile(const Search& search, const Bounds& bounds, vbide::Selection& found) const {
+  const SourceFile& file = text_.Opened();
+  const SourceFile::Line first = file.LineAt(static_cast<std::size_t>(bounds.startLine) - 1);
+  const SourceFile::Line last = file.LineAt(static_cast<std::size_t>(bounds.endLine) - 1);
+  const std::string_view bytes = std::string_view(file.Bytes()).substr(0, last.begin + last.length);
+  std::size_t hit = search.scanner.Find(bytes, first.begin + first.length);
+  while (hit != bytes.npos) {
+    const auto begin = file.Lines().begin();  // made at the first hit
+    const auto behind = std::partition_point(begin + bounds.startLine, begin + bounds.endLine,
+                                             [hit](const SourceFile::Line& l) { return l.begin <= hit; });
+    const auto line = static_cast<std::int32_t>(behind - begin);
+    // A hit behind the end of its line is in a line end or in a hidden line.
+    const bool isCode = hit < (behind - 1)->begin + (behind - 1)->length;
+    if (isCode && FindInLine(search, line, bounds, found)) return true;
+    if (line >= bounds.endLine) return false;
+    hit = search.scanner.Find(bytes, behind->begin);
+  }
+  return false;
+}
+
+/// Behind the first line, in any text.
+bool Module::FindByLines(const Search& search, const Bounds& bounds, vbide::Selection& found) const {
+  for (std::int32_t line = bounds.startLine + 1; line <= bounds.endLine; ++line) {
+    const bool sieved = search.scanner.Usable() && text_.IsSpan(line - 1) &&
+                        search.scanner.Find(text_.SpanBytes(line - 1), 0) == std::string_view::npos;
+    if (!sieved && FindInLine(search, line, bounds, found)) return true;
+  }
+  return false;
+}
+
+ComposedFile Module::Compose() const {
+  const CodePage& page = text_.Page();
+  const std::size_t count = static_cast<std::size_t>(text_.Count());
+  const std::size_t savedCount = saved_->Lines().size();
+  const std::vector<std::int32_t> sinceSaved = text_.LinesSinceSaved();
+
+  // A line that was never touched keeps its bytes on both sides, so that it counts as the same however its characters
+  // are spelt; a line that was typed anew is compared by what its text encodes to.
+  std::vector<std::string> encoded(count);
+  std::vector<std::string_view> lines(count);
+  std::vector<bool> untouched(savedCount, false);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto index = static_cast<std::int32_t>(i);
+    if (text_.IsSpan(index)) {
+      lines[i] = text_.SpanBytes(index);
+      const auto was = static_cast<std::size_t>(sinceSaved[i]);
+      if (was < savedCount && saved_->LineBytes(was) == lines[i]) untouched[was] = true;
+      continue;
+    }
+    const std::u16string_view typed = text_.TypedText(index);
+    std::size_t failedAt = 0;
+    if (!page.Encode(typed, encoded[i], failedAt)) RaiseLacking(page, index + 1, typed, failedAt);
+    lines[i] = encoded[i];
+  }
+
+  std::vector<std::string> respelt(savedCount);
+  std::vector<std::string_view> canonical(savedCount);
+  for (std::size_t i = 0; i < savedCount; ++i) {
+    canonical[i] = saved_->LineBytes(i);
+    if (untouched[i] || IsAscii(canonical[i])) continue;
+    respelt[i] = Canonical(page, canonical[i]);
+    canonical[i] = respelt[i];
+  }
+  return ComposeFile(*saved_, canonical, lines);
+}
+
+void Module::MarkSaved(std::shared_ptr<const SourceFile> file) {
+  Deref(file);
+  saved_ = std::move(file);
+  text_.MarkSaved();
+}
+
+}  // namespace quorvane::workbench

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/Event.h"
+#include "platform/CodePage.h"
+#include "vbide/VBIDE.h"
+#include "workbench/find/LineMatcher.h"
+#include "workbench/text/ByteScanner.h"
+#include "workbench/text/ComposeFile.h"
+#include "workbench/text/ModuleText.h"
+#include "workbench/text/ProcedureMap.h"
+#include "workbench/text/SourceFile.h"
+#include "workbench/text/TurnClock.h"
+
+namespace quorvane::workbench {
+
+/// The text of one component. What it derives from the text (procedures, a compiled search) it makes at first use and
+/// keeps by revision; it serves one thread at a time, readers included.
+class Module final : public vbide::CodeModule {
+ public:
+  /// `page` and `clock` must outlive this.
+  Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock);
+
+  void SetParent(std::weak_ptr<vbide::VBComponent> parent) { parent_ = std::move(parent); }
+  /// `maker` makes the pane, once, when it is first asked for.
+  void SetPaneMaker(std::function<std::shared_ptr<vbide::CodePane>()> maker) { paneMaker_ = std::move(maker); }
+
+  std::shared_ptr<vbide::VBComponent> Parent() const override { return parent_.lock(); }
+  /// Nothing when there is no maker.
+  std::shared_ptr<vbide::CodePane> CodePane() override;
+  std::int32_t CountOfLines() const override { return text_.Count(); }
+  std::int32_t CountOfDeclarationLines() const override;
+  std::u16string Lines(std::int32_t start, std::int32_t count) const override;
+  void InsertLines(std::int32_t line, std::u16string_view text) override;
+  void DeleteLines(std::int32_t start, std::int32_t count) override;
+  /// A line that does not exist has no procedure either.
+  std::u16string ProcOfLine(std::int32_t line, vbide::ProcKind& kind) const override;
+  std::int32_t ProcStartLine(std::u16string_view name, vbide::ProcKind kind) const override;
+  std::int32_t ProcCountLines(std::u16string_view name, vbide::ProcKind kind) const override;
+  /// Raises error 93 for an invalid pattern.
+  bool Find(std::u16string_view target, vbide::Selection& range, bool wholeWord, bool matchCase,
+            bool patternSearch) const override;
+  std::uint64_t Revision() const override { return text_.Revision(); }
+
+  /// In the order of their lines.
+  const std::vector<Procedure>& Procedures() const { return Map().Procedures(); }
+  std::u16string Text() const { return text_.Joined(0, text_.Count()); }
+
+  /// True when edits were made since the last save that undo has not taken back.
+  bool Modified() const { return text_.Modified(); }
+  bool CanUndo() const { return text_.CanUndo(); }
+  bool CanRedo() const { return text_.CanRedo(); }
+  /// Takes back, or does again, the edits of one turn; false when there is nothing.
+  bool Undo();
+  bool Redo();
+
+  /// What the file last held.
+  const std::shared_ptr<const SourceFile>& Saved() const { return saved_; }
+  /// The file that a save would write. Raises error 5, naming line, column (in characters) and character, when the
+  /// code page lacks a character.
+  ComposedFile Compose() const;
+  /// The present text is now what `file` holds.
+  void MarkSaved(std::shared_ptr<const SourceFile> file);
+  /// 1-based line of the saved file in which line `line` of its code stands.
+  std::int32_t FileLine(std::int32_t line) const { return saved_->FileLine(line); }
+
+  /// Raised behind each edit, undo and redo.
+  Event<> Changed;
+
+ private:
+  /// A search target made ready.
+  struct Search {
+    std::u16string target;
+    MatchOptions options;
+    std::unique_ptr<LineMatcher> matcher;
+    ByteScanner scanner;
+  };
+  struct Bounds;
+
+  const ProcedureMap& Map() const;
+  const Search& Prepared(std::u16string_view target, const MatchOptions& options) const;
+  bool ClipToModule(const vbide::Selection& range, Bounds& bounds) const;
+  bool FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const;
+  bool FindInFile(const Search& search, const Bounds& bounds, vbide::Selection& found) const;
+  bool FindByLines(const Search& search, const Bounds& bounds, vbide::Selection& found) const;
+
+  ModuleText text_;
+  std::shared_ptr<const SourceFile> saved_;
+  std::weak_ptr<vbide::VBComponent> parent_;
+  std::function<std::shared_ptr<vbide::CodePane>()> paneMaker_;
+  std::shared_ptr<vbide::CodePane> pane_;
+  mutable ProcedureMap map_;
+  mutable std::uint64_t mapRevision_ = 0;  ///< 0: no map yet
+  mutable std::unique_ptr<Search> search_;
+  mutable std::u16string lineBuffer_;
+};
+
+}  // namespace quorvane::workbench

@@ -1,0 +1,254 @@
+#include "workbench/project/Opener.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "platform/CodePage.h"
+#include "workbench/project/FileKind.h"
+#include "workbench/project/FileLoader.h"
+#include "workbench/project/GroupFile.h"
+#include "workbench/project/PathFinder.h"
+#include "workbench/project/ProjectFile.h"
+
+namespace quorvane::workbench {
+
+namespace {
+
+using vbide::ComponentType;
+
+constexpr std::int32_t kPathFileAccess = 75;
+
+[[noreturn]] void RaiseUnreadable(const std::string& path, int error) {
+  throw Error(kPathFileAccess, FromUtf8(path + ": " + ErrnoText(error)));
+}
+
+/// The file itself, whatever way leads to it.
+std::string Identity(const std::string& path) {
+  std::error_code failed;
+  std::filesystem::path real = std::filesystem::canonical(path, failed);
+  return failed ? path : real.string();
+}
+
+std::u16string Stem(const std::string& path) {
+  const std::string name = FileNameOf(path);
+  const std::size_t dot = name.rfind('.');
+  return FromUtf8(dot == 0 ? name : name.substr(0, dot));
+}
+
+/// Opening goes in three steps: the lists of files are read and every path is found; then all modules are loaded at
+/// once, each file a single time, on all threads; then the projects are built in their order.
+class Opener {
+ public:
+  explicit Opener(Workbench& workbench) : workbench_(workbench), page_(workbench.ThePage()), finder_(page_) {
+    for (const auto& project : workbench.Projects()) known_.insert(Identity(project->Path()));
+  }
+
+  void AddArgument(const std::string& argument);
+  void Load(const LoadProgress& progress);
+  void Build();
+
+  std::vector<std::string> TakeWarnings() { return std::move(warnings_); }
+
+ private:
+  struct PlannedComponent {
+    ProjectFile::Entry entry;
+    std::string path;
+    bool argument = false;  ///< named by the user: it must be readable
+  };
+  struct PlannedProject {
+    std::u16string name;
+    std::string path;
+    std::vector<PlannedComponent> components;
+    std::set<std::string> paths;  ///< of the components
+  };
+
+  void AddGroup(const std::string& path, std::string_view bytes);
+  /// Nothing happens when it is open already.
+  void AddProject(const std::string& path, std::string_view bytes);
+  void AddComponent(PlannedProject& project, const ProjectFile::Entry& entry);
+  void AddModule(const std::string& path, ComponentType type);
+  void BuildComponent(Project& project, const PlannedProject& planned, const PlannedComponent& component);
+  Component::Parts MakeParts(const PlannedComponent& component, const LoadedFile& loaded) const;
+  std::u16string FreeProjectName() const;
+  void Warn(const std::string& listingFile, std::u16string_view listed, const std::string& words);
+
+  Workbench& workbench_;
+  const CodePage& page_;
+  PathFinder finder_;
+  std::vector<std::string> warnings_;
+  std::vector<PlannedProject> projects_;
+  std::optional<std::size_t> modules_;  ///< place in projects_ of the project that holds the module files
+  std::set<std::string> known_;         ///< project files that are open or planned
+  std::string startUp_;                 ///< identity of the project file; empty when there is none yet
+  std::map<std::string, LoadedFile> loaded_;
+};
+
+void Opener::Warn(const std::string& listingFile, std::u16string_view listed, const std::string& words) {
+  warnings_.push_back(listingFile + ": " + ToUtf8(listed) + ": " + words);
+}
+
+void Opener::AddArgument(const std::string& argument) {
+  const std::string path = ShownPath(argument);
+  std::optional<FileKind> kind = FileKind::OfName(path);
+  if (kind && kind->role == FileKind::Role::Component) return AddModule(path, kind->type);
+  const FileBytes file = ReadFileBytes(path);
+  if (file.error != 0) RaiseUnreadable(argument, file.error);
+  if (!kind) kind = FileKind::OfContent(file.bytes);
+  switch (kind->role) {
+    case FileKind::Role::ProjectGroup:
+      return AddGroup(path, file.bytes);
+    case FileKind::Role::Project:
+      return AddProject(path, file.bytes);
+    case FileKind::Role::Component:
+      return AddModule(path, kind->type);
+  }
+}
+
+void Opener::AddGroup(const std::string& path, std::string_view bytes) {
+  const GroupFile group = GroupFile::Parse(bytes, page_);
+  for (std::size_t i = 0; i < group.projects.size(); ++i) {
+    const std::u16string& listed = group.projects[i];
+    const std::string found = finder_.Find(FolderOf(path), listed);
+    if (found.empty()) {
+      Warn(path, listed, "not found");
+      continue;
+    }
+    const FileBytes file = ReadFileBytes(found);
+    if (file.error != 0) {
+      Warn(path, listed, ErrnoText(file.error));
+      continue;
+    }
+    AddProject(found, file.bytes);
+    if (group.startUp == i && startUp_.empty()) startUp_ = Identity(found);
+  }
+}
+
+void Opener::AddProject(const std::string& path, std::string_view bytes) {
+  if (!known_.insert(Identity(path)).second) return;
+  const ProjectFile file = ProjectFile::Parse(bytes, page_);
+  PlannedProject project;
+  project.name = file.name.empty() ? Stem(path) : file.name;
+  project.path = path;
+  for (const ProjectFile::Entry& entry : file.entries) AddComponent(project, entry);
+  projects_.push_back(std::move(project));
+}
+
+void Opener::AddComponent(PlannedProject& project, const ProjectFile::Entry& entry) {
+  std::string found = finder_.Find(FolderOf(project.path), entry.path);
+  if (found.empty()) return Warn(project.path, entry.path, "not found");
+  // The host takes a file into a project once.
+  if (!project.paths.insert(found).second) return Warn(project.path, entry.path, "listed twice, opened once");
+  project.components.push_back({entry, std::move(found)});
+}
+
+void Opener::AddModule(const std::string& path, ComponentType type) {
+  if (!modules_) {
+    modules_ = projects_.size();
+    projects_.emplace_back();
+  }
+  PlannedProject& project = projects_[*modules_];
+  if (!project.paths.insert(path).second) return;
+  project.components.push_back({{type, {}, FromUtf8(path)}, path, true});
+}
+
+void Opener::Load(const LoadProgress& progress) {
+  std::vector<std::string> paths;
+  for (const PlannedProject& project : projects_) {
+    for (const PlannedComponent& component : project.components) {
+      if (HoldsCode(component.entry.type)) paths.push_back(component.path);
+    }
+  }
+  std::ranges::sort(paths);
+  paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
+  std::vector<LoadedFile> files = LoadFiles(paths, progress);
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    loaded_.emplace_hint(loaded_.end(), std::move(paths[i]), std::move(files[i]));
+  }
+  for (const PlannedProject& project : projects_) {
+    for (const PlannedComponent& component : project.components) {
+      if (!component.argument) continue;
+      const auto loaded = loaded_.find(component.path);
+      const int error = loaded != loaded_.end() ? loaded->second.error : ReadFileBytes(component.path).error;
+      if (error != 0) RaiseUnreadable(component.path, error);
+    }
+  }
+}
+
+void Opener::Build() {
+  std::shared_ptr<Project> startUp;
+  for (const PlannedProject& planned : projects_) {
+    const std::u16string name = planned.name.empty() ? FreeProjectName() : planned.name;
+    const std::shared_ptr<Project> project = workbench_.NewProject(name, planned.path);
+    for (const PlannedComponent& component : planned.components) BuildComponent(*project, planned, component);
+    workbench_.Add(project);
+    if (!startUp_.empty() && Identity(planned.path) == startUp_) startUp = project;
+  }
+  if (startUp) workbench_.SetActiveProject(startUp);
+}
+
+void Opener::BuildComponent(Project& project, const PlannedProject& planned, const PlannedComponent& component) {
+  if (!HoldsCode(component.entry.type)) {
+    Component::Parts parts;
+    parts.name = FromUtf8(FileNameOf(component.path));
+    parts.type = component.entry.type;
+    parts.path = component.path;
+    project.Add(std::move(parts));
+    return;
+  }
+  const LoadedFile& loaded = loaded_.at(component.path);
+  if (loaded.error != 0) return Warn(planned.path, component.entry.path, ErrnoText(loaded.error));
+  project.Add(MakeParts(component, loaded));
+}
+
+Component::Parts Opener::MakeParts(const PlannedComponent& component, const LoadedFile& loaded) const {
+  Component::Parts parts;
+  parts.type = component.entry.type;
+  if (parts.type == ComponentType::VBForm) {
+    const std::string_view header = std::string_view(loaded.source->Bytes()).substr(0, loaded.source->CodeBegin());
+    const std::optional<ComponentType> told = TypeOfObject(header);
+    if (told == ComponentType::VBMDIForm || told == ComponentType::MSForm) parts.type = *told;
+  }
+  page_.Decode(loaded.source->Name(), parts.name);
+  if (parts.name.empty()) parts.name = component.entry.name;
+  if (parts.name.empty()) parts.name = Stem(component.path);
+  parts.path = component.path;
+  parts.stamp = loaded.stamp;
+  parts.file = loaded.source;
+  return parts;
+}
+
+std::u16string Opener::FreeProjectName() const {
+  for (std::int64_t number = 1;; ++number) {
+    std::u16string name = u"Project" + ToText(number);
+    const auto takenBy = [&](const auto& names) { return EqualsNoCaseAscii(names, name); };
+    const bool taken = std::ranges::any_of(projects_, takenBy, &PlannedProject::name) ||
+                       std::ranges::any_of(workbench_.Projects(), takenBy, &Project::Name);
+    if (!taken) return name;
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
+                                       const LoadProgress& progress) {
+  Opener opener(workbench);
+  for (const std::string& file : files) opener.AddArgument(file);
+  opener.Load(progress);
+  opener.Build();
+  return opener.TakeWarnings();
+}
+
+OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page) {
+  OpenedGroup group;
+  group.workbench = std::make_unique<Workbench>(page);
+  group.warnings = OpenFilesInto(*group.workbench, files);
+  return group;
+}
+
+}  // namespace quorvane::workbench

@@ -1,0 +1,167 @@
+#include "workbench/project/PathFinder.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "base/Text.h"
+#include "platform/CodePage.h"
+#include "workbench/project/KeyLines.h"
+#include "workbench/text/CaseFold.h"
+
+namespace quorvane::workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Join(const std::string& folder, const std::string& name) {
+  if (folder.empty()) return name;
+  return folder.ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+bool Exists(const std::string& path, bool asFolder) {
+  struct stat found {};
+  return ::stat(path.c_str(), &found) == 0 && (!asFolder || S_ISDIR(found.st_mode));
+}
+
+/// The name of a file on disk as text: UTF-8, or else the bytes of the code page.
+std::u16string DiskName(std::string_view bytes, const CodePage& page) {
+  std::u16string text = FromUtf8(bytes);
+  if (text.find(u'\uFFFD') == std::u16string::npos) return text;
+  text.clear();
+  page.Decode(bytes, text);
+  return text;
+}
+
+std::u16string Folded(std::u16string_view name) {
+  std::u16string folded(name);
+  std::ranges::transform(folded, folded.begin(), CaseFold::Of);
+  return folded;
+}
+
+/// Only leading `..` elements may stand in `path`, or none: without symbolic links there is then no difference between
+/// the name of a folder and the way to it.
+std::string Lexical(const std::string& path) {
+  std::error_code failed;
+  const fs::path here = fs::current_path(failed);
+  if (failed) return path;
+  const std::string shown = (here / path).lexically_normal().lexically_relative(here).string();
+  return shown == "." ? std::string() : shown;
+}
+
+/// Splits a Windows path; `.` and what a later `..` takes back are gone. `climbs` counts the `..` that are left.
+std::vector<std::u16string_view> Names(std::u16string_view path, int& climbs) {
+  std::vector<std::u16string_view> names;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find_first_of(u"\\/"), path.size());
+    const std::u16string_view name = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (name.empty() || name == u".") continue;
+    if (name != u"..") {
+      names.push_back(name);
+    } else if (names.empty()) {
+      ++climbs;
+    } else {
+      names.pop_back();
+    }
+  }
+  return names;
+}
+
+}  // namespace
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return {};
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string FileNameOf(const std::string& path) {
+  return path.substr(path.rfind('/') + 1);
+}
+
+std::string ShownPath(const std::string& path) {
+  fs::path straight = path;
+  if (path.find("..") != std::string::npos) {  // a way up out of a symbolic link is not the way that led into it
+    std::error_code failed;
+    const fs::path folder = fs::canonical(straight.has_parent_path() ? straight.parent_path() : ".", failed);
+    if (!failed && straight.filename() != "..") straight = folder / straight.filename();
+  }
+  return Lexical(straight.string());
+}
+
+std::string PathFinder::Find(const std::string& folder, std::u16string_view windowsPath) {
+  const std::u16string_view path = TrimSpace(windowsPath);
+  if (path.empty() || path.starts_with(u'\\') || path.find(u'\0') != std::u16string_view::npos) return {};
+  if (path.size() > 1 && path[1] == u':') return {};
+  int climbs = 0;
+  const std::vector<std::u16string_view> names = Names(path, climbs);
+  if (names.empty()) return {};
+  std::string start = path.starts_with(u'/') ? "/" : folder;
+  for (; climbs > 0; --climbs) start = Parent(start);
+  std::string written = start;
+  for (const std::u16string_view name : names) written = Join(written, ToUtf8(name));
+  std::string found = Exists(written, false) ? std::move(written) : Walk(start, names, 0);
+  if (!found.starts_with("..")) return found;
+  const std::string itsFolder = FolderOf(found);
+  const auto [known, isNew] = shown_.try_emplace(itsFolder);
+  if (isNew) known->second = Lexical(itsFolder);
+  return Join(known->second, FileNameOf(found));
+}
+
+std::string PathFinder::Walk(const std::string& folder, const std::vector<std::u16string_view>& names, std::size_t at) {
+  if (at == names.size()) return folder;
+  const bool last = at + 1 == names.size();
+  const std::string written = Join(folder, ToUtf8(names[at]));
+  if (Exists(written, !last)) {
+    if (std::string found = Walk(written, names, at + 1); !found.empty()) return found;
+  }
+  const Listing& listing = List(folder);
+  const auto [begin, end] = listing.equal_range(Folded(names[at]));
+  for (auto entry = begin; entry != end; ++entry) {
+    const std::string other = Join(folder, entry->second);
+    if (other == written || !Exists(other, !last)) continue;
+    if (std::string found = Walk(other, names, at + 1); !found.empty()) return found;
+  }
+  return {};
+}
+
+const std::string& PathFinder::Parent(const std::string& folder) {
+  const auto [known, isNew] = parents_.try_emplace(folder);
+  if (!isNew) return known->second;
+  struct stat found {};
+  const bool link = !folder.empty() && ::lstat(folder.c_str(), &found) == 0 && S_ISLNK(found.st_mode);
+  if (link) {
+    std::error_code failed;
+    const fs::path real = fs::canonical(folder, failed);
+    if (!failed) return known->second = ShownPath(real.parent_path().string());
+  }
+  if (folder.empty() || folder == ".." || folder.ends_with("/..")) {
+    known->second = Join(folder, "..");
+  } else {
+    known->second = folder == "/" ? folder : FolderOf(folder);
+  }
+  return known->second;
+}
+
+const PathFinder::Listing& PathFinder::List(const std::string& folder) {
+  const auto [known, isNew] = listings_.try_emplace(folder);
+  if (!isNew) return known->second;
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.empty() ? "." : folder.c_str()), &::closedir);
+  if (!stream) return known->second;
+  std::vector<std::string> names;
+  while (const dirent* entry = ::readdir(stream.get())) names.emplace_back(entry->d_name);
+  std::ranges::sort(names);  // of names that differ in case alone, the same one comes first on every file system
+  for (std::string& name : names) {
+    std::u16string folded = Folded(DiskName(name, page_));
+    known->second.emplace(std::move(folded), std::move(name));
+  }
+  return known->second;
+}
+
+}  // namespace quorvane::workbench

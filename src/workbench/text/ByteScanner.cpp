@@ -1,0 +1,113 @@
+#include "workbench/text/ByteScanner.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane::workbench {
+
+// Two bytes of the run, the rarest in program text, are compared at every place of a block of bytes at once, in a loop
+// without branches that the compiler turns into vector instructions. Only a block that holds both somewhere is looked
+// at place by place.
+
+namespace {
+
+constexpr std::size_t kBlock = 128;
+
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+bool IsLetter(char c) {
+  return Lower(c) >= 'a' && Lower(c) <= 'z';
+}
+
+/// How common a character is in program text: the higher, the commoner.
+int Commonness(char c) {
+  static constexpr std::string_view kCommonFirst = " etrinaosldcmpfugbhxvywkjqz";
+  const std::size_t at = kCommonFirst.find(Lower(c));
+  if (at != std::string_view::npos) return static_cast<int>(2 * (kCommonFirst.size() - at)) + 4;
+  static constexpr std::string_view kCommonSigns = "().=,\"_";
+  return kCommonSigns.find(c) != std::string_view::npos ? 24 : c >= '0' && c <= '9' ? 12 : 1;
+}
+
+std::size_t FindBeyondAscii(std::string_view bytes, std::size_t from) {
+  std::size_t i = from;
+  for (; i + kBlock <= bytes.size(); i += kBlock) {
+    unsigned char any = 0;
+    for (std::size_t k = i; k < i + kBlock; ++k) any = static_cast<unsigned char>(any | bytes[k]);
+    if ((any & 0x80) != 0) break;
+  }
+  for (; i < bytes.size(); ++i) {
+    if ((bytes[i] & 0x80) != 0) return i;
+  }
+  return std::string_view::npos;
+}
+
+}  // namespace
+
+ByteScanner::ByteScanner(std::string_view run, bool matchCase) : run_(run), matchCase_(matchCase) {
+  if (run_.empty()) return;
+  if (!matchCase_) std::transform(run_.begin(), run_.end(), run_.begin(), Lower);
+  std::size_t first = 0;
+  std::size_t second = run_.size() - 1;
+  if (Commonness(run_[second]) < Commonness(run_[first])) std::swap(first, second);
+  for (std::size_t i = 1; i + 1 < run_.size(); ++i) {
+    if (Commonness(run_[i]) < Commonness(run_[first])) {
+      second = std::exchange(first, i);
+    } else if (Commonness(run_[i]) < Commonness(run_[second])) {
+      second = i;
+    }
+  }
+  first_ = ProbeAt(first);
+  second_ = ProbeAt(second);
+}
+
+ByteScanner::Probe ByteScanner::ProbeAt(std::size_t at) const {
+  const char c = run_[at];
+  const unsigned char mask = !matchCase_ && IsLetter(c) ? 0x20 : 0;
+  return {at, mask, static_cast<unsigned char>(c)};
+}
+
+bool ByteScanner::MatchesAt(const char* bytes) const {
+  if (matchCase_) return std::equal(run_.begin(), run_.end(), bytes);
+  return std::equal(run_.begin(), run_.end(), bytes, [](char r, char b) { return r == Lower(b); });
+}
+
+ByteScanner ByteScanner::BeyondAscii() {
+  ByteScanner scanner;
+  scanner.beyondAscii_ = true;
+  return scanner;
+}
+
+std::size_t ByteScanner::Find(std::string_view bytes, std::size_t from) const {
+  if (beyondAscii_) return FindBeyondAscii(bytes, from);
+  if (run_.size() > bytes.size()) return std::string_view::npos;
+  const std::size_t end = bytes.size() - run_.size() + 1;  // places where the run has room
+  const auto* const data = reinterpret_cast<const unsigned char*>(bytes.data());
+  const Probe p = first_;
+  const Probe q = second_;
+  const auto isHit = [&](std::size_t i) {
+    return ((data[i + p.at] | p.mask) == p.value) && ((data[i + q.at] | q.mask) == q.value) &&
+           MatchesAt(bytes.data() + i);
+  };
+  std::size_t i = from;
+  for (; i + kBlock <= end; i += kBlock) {
+    const unsigned char* const a = data + i + p.at;
+    const unsigned char* const b = data + i + q.at;
+    unsigned char any = 0;
+    for (std::size_t k = 0; k < kBlock; ++k) {
+      const unsigned char differs =
+          static_cast<unsigned char>(((a[k] | p.mask) ^ p.value) | ((b[k] | q.mask) ^ q.value));
+      any = static_cast<unsigned char>(any | (differs == 0 ? 0xFF : 0));
+    }
+    if (any == 0) continue;
+    for (std::size_t k = i; k < i + kBlock; ++k) {
+      if (isHit(k)) return k;
+    }
+  }
+  for (; i < end; ++i) {
+    if (isHit(i)) return i;
+  }
+  return std::string_view::npos;
+}
+
+}  // namespace quorvane::workbench

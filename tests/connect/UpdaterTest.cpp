@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include "addin/connect/Updater.h"
+#include "addin/core/ErrorManager.h"
+#include "addin/core/Globals.h"
+#include "addin/dialogs/RegisterDialogs.h"
+#include "addin/settings/GlobalSetting.h"
+#include "base/Text.h"
+#include "platform/forms/Forms.h"
+#include "support/ErrorOf.h"
+#include "support/TestPlatform.h"
+
+namespace quorvane::test {
+
+namespace {
+
+constexpr int kNo = 7;
+constexpr int kYes = 6;
+constexpr const char* kAsked = "Open GET http://example.invalid/p/vbquorvane/wiki/Update async";
+
+}  // namespace
+
+class UpdaterTest : public ::testing::Test {
+ protected:
+  UpdaterTest() {
+    platform.app.ProjectHost = u"example.invalid";
+    Globals::gobjUpdater = std::make_shared<Updater>();
+    updater().Setup();
+    RegisterDialogs();
+    done_ = updater().TaskDone.Subscribe([this] { events += "done "; });
+    failed_ = updater().OnError.Subscribe([this](std::int32_t number, const std::u16string& description) {
+      events += "error " + std::to_string(number) + " " + ToUtf8(description);
+    });
+  }
+  ~UpdaterTest() override {
+    done_.Reset();
+    failed_.Reset();
+    TheForms().Forget();
+  }
+
+  Updater& updater() { return *Globals::gobjUpdater; }
+  void Load(const MemorySettings::Section& stored) {
+    platform.settings.Now[{u"Quorvane插件", u"Settings"}] = stored;
+    Globals::gobjSetting->Load();
+  }
+  std::u16string LastUpdate() {
+    Globals::gobjSetting->Save();
+    return platform.settings.Lasting[{u"Quorvane插件", u"Settings"}][u"LastUpdate"];
+  }
+
+  /// A check at every connection; its message boxes, by their first line.
+  std::vector<std::string> Passive(std::int32_t sensibility, const std::u16string& page, int answer = kNo) {
+    updater().menumUpdateInterval = 0;
+    updater().menumSensibility = sensibility;
+    updater().ScheduleUpdate();
+    return Boxes([&] { EXPECT_TRUE(platform.web.Answer(page)); }, answer);
+  }
+  std::vector<std::string> Active(const std::u16string& page, int answer = kNo) {
+    platform.loop.Steps.push_back([this, page] { EXPECT_TRUE(platform.web.Answer(page)); });
+    return Boxes([&] { updater().CheckUpdate(); }, answer);
+  }
+  template <class Action>
+  std::vector<std::string> Boxes(Action action, int answer) {
+    platform.prompts.Shown.clear();
+    platform.prompts.Answers = {answer};
+    action();
+    platform.prompts.Answers.clear();
+    std::vector<std::string> boxes;
+    for (const auto& box : platform.prompts.Shown) boxes.push_back(ToUtf8(box.text.substr(0, box.text.find(u'\r'))));
+    return boxes;
+  }
+
+  TestPlatform platform;
+  std::string events;
+
+ private:
+  Subscription done_;
+  Subscription failed_;
+};
+
+TEST_F(UpdaterTest, WhatIsReportedAtWhichSensitivity) {
+  const std::vector<std::string> silent;
+  const std::vector<std::string> offer{"[VB Quorvane]"};
+  const std::vector<std::string> latest{"Current version is latest (4.13.0.129)."};
+  struct Row {
+    const char16_t* published;
+    bool low, medium, high, active;  // whether an update is offered
+  };
+  const Row rows[] = {
+      {u"4.13.0.129", false, false, false, false}, {u"4.13.0.130", false, false, true, true},
+      {u"4.14.0.1", false, true, true, true},      {u"5.0.0.0", true, true, true, true},
+      {u"4.12.0.999", false, false, false, false}, {u"4.13.7.129", false, false, false, false},
+      {u"3.99.9.999", false, false, false, false}, {u"4.13.0.128", false, false, false, false},
+      {u"10.0.0.0", true, true, true, true},       {u"32767.0.99999.0", true, true, true, true},
+  };
+  for (const Row& row : rows) {
+    const std::u16string page = u"<html>1.2.3 4<b>" + std::u16string(row.published) + u"</b> 99.9.9.9</html>";
+    EXPECT_EQ(Passive(0, page), row.low ? offer : silent) << ToUtf8(row.published);
+    EXPECT_EQ(Passive(1, page), row.medium ? offer : silent) << ToUtf8(row.published);
+    EXPECT_EQ(Passive(2, page), row.high ? offer : silent) << ToUtf8(row.published);
+    EXPECT_EQ(Active(page), row.active ? offer : latest) << ToUtf8(row.published);
+  }
+  EXPECT_TRUE(platform.shell.Opened.empty());
+}
+
+TEST_F(UpdaterTest, OffersTheDownload) {
+  EXPECT_EQ(Active(u"4.13.0.130", kYes).size(), 1u);
+  const ScriptedPrompts::Box expected{
+      u"[VB Quorvane]\r\n\r\nFound new version:4.13.0.130\r\nCurrent version is:4.13.0.129\r\n\r\n"
+      u"Goto download? (jump to website)",
+      4, u"Check update"};
+  EXPECT_EQ(platform.prompts.Shown, std::vector{expected});
+  EXPECT_EQ(platform.shell.Opened, std::vector<std::u16string>{u"http://example.invalid/p/vbquorvane/downloads"});
+  EXPECT_EQ(platform.web.Calls, (std::vector<std::string>{kAsked, "Send"}));
+  EXPECT_EQ(events, "done ");
+  updater().GotoProjectSite();
+  EXPECT_EQ(platform.shell.Opened.back(), u"http://example.invalid/p/vbquorvane/");
+}
+
+TEST_F(UpdaterTest, PagesWithoutAVersion) {
+  const std::u16string none = u"<html>404 Not Found 1.2.3</html>";
+  for (const std::u16string& page : {none, std::u16string(), std::u16string(1 << 20, u'x')}) {
+    events.clear();
+    EXPECT_TRUE(Active(page).empty());
+    EXPECT_EQ(events, "done error -2147220480 Failed to parse version!");
+    EXPECT_TRUE(Passive(2, page).empty()) << "nobody listens";
+  }
+  // An error page is a page, and so is a huge one.
+  EXPECT_EQ(Active(u"<h1>503</h1> nginx 5.0.0.0").size(), 1u);
+  EXPECT_EQ(Active(std::u16string(1000000, u'x') + u"5.0.0.0").size(), 1u);
+}
+
+TEST_F(UpdaterTest, AVersionPartOutOfRangeIsAnError) {
+  EXPECT_EQ(Active(u"32768.0.0.0", 1), std::vector<std::string>{"Error:6"});
+  EXPECT_EQ(Passive(2, u"4.13.0.99999", 1), std::vector<std::string>{"Error:6"});
+  EXPECT_EQ(LastUpdate(), u"15.05.2024 10:30:00");
+}
+
+TEST_F(UpdaterTest, FailedRequests) {
+  struct Row {
+    std::int32_t number;
+    const char16_t* description;
+  };
+  for (const Row& row : {Row{kHttpTimeout, u"The operation timed out"}, Row{kHttpCannotConnect, u"Connection refused"},
+                         Row{kHttpBodyTooLarge, u"Too long"}}) {
+    events.clear();
+    platform.prompts.Answers = {1};
+    platform.loop.Steps.push_back([&] { platform.web.Fail(row.number, row.description); });
+    updater().CheckUpdate();
+    EXPECT_EQ(events, "error " + std::to_string(row.number) + " " + ToUtf8(row.description));
+    EXPECT_EQ(TheForms().Count(), 0) << "the progress window is gone";
+  }
+  platform.clock.Moment = DateTime::Of(2024, 5, 20, 8, 0, 0);
+  updater().menumUpdateInterval = 0;
+  updater().ScheduleUpdate();
+  platform.web.Fail(kHttpTimeout, u"silent");
+  EXPECT_EQ(LastUpdate(), u"20.05.2024 08:00:00") << "the next check waits for its time";
+  EXPECT_EQ(platform.prompts.Shown.size(), 3u) << "told by the progress window alone";
+}
+
+TEST_F(UpdaterTest, AnErrorOfTheSendingReachesTheCaller) {
+  platform.web.RefuseSend = 5;
+  EXPECT_EQ(ErrorOf([&] { updater().StartCheck(); }), 5);
+  updater().menumUpdateInterval = 0;
+  EXPECT_EQ(ErrorOf([&] { updater().ScheduleUpdate(); }), 5);
+  EXPECT_EQ(events, "");
+}
+
+TEST_F(UpdaterTest, TheConnectionMayEndWhileAnAnswerIsLookedAt) {
+  updater().menumUpdateInterval = 0;
+  updater().ScheduleUpdate();
+  const Subscription ending = updater().TaskDone.Subscribe([] {
+    Globals::gobjUpdater->TearDown();
+    Globals::gobjUpdater.reset();
+    Globals::gobjErrorManager.reset();
+  });
+  platform.prompts.Answers.push_back(kYes);
+  EXPECT_TRUE(platform.web.Answer(u"5.0.0.0"));
+  EXPECT_EQ(platform.shell.Opened.size(), 1u);
+}
+
+TEST_F(UpdaterTest, TheSchedule) {
+  struct Row {
+    const char16_t* interval;
+    const char16_t* last;
+    DateTime now;
+    bool due;
+  };
+  const DateTime noon = DateTime::Of(2024, 5, 15, 12, 0, 0);
+  const Row rows[] = {
+      {u"0", u"15.05.2024 11:59:00", noon, true},
+      {u"1", u"15.05.2024", noon, false},
+      {u"1", u"14.05.2024 23:59:00", DateTime::Of(2024, 5, 15, 0, 1, 0), true},
+      {u"1", u"16.05.2024", noon, false},
+      {u"2", u"09.05.2024", noon, false},
+      {u"2", u"08.05.2024 23:00:00", noon, true},
+      {u"2", u"20.05.2024", noon, false},
+      {u"3", u"01.05.2024", noon, false},
+      {u"3", u"30.04.2024", DateTime::Of(2024, 5, 1), true},
+      {u"3", u"31.12.2023", DateTime::Of(2024, 1, 1), true},
+      {u"3", u"15.06.2024", noon, false},
+      {u"4", u"01.01.2000", noon, false},
+      {u"9", u"15.05.2024", noon, true},
+      {u"-1", u"15.05.2024", noon, true},
+  };
+  for (const Row& row : rows) {
+    Load({{u"UpdateInterval", row.interval}, {u"LastUpdate", row.last}});
+    platform.clock.Moment = row.now;
+    platform.web.Calls.clear();
+    updater().ScheduleUpdate();
+    EXPECT_EQ(platform.web.Calls.size(), row.due ? 2u : 0u) << ToUtf8(row.interval) << " since " << ToUtf8(row.last);
+    const bool noted = row.due && std::u16string_view(row.interval).find_first_of(u"0123") == 0;
+    EXPECT_EQ(LastUpdate(), noted ? DateText(row.now, platform.clock.Written) : row.last);
+    updater().CancelUpdate();
+  }
+  Load({});
+  updater().ScheduleUpdate();
+  EXPECT_EQ(platform.web.Calls.back(), "Abort") << "the first run waits for a week";
+}
+
+TEST_F(UpdaterTest, BehindTearDownSettingsGoByWithoutIt) {
+  updater().TearDown();
+  Load({{u"UpdateInterval", u"damaged"}});
+  EXPECT_EQ(updater().menumUpdateInterval, 2);
+}
+
+}  // namespace quorvane::test
