@@ -153,14 +153,17 @@ class Twin {
 };
 
 TEST_F(ModuleTextTest, EditsAndUndoesLikeAPlainList) {
+  static const std::vector<std::vector<std::string>> kEnds = {
+      {"\r\n"}, {"\n"}, {"\r"}, {"\n", "\r\n", "\r\n", "\r", "\r\n"}};
   for (unsigned seed = 0; seed < 60; ++seed) {
     SCOPED_TRACE(seed);
+    const std::vector<std::string> ends = kEnds[seed % kEnds.size()];
     Rows rows;
     std::string bytes = "Attribute VB_Name = \"M\"\r\n";
     for (unsigned i = 0; i < seed % 40; ++i) {
-      rows.push_back(u"line " + ToText(i));
-      bytes += ToUtf8(rows.back()) + (i % 7 == 3 ? "\n" : "\r\n");
-      if (i % 5 == 1) bytes += "Attribute x.VB_X = 1\r\n";
+      rows.push_back(i % 3 == 1 ? u"" : u"line " + ToText(i));
+      bytes += ToUtf8(rows.back()) + ends[i % ends.size()];
+      if (i % 5 == 1) bytes += "Attribute x.VB_X = 1" + ends[0];
     }
     Module module = Make(bytes);
     Twin twin(module, clock, rows, seed);

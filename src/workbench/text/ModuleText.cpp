@@ -81,10 +81,12 @@ std::u16string ModuleText::Joined(std::int64_t first, std::int64_t count) const 
       text += TypedText(static_cast<std::int32_t>(i));
       continue;
     }
-    // Spans two bytes apart have a CR LF between them, no part of another character: they are decoded in one go.
+    // Spans with nothing but a CR LF between them are decoded in one go, since it is no part of another character. Two
+    // bytes alone do not tell: they may be the LFs around an empty line that was deleted.
     for (; i + 1 < end; ++i) {
       const LineRecord next = Record(static_cast<std::int32_t>(i + 1));
-      if (next.begin != record.begin + record.length + 2) break;
+      const std::size_t behind = std::size_t{record.begin} + record.length;
+      if (next.begin != behind + 2 || bytes[behind] != '\r' || bytes[behind + 1] != '\n') break;
       record.length += next.length + 2;
     }
     page_.Decode(bytes.substr(record.begin, record.length), text);
