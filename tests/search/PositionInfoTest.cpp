@@ -6,6 +6,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "search/NaiveModule.h"
+#include "support/PassingModule.h"
 #include "support/SearchFixture.h"
 #include "workbench/model/HostWindow.h"
 #include "workbench/model/Pane.h"
@@ -135,6 +136,8 @@ TEST_F(PositionInfoFixture, RegionsOfTheAreas) {
   };
   const char16_t* const code = u"Dim a\n\nSub A()\nEnd Sub\n\n' B\nSub B()\n  b\nEnd Sub\n' end";
   const char16_t* const bare = u"Sub A()\nEnd Sub";
+  const char16_t* const twice = u"#If X Then\nSub A()\nEnd Sub\n#Else\nSub A()\nEnd Sub\n#End If";
+  const char16_t* const cases = u"Sub ä()\nEnd Sub\nSub Ä()\nEnd Sub";
   const std::vector<Row> rows{
       {"the whole module", code, {3, 1, 3, 1}, gsCurModule, "1,1-10,7", CrLf(code)},
       {"the procedure with the comment above it and the lines behind the last one",
@@ -150,6 +153,14 @@ TEST_F(PositionInfoFixture, RegionsOfTheAreas) {
        "2,1-4,9",
        u"\r\nSub A()\r\nEnd Sub"},
       {"the declarations", code, {1, 3, 1, 3}, gsCurProcedure, "1,1-1,7", u"Dim a"},
+      {"a name that stands twice, the first",
+       twice,
+       {2, 1, 2, 1},
+       gsCurProcedure,
+       "1,1-3,9",
+       u"#If X Then\r\nSub A()\r\nEnd Sub"},
+      {"and the second", twice, {5, 1, 5, 1}, gsCurProcedure, "4,1-7,9", u"#Else\r\nSub A()\r\nEnd Sub\r\n#End If"},
+      {"and in the other case", cases, {4, 1, 4, 1}, gsCurProcedure, "3,1-4,9", u"Sub Ä()\r\nEnd Sub"},
       {"no declarations at all", bare, {1, 1, 1, 1}, gsCurProcedure, "1,1-2,9", CrLf(bare)},
       {"inside a line", code, {3, 2, 3, 4}, gsSelection, "3,2-3,4", u"ub"},
       {"over lines", code, {7, 5, 9, 4}, gsSelection, "7,5-9,4", u"B()\r\n  b\r\nEnd"},
@@ -163,6 +174,36 @@ TEST_F(PositionInfoFixture, RegionsOfTheAreas) {
     pi.GetSelInfo(row.area);
     EXPECT_EQ(Range(pi), row.range) << row.what;
     EXPECT_EQ(pi.MatchStr(), row.text) << row.what;
+  }
+}
+
+namespace {
+
+/// A host that finds the first procedure of a name and no other.
+struct FirstOfName final : PassingModule, vbide::CodePane {
+  using PassingModule::PassingModule;
+  std::int32_t ProcStartLine(std::u16string_view, vbide::ProcKind) const override { return 1; }
+  std::int32_t ProcCountLines(std::u16string_view, vbide::ProcKind) const override { return 2; }
+
+  std::shared_ptr<vbide::CodeModule> CodeModule() const override { return self.lock(); }
+  std::shared_ptr<vbide::Window> Window() const override { return nullptr; }
+  vbide::Selection GetSelection() const override { return {line, 1, line, 1}; }
+  void SetSelection(const vbide::Selection&) override {}
+  void Show() override {}
+
+  std::weak_ptr<FirstOfName> self;
+  std::int32_t line = 1;
+};
+
+}  // namespace
+
+TEST_F(PositionInfoFixture, AProcedureThatDoesNotHoldTheCaretIsAnError) {
+  OpenModule(CrLf(u"Sub A()\nEnd Sub\nSub A()\nEnd Sub"));
+  const auto odd = std::make_shared<FirstOfName>(Module(u"M").CodePane()->CodeModule());
+  odd->self = odd;
+  PositionInfo pi;
+  for (odd->line = 1; odd->line <= 4; ++odd->line) {
+    EXPECT_EQ(ErrorOf([&] { pi.GetProcedure(*odd); }), odd->line < 3 ? 0 : 5) << odd->line;
   }
 }
 

@@ -5,6 +5,7 @@
 #include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/PassingModule.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
@@ -297,35 +298,15 @@ TEST_F(TaskManagerTest, ModulesAreCountedByIdentity) {
 namespace {
 
 /// A module of a host that searches on behind the end of the range it was given.
-class Overreaching final : public vbide::CodeModule {
+class Overreaching final : public PassingModule {
  public:
-  explicit Overreaching(std::shared_ptr<vbide::CodeModule> module) : module_(std::move(module)) {}
-
-  std::shared_ptr<vbide::VBComponent> Parent() const override { return module_->Parent(); }
-  std::shared_ptr<vbide::CodePane> CodePane() override { return module_->CodePane(); }
-  std::int32_t CountOfLines() const override { return module_->CountOfLines(); }
-  std::int32_t CountOfDeclarationLines() const override { return module_->CountOfDeclarationLines(); }
-  std::u16string Lines(std::int32_t start, std::int32_t count) const override { return module_->Lines(start, count); }
-  void InsertLines(std::int32_t line, std::u16string_view text) override { module_->InsertLines(line, text); }
-  void DeleteLines(std::int32_t start, std::int32_t count) override { module_->DeleteLines(start, count); }
-  std::u16string ProcOfLine(std::int32_t line, vbide::ProcKind& kind) const override {
-    return module_->ProcOfLine(line, kind);
-  }
-  std::int32_t ProcStartLine(std::u16string_view name, vbide::ProcKind kind) const override {
-    return module_->ProcStartLine(name, kind);
-  }
-  std::int32_t ProcCountLines(std::u16string_view name, vbide::ProcKind kind) const override {
-    return module_->ProcCountLines(name, kind);
-  }
+  using PassingModule::PassingModule;
   bool Find(std::u16string_view target, vbide::Selection& range, bool wholeWord, bool matchCase,
             bool patternSearch) const override {
     range.EndLine = CountOfLines();
     range.EndColumn = 100;
-    return module_->Find(target, range, wholeWord, matchCase, patternSearch);
+    return PassingModule::Find(target, range, wholeWord, matchCase, patternSearch);
   }
-
- private:
-  std::shared_ptr<vbide::CodeModule> module_;
 };
 
 }  // namespace

@@ -41,6 +41,8 @@ void ExpectCovered(const Module& module) {
       ProcKind kind = ProcKind::Proc;
       EXPECT_EQ(module.ProcOfLine(line, kind), p.name);
       EXPECT_EQ(kind, p.kind);
+      EXPECT_EQ(module.ProcStartLine(p.name, kind), p.startLine);
+      EXPECT_EQ(module.ProcCountLines(p.name, kind), p.countOfLines);
     }
   }
   EXPECT_EQ(next, module.CountOfLines() + 1);
@@ -91,6 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Sub A()|x = \"End Sub|End Sub|Sub B()|s = \"a:End Sub\": ' : End Sub|rem : End Sub|Rem x _|End Sub|' "
              "_|End Sub|End Sub",
              "0; A 1+3; B 4+8"},
+        Case{"Sub A()|End Sub|Sub B(): End Sub|Sub a()|End Sub|Sub A()|End Sub", "0; A 1+2; B 3+1; a 4+2; A 6+2"},
         Case{"Sub A()|Sub B()|End Sub|End Sub|Sub C(): Sub D()|End", "0; A 1+1; B 2+2; C 4+1; D 5+2"},
         Case{"Sub A()|x \"_ _|: End Sub|Sub B", "0; A 1+3; B 4+1"}));
 
@@ -133,7 +136,7 @@ class ProcedureMapModules : public testing::Test {
     const std::int32_t start = lines_ + 1;
     Filler({"", "' Sub X()", "  Rem : Sub X()", "#Const y = 1", "\t' x : Function Y() _\r\n\tSub Z()"});
     const auto kind = static_cast<ProcKind>(random_() % 4);
-    const std::string name = "P" + std::to_string(serial);
+    const std::string name = Pick({"P", "p"}) + std::to_string(serial % 3);  // a name may come again
     const std::string word = kind != ProcKind::Proc ? "Property" : Pick({"Sub", "Function"});
     const std::string accessor = kind != ProcKind::Proc ? std::string(KindName(kind)) : "";
     Line(Pick({"", "Public ", "Private Static ", "  Friend\t"}) + word + accessor + Pick({" ", " _\r\n  "}) + name +

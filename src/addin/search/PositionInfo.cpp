@@ -190,11 +190,16 @@ void PositionInfo::GetProcedure(const vbide::CodePane& pane) {
   GetSelection(pane);
   vbide::CodeModule& code = Code();
   if (mlngY1 > code.CountOfDeclarationLines()) {
+    const std::int32_t caret = mlngY1;
     vbide::ProcKind kind = vbide::ProcKind::Proc;
     const std::u16string name = code.ProcOfLine(mlngY1, kind);
     mlngY1 = code.ProcStartLine(name, kind);
     mlngX1 = 1;
     mlngY2 = Checked32(std::int64_t{mlngY1} + code.ProcCountLines(name, kind) - 1);
+    // The host finds a procedure by its name, which may stand in the module more than once.
+    if (caret < mlngY1 || caret > mlngY2)
+      RaiseError(ErrorNumber::InvalidProcedureCall,
+                 u"Line " + ToText(caret) + u" is not in the procedure that the host finds by the name " + name);
   } else {
     mlngY1 = 1;
     mlngX1 = 1;

@@ -68,7 +68,8 @@ class PositionInfo {
   std::int32_t RelativeMatchEndPos(std::optional<std::int32_t> rlc = {}) const;
   /// Loads the selection of a pane.
   void GetSelection(const vbide::CodePane& pane);
-  /// Loads the procedure that the selection of a pane begins in, or the declarations section.
+  /// Loads the procedure that the selection of a pane begins in, or the declarations section. Raises error 5 when the
+  /// host, which is asked by name, gives a procedure that does not hold that line.
   void GetProcedure(const vbide::CodePane& pane);
   /// Loads a whole module.
   void GetAllCode(const std::shared_ptr<vbide::CodeModule>& code);

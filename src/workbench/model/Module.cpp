@@ -129,6 +129,7 @@ bool Module::Redo() {
 const ProcedureMap& Module::Map() const {
   if (mapRevision_ != text_.Revision()) {
     map_ = ProcedureMap(text_);
+    lastProcedure_ = nullptr;
     mapRevision_ = text_.Revision();
   }
   return map_;
@@ -136,16 +137,22 @@ const ProcedureMap& Module::Map() const {
 
 std::u16string Module::ProcOfLine(std::int32_t line, vbide::ProcKind& kind) const {
   const Procedure* const procedure = Map().AtLine(line);
+  lastProcedure_ = procedure;
   kind = procedure != nullptr ? procedure->kind : vbide::ProcKind::Proc;
   return procedure != nullptr ? procedure->name : std::u16string();
 }
 
+const Procedure& Module::Named(std::u16string_view name, vbide::ProcKind kind) const {
+  const ProcedureMap& map = Map();  // an edit makes it anew and forgets the last procedure
+  return map.Named(name, kind, lastProcedure_);
+}
+
 std::int32_t Module::ProcStartLine(std::u16string_view name, vbide::ProcKind kind) const {
-  return Map().Named(name, kind).startLine;
+  return Named(name, kind).startLine;
 }
 
 std::int32_t Module::ProcCountLines(std::u16string_view name, vbide::ProcKind kind) const {
-  return Map().Named(name, kind).countOfLines;
+  return Named(name, kind).countOfLines;
 }
 
 const Module::Search& Module::Prepared(std::u16string_view target, const MatchOptions& options) const {

@@ -40,7 +40,8 @@ class Module final : public vbide::CodeModule {
   std::u16string Lines(std::int32_t start, std::int32_t count) const override;
   void InsertLines(std::int32_t line, std::u16string_view text) override;
   void DeleteLines(std::int32_t start, std::int32_t count) override;
-  /// A line that does not exist has no procedure either.
+  /// A line that does not exist has no procedure either. Where a name stands for several procedures, this is also which
+  /// of them the two operations below mean, until the next call or edit.
   std::u16string ProcOfLine(std::int32_t line, vbide::ProcKind& kind) const override;
   std::int32_t ProcStartLine(std::u16string_view name, vbide::ProcKind kind) const override;
   std::int32_t ProcCountLines(std::u16string_view name, vbide::ProcKind kind) const override;
@@ -85,6 +86,7 @@ class Module final : public vbide::CodeModule {
   struct Bounds;
 
   const ProcedureMap& Map() const;
+  const Procedure& Named(std::u16string_view name, vbide::ProcKind kind) const;
   const Search& Prepared(std::u16string_view target, const MatchOptions& options) const;
   bool ClipToModule(const vbide::Selection& range, Bounds& bounds) const;
   bool FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const;
@@ -97,7 +99,8 @@ class Module final : public vbide::CodeModule {
   std::function<std::shared_ptr<vbide::CodePane>()> paneMaker_;
   std::shared_ptr<vbide::CodePane> pane_;
   mutable ProcedureMap map_;
-  mutable std::uint64_t mapRevision_ = 0;  ///< 0: no map yet
+  mutable std::uint64_t mapRevision_ = 0;             ///< 0: no map yet
+  mutable const Procedure* lastProcedure_ = nullptr;  ///< that ProcOfLine last gave, of this map
   mutable std::unique_ptr<Search> search_;
   mutable std::u16string lineBuffer_;
 };

@@ -244,13 +244,22 @@ const Procedure* ProcedureMap::AtLine(std::int32_t line) const {
   return behind == procedures_.begin() ? nullptr : &*(behind - 1);
 }
 
-const Procedure& ProcedureMap::Named(std::u16string_view name, vbide::ProcKind kind) const {
+const Procedure& ProcedureMap::Named(std::u16string_view name, vbide::ProcKind kind, const Procedure* preferred) const {
   const std::u16string wanted = Folded(name);
-  const auto found = std::find_if(procedures_.begin(), procedures_.end(), [&](const Procedure& procedure) {
-    return procedure.kind == kind && procedure.name.size() == wanted.size() && Folded(procedure.name) == wanted;
-  });
-  if (found == procedures_.end()) throw Error(kNotDefined, u"Sub or Function not defined: " + std::u16string(name));
-  return *found;
+  const Procedure* best = nullptr;
+  int bestRank = 0;
+  for (const Procedure& procedure : procedures_) {
+    if (procedure.kind != kind || procedure.name.size() != wanted.size()) continue;
+    const bool exact = procedure.name == name;
+    if (!exact && Folded(procedure.name) != wanted) continue;
+    const int rank = 1 + (exact ? 2 : 0) + (&procedure == preferred ? 1 : 0);
+    if (rank > bestRank) {
+      best = &procedure;
+      bestRank = rank;
+    }
+  }
+  if (best == nullptr) throw Error(kNotDefined, u"Sub or Function not defined: " + std::u16string(name));
+  return *best;
 }
 
 }  // namespace quorvane::workbench

@@ -36,9 +36,11 @@ class ProcedureMap {
 
   /// The procedure that holds `line`; nothing in the declarations and outside of the module.
   const Procedure* AtLine(std::int32_t line) const;
-  /// The first procedure of that name and kind; letters of either case are the same. Raises error 35, naming the
-  /// procedure, when there is none.
-  const Procedure& Named(std::u16string_view name, vbide::ProcKind kind) const;
+  /// The procedure of that name and kind; letters of either case are the same. A name can stand more than once, in the
+  /// branches of #If or in two cases beyond ASCII: of several, one spelt exactly so goes before the others, then
+  /// `preferred`, a procedure of this map or nothing, then the first. Raises error 35, naming the procedure, when there
+  /// is none.
+  const Procedure& Named(std::u16string_view name, vbide::ProcKind kind, const Procedure* preferred) const;
 
  private:
   std::vector<Procedure> procedures_;  ///< ascending by startLine
