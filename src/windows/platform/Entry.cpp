@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "base/Skip.h"
 #include "addin/core/ErrorManager.h"
+#include "base/Skip.h"
 
 namespace quorvane::windows {
 

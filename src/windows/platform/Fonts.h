@@ -5,7 +5,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/forms/Font.h"
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 

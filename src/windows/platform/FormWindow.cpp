@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "platform/forms/Dialog.h"
 #include "windows/platform/Handles.h"
@@ -29,17 +30,6 @@ DWORD ExtendedStyleOf(const Dialog* dialog) {
     return WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
   constexpr DWORD kNoActivate = 0x08000000;  // WS_EX_NOACTIVATE
   return WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT | (dialog->Border() == FormBorder::None ? kNoActivate : 0);
-}
-
-BOOL CALLBACK Collect(HWND window, LPARAM list) {
-  reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-  return TRUE;
-}
-
-std::vector<HWND> ThreadWindows() {
-  std::vector<HWND> windows;
-  ::EnumThreadWindows(::GetCurrentThreadId(), &Collect, reinterpret_cast<LPARAM>(&windows));
-  return windows;
 }
 
 /// A list that hangs open under a combo box has Enter and Esc to itself.
@@ -201,20 +191,15 @@ HWND FormWindow::OwnerWindow() const {
   return window != nullptr ? ::GetAncestor(window, GA_ROOT) : nullptr;
 }
 
-/// While a form waits for its answer every other window of the thread is disabled, the host's among them.
 void FormWindow::BeginModal() {
   EndModal();
-  for (const HWND window : ThreadWindows()) {
-    if (window == Handle() || !::IsWindowVisible(window) || !::IsWindowEnabled(window)) continue;
-    ::EnableWindow(window, FALSE);
-    disabled_.push_back(window);
-  }
+  disabled_.emplace(Handle());
   Modals().push_back(Handle());
 }
 
 /// The others are enabled before this one is hidden, so that the activation goes to one of them.
 void FormWindow::EndModal() {
-  for (const HWND window : std::exchange(disabled_, {})) ::EnableWindow(window, TRUE);
+  disabled_.reset();
   std::erase(Modals(), Handle());
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <vector>
+#include <optional>
 
 #include "base/Event.h"
+#include "windows/platform/DisabledWindows.h"
 #include "windows/platform/InputHook.h"
 #include "windows/platform/View.h"
 #include "windows/platform/Window.h"
@@ -64,7 +65,7 @@ class FormWindow final : public Window, public KeyTarget {
   bool busy_ = false;
   bool looksActive_ = false;
   bool retired_ = false;
-  std::vector<HWND> disabled_;  ///< by the modal form, to be enabled behind it
+  std::optional<DisabledWindows> disabled_;  ///< while the form is shown modally
   std::unique_ptr<View> view_;
   Subscription changed_;
   Subscription shownAgain_;

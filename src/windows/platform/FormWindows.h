@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "base/Event.h"
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane {
 class Form;

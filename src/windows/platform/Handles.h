@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/NativeWindows.h"
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Event.h"
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "windows/com/Win32.h"
 #include "windows/platform/InputHook.h"
-#include "windows/platform/Win32.h"
 
 namespace quorvane::windows {
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "vbide/VBIDE.h"
 #include "platform/forms/Form.h"
+#include "vbide/VBIDE.h"
 #include "windows/platform/View.h"
 
 namespace quorvane::windows {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "windows/platform/Win32.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 

@@ -1,7 +1,13 @@
 #include "windows/platform/WindowsPlatform.h"
 
 #include "base/Error.h"
+#include "base/Text.h"
+#include "native/codepages/CodePages.h"
+#include "native/files/UserFolders.h"
+#include "native/regexp/PcreRegExp.h"
+#include "native/xml/LibXmlDocument.h"
 #include "windows/platform/WideText.h"
+#include "windows/platform/WinHttpRequest.h"
 #include "windows/platform/Window.h"
 
 namespace quorvane::windows {
@@ -29,7 +35,10 @@ std::u16string OwnFolder() {
 
 }  // namespace
 
-WindowsPlatform::WindowsPlatform() : forms_(views_) {
+WindowsPlatform::WindowsPlatform()
+    : codePage_(native::NewCodePage(ToUtf8(ToText(static_cast<std::int64_t>(::GetACP()))))),
+      profile_(native::ConfigFolder()),
+      forms_(views_) {
   app_.Path = OwnFolder();
   InstallPlatform(this);
   installed = this;
@@ -44,8 +53,21 @@ WindowsPlatform& WindowsPlatform::The() {
   return Deref(installed);
 }
 
+std::unique_ptr<RegExp> WindowsPlatform::NewRegExp() {
+  return std::make_unique<native::PcreRegExp>();
+}
+
+std::shared_ptr<XmlDocument> WindowsPlatform::NewXmlDocument() {
+  return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<HttpRequest> WindowsPlatform::NewHttpRequest() {
+  return std::make_unique<WinHttpRequest>();
+}
+
 void WindowsPlatform::SetMainWindow(HWND window) {
   mainWindow_ = window;
+  prompts_.SetMainWindow(window);
   input_.SetHostWindow(window);
   forms_.SetOwner(window);
 }
