@@ -154,29 +154,40 @@ void Parser::AddPlace(CLI::App& command) {
                     "Where to look (default: group)");
   command.add_option("--project", options_.project, "The active project")->type_name("NAME");
   command.add_option("--module", options_.module, "The module of the active code pane")->type_name("NAME");
-  command.add_option("--at", at_, "The caret: line and screen column, 1-based")->type_name("Y[,X]");
+  command.add_option("--at", at_, "The caret, for the area procedure")->type_name("Y[,X]");
   command.add_option("--select", select_, "The selection, the end exclusive")->type_name("Y1,X1,Y2,X2");
+  command.add_flag("--file-lines", options_.fileLines, "Lines of --at and --select are lines of the file");
+  command.footer(
+      "Y is a line and X a screen column, both from 1. Lines are those of the module, as the formats lines and json "
+      "tell\n"
+      "them: without the file's header and Attribute lines. With --file-lines they are those of the file, as the "
+      "format\n"
+      "vimgrep, a diff and an editor tell them.");
 }
 
 void Parser::CheckPlace(const CLI::App& command) {
-  if (!at_.empty()) {
+  std::optional<vbide::Selection> caret, selection;
+  if (command.count("--at") > 0) {
     const auto place = ParseNumbers(at_, 1, 2);
     if (!place) throw CLI::ValidationError("--at", "'" + at_ + "' is not Y or Y,X");
     const std::int32_t column = place->size() == 2 ? (*place)[1] : 1;
-    options_.at = vbide::Selection{(*place)[0], column, (*place)[0], column};
+    caret = vbide::Selection{(*place)[0], column, (*place)[0], column};
   }
-  if (!select_.empty()) {
+  if (command.count("--select") > 0) {
     const auto range = ParseNumbers(select_, 4, 4);
     if (!range) throw CLI::ValidationError("--select", "'" + select_ + "' is not Y1,X1,Y2,X2");
-    options_.at = vbide::Selection{(*range)[0], (*range)[1], (*range)[2], (*range)[3]};
-    if (options_.at->EndLine < options_.at->StartLine ||
-        (options_.at->EndLine == options_.at->StartLine && options_.at->EndColumn < options_.at->StartColumn)) {
+    selection = vbide::Selection{(*range)[0], (*range)[1], (*range)[2], (*range)[3]};
+    if (selection->EndLine < selection->StartLine ||
+        (selection->EndLine == selection->StartLine && selection->EndColumn < selection->StartColumn)) {
       throw CLI::ValidationError("--select", "'" + select_ + "' ends before it begins");
     }
   }
-  if (options_.area == gsSelection && command.count("--select") == 0) {
-    throw CLI::ValidationError("--area", "the area selection needs --select");
-  }
+  const auto need = [](const auto& place, const char* message) {
+    if (!place) throw CLI::ValidationError("--area", message);
+    return place;
+  };
+  if (options_.area == gsCurProcedure) options_.at = need(caret, "the area procedure needs --at");
+  if (options_.area == gsSelection) options_.at = need(selection, "the area selection needs --select");
 }
 
 void Parser::NoteUnread(const CLI::App& command) {
@@ -187,6 +198,9 @@ void Parser::NoteUnread(const CLI::App& command) {
   note("--whole-word", find && options_.mode != gsRegular);
   note("--single-line", options_.mode == gsRegular);
   note("--comments", find);
+  note("--at", options_.area == gsCurProcedure);
+  note("--select", options_.area == gsSelection);
+  note("--file-lines", options_.at.has_value());
   if (find) {
     note("--xsl", options_.format == Format::Lines);
     note("--color", options_.format == Format::Lines);

@@ -27,7 +27,8 @@ struct Options {
   gsArea area = gsAllProjects;
   std::string project;  ///< empty: not named
   std::string module;
-  std::optional<vbide::Selection> at;  ///< the caret, or the selection; host lines and screen columns
+  std::optional<vbide::Selection> at;  ///< the caret or selection that the area needs; lines and screen columns
+  bool fileLines = false;              ///< the lines of `at` are those of the file on disk, else those of the module
   bool matchCase = false;
   bool wholeWord = false;
   bool singleLine = false;

@@ -41,6 +41,27 @@ std::vector<std::shared_ptr<Project>> ProjectsNamed(const std::vector<std::share
   return found;
 }
 
+/// The lines of code of `module` that the options name as the area's place. Raises an error for a line that is none.
+vbide::Selection PlaceIn(const workbench::Component& component, const Options& options) {
+  const workbench::Module& module = *component.TheModule();
+  const std::string option = options.area == gsSelection ? "--select" : "--at";
+  const auto lineOf = [&](std::int32_t named) {
+    const std::int32_t count = module.CountOfLines();
+    const std::int32_t line = options.fileLines ? module.Saved()->CodeLine(named) : named;
+    if (line >= 1 && line <= count) return line;
+    const std::string which = option + ": line " + std::to_string(named) + " of ";
+    if (count == 0) Fail(which + ToUtf8(component.Name()) + " does not exist: the module is empty");
+    if (!options.fileLines)
+      Fail(which + ToUtf8(component.Name()) + " does not exist: the module has " + std::to_string(count));
+    Fail(which + component.Path() + " is no line of code; those are among " + std::to_string(module.FileLine(1)) +
+         " to " + std::to_string(module.FileLine(count)));
+  };
+  vbide::Selection place = *options.at;
+  place.StartLine = lineOf(place.StartLine);
+  place.EndLine = lineOf(place.EndLine);
+  return place;
+}
+
 }  // namespace
 
 Session::Session(const Options& options) : platform_(options.codepage, options.language) {
@@ -93,7 +114,7 @@ void Session::ActivateModule(const Options& options) {
   const auto found = ModulesNamed(options);
   if (found.size() == 1) {
     const auto pane = found.front()->TheModule()->CodePane();
-    if (options.at) Deref(pane).SetSelection(*options.at);
+    if (options.at) Deref(pane).SetSelection(PlaceIn(*found.front(), options));
     return Host().SetActivePane(pane);
   }
   if (options.module.empty()) {

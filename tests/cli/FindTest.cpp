@@ -68,6 +68,8 @@ TEST_F(FindTest, OptionsOfTheCondition) {
       {{"-a", "procedure", "--module", "Main", "--at", "2,5", "total"}, kMain1},
       {{"-a", "selection", "--module", "Main", "--select", "4,3,4,22", "total"}, kMain3},
       {{"-a", "selection", "--module", "Main", "--select", "2,8,4,7", "total"}, kMain1 + kMain2},
+      {{"-a", "procedure", "--module", "Main", "--at", "3", "--file-lines", "total"}, kMain1},
+      {{"-a", "selection", "--module", "Main", "--select", "7,3,7,22", "--file-lines", "total"}, kMain3},
       {{"to\ntal\r"}, kMain + kAppCommon + kLibCommon},
       {{"list"}, ""},
       {{"--", "-1"}, ""},
@@ -156,7 +158,14 @@ TEST_F(FindTest, Errors) {
       {{"-a", "module", "x"}, "--module"},
       {{"-a", "module", "--module", "Nowhere", "x"}, "Nowhere"},
       {{"-a", "module", "--module", "Common", "x"}, "Common"},
-      {{"-a", "procedure", "--module", "Notes", "x"}, "Notes"},
+      {{"-a", "procedure", "--module", "Notes", "--at", "1", "x"}, "Notes"},
+      {{"-a", "procedure", "--module", "Main", "x"}, "--at"},
+      {{"-a", "procedure", "--module", "Main", "--at", "6", "x"},
+       "--at: line 6 of Main does not exist: the module has 5"},
+      {{"-a", "selection", "--module", "Main", "--select", "2,1,6,1", "x"}, "--select: line 6 of Main"},
+      {{"-a", "procedure", "--module", "Main", "--file-lines", "--at", "9", "x"},
+       "--at: line 9 of App/Main.bas is no line of code; those are among 2 to 8"},
+      {{"-a", "procedure", "--module", "Main", "--file-lines", "--at", "4", "x"}, "line 4 of App/Main.bas"},
       {{"-a", "project", "--project", "Nowhere", "x"}, "Nowhere"},
       {{"-a", "selection", "--module", "Main", "x"}, "--select"},
       {{"-a", "selection", "--module", "Main", "--select", "2,1,1,1", "x"}, "--select"},
@@ -183,6 +192,9 @@ TEST_F(FindTest, Errors) {
     EXPECT_EQ(outcome.status, 2) << file;
     EXPECT_NE(outcome.err.find(file), std::string::npos) << outcome.err;
   }
+  folder.Write("Empty.bas", "Attribute VB_Name = \"Empty\"\r\n");
+  EXPECT_EQ(Call({"find", "-a", "procedure", "--at", "1", "x", "Empty.bas"}).err,
+            "quorvane: --at: line 1 of Empty does not exist: the module is empty\n");
   EXPECT_EQ(Call({}).status, 2);
   EXPECT_EQ(Call({"find", "x"}).status, 2);
   EXPECT_EQ(folder.Read("Shop.vbg").substr(0, 7), "VBGROUP") << "nothing was overwritten";
@@ -200,13 +212,14 @@ TEST_F(FindTest, AMatchThatCannotBeToldIsAnError) {
 }
 
 TEST_F(FindTest, MissingFilesAndUnreadOptionsAreWarnings) {
-  const Outcome outcome = Call({"find", "-c", "-s", "Total", "Shop.vbg"});
+  const Outcome outcome = Call({"find", "-c", "-s", "--at", "9", "Total", "Shop.vbg"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, kMain4);
-  EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 2) << outcome.err;
+  EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 3) << outcome.err;
   EXPECT_NE(outcome.err.find("quorvane: warning: "), std::string::npos) << outcome.err;
   EXPECT_NE(outcome.err.find("Gone.cls"), std::string::npos) << outcome.err;
   EXPECT_NE(outcome.err.find("--single-line"), std::string::npos) << outcome.err;
+  EXPECT_NE(outcome.err.find("--at plays no part here"), std::string::npos) << outcome.err;
 }
 
 TEST_F(FindTest, LoneModulesAreAProjectAndAreActive) {

@@ -49,10 +49,14 @@ void ExpectWhole(const SourceFile& file) {
     rebuilt += line;
     takeHidden(i + 1);
     const auto at = static_cast<std::size_t>(file.FileLine(static_cast<std::int32_t>(i) + 1));
+    EXPECT_EQ(file.CodeLine(static_cast<std::int32_t>(at)), static_cast<std::int32_t>(i) + 1);
     ASSERT_TRUE(at >= 1 && at <= physical.size()) << at;
     EXPECT_TRUE(physical[at - 1].ends_with(line)) << physical[at - 1] << " / " << line;
   }
   EXPECT_EQ(rebuilt, file.Bytes());
+  std::size_t code = 0;
+  for (std::size_t i = 0; i <= physical.size() + 1; ++i) code += file.CodeLine(static_cast<std::int32_t>(i)) != 0;
+  EXPECT_EQ(code, file.Lines().size());
 }
 
 /// What a file tells before its lines are cut is what the lines then say.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <ranges>
 #include <utility>
 
 #if defined(__SSE2__)
@@ -197,6 +198,13 @@ std::int32_t SourceFile::FileLine(std::int32_t line) const {
   const auto above = std::partition_point(hidden_.begin(), hidden_.end(),
                                           [line](const HiddenLine& hidden) { return hidden.after < line; });
   return headerLines_ + static_cast<std::int32_t>(above - hidden_.begin()) + line;
+}
+
+std::int32_t SourceFile::CodeLine(std::int32_t fileLine) const {
+  const auto lines = std::views::iota(1, countOfLines_ + 1);
+  const auto found =
+      std::ranges::lower_bound(lines, fileLine, {}, [this](std::int32_t line) { return FileLine(line); });
+  return found != lines.end() && FileLine(*found) == fileLine ? *found : 0;
 }
 
 }  // namespace quorvane::workbench

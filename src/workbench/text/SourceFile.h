@@ -54,6 +54,8 @@ class SourceFile {
 
   /// 1-based line of the file in which the line of code `line` (1-based) stands; it counts header and hidden lines.
   std::int32_t FileLine(std::int32_t line) const;
+  /// The way back: the line of code that stands in line `fileLine` of the file; 0 when that is hidden or does not exist.
+  std::int32_t CodeLine(std::int32_t fileLine) const;
 
   /// The value of Attribute VB_Name, raw bytes, without its quotes; empty when there is none.
   const std::string& Name() const { return name_; }
