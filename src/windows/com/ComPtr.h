@@ -7,6 +7,10 @@
 
 namespace quorvane::com {
 
+/// Set when the process ends under our feet, without a disconnection: whose objects are still there nobody knows then,
+/// so that no reference is given back any more.
+inline bool processEnds = false;
+
 /// Holds one reference to a COM object, or nothing. Reading through nothing is for the caller to avoid, by Deref where
 /// the host may have given nothing.
 template <class I>
@@ -41,7 +45,8 @@ class ComPtr {
   explicit operator bool() const { return object_ != nullptr; }
 
   void Reset() {
-    if (I* held = std::exchange(object_, nullptr)) held->Release();
+    I* held = std::exchange(object_, nullptr);
+    if (held != nullptr && !processEnds) held->Release();
   }
   /// The caller holds the reference from now on.
   [[nodiscard]] I* Detach() { return std::exchange(object_, nullptr); }

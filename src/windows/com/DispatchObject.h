@@ -58,6 +58,7 @@ class DispatchObject : public ComObject<Main, Rest...> {
                                    EXCEPINFO* exception, UINT*) override {
     if (arguments == nullptr) return E_INVALIDARG;
     if (result != nullptr) VariantInit(result);
+    const Entry entry;
     const ComPtr<IUnknown> alive(static_cast<Main*>(this));  // a member may drop the caller's last reference
     try {
       DispatchCall call(flags, *arguments, result);

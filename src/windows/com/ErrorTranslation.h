@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "windows/com/Entry.h"
 #include "windows/com/Win32.h"
 
 namespace quorvane::com {
@@ -29,6 +30,7 @@ HRESULT Tell(const Error& error);
 /// the thread's error object and the result.
 template <class Body>
 HRESULT Guarded(Body&& body) noexcept {
+  const Entry entry;
   try {
     std::forward<Body>(body)();
     return S_OK;

@@ -19,6 +19,7 @@ HRESULT EventSink::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* argum
                           EXCEPINFO* exception, UINT*) {
   if (arguments == nullptr) return E_INVALIDARG;
   if (id != event_ || !handler_) return S_OK;
+  const Entry entry;
   const ComPtr<EventSink> alive(this);
   try {
     const auto handler = handler_;  // it may end the connection

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+
+#include "windows/com/ModuleReference.h"
+
+namespace quorvane::com {
+
+/// One call from outside into this program: a method of an object of ours, a message to a window, a timer, a hook.
+/// Entries nest; as long as one stands nothing under its feet may go, nor does the code end. What has to wait for that
+/// is told to WhenAtRest, and runs at the end of the outermost entry.
+///
+/// Everything here belongs to the one thread of the user interface.
+class Entry {
+ public:
+  Entry() { ++depth_; }
+  ~Entry();
+  Entry(const Entry&) = delete;
+  Entry& operator=(const Entry&) = delete;
+
+  /// How many stand.
+  static int Depth() { return depth_; }
+  /// Runs `action` behind the outermost entry; at once when none stands. What it raises is ignored.
+  static void WhenAtRest(std::function<void()> action);
+
+ private:
+  static void Rest();
+
+  static int depth_;
+  ModuleReference module_;
+};
+
+}  // namespace quorvane::com
