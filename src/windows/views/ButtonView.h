@@ -1,0 +1,27 @@
+#pragma once
+
+#include "windows/views/CaptionView.h"
+
+namespace quorvane {
+class CommandButton;
+}
+
+namespace quorvane::windows {
+
+class ButtonView final : public CaptionView {
+ public:
+  ButtonView(DialogView& dialog, const std::shared_ptr<CommandButton>& button, HWND parent);
+
+  /// With the thick border of the button that Enter presses, or without.
+  void ShowDefault(bool isDefault);
+
+ protected:
+  SIZE Measure() const override;
+  void OnCommand(WORD code) override;
+
+ private:
+  const std::shared_ptr<CommandButton> button_;
+  bool isDefault_ = false;
+};
+
+}  // namespace quorvane::windows

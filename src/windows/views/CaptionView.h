@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/forms/CaptionedControl.h"
+#include "windows/views/ControlView.h"
+
+namespace quorvane::windows {
+
+/// A control that shows a caption, with its tool tip.
+class CaptionView : public ControlView {
+ protected:
+  CaptionView(DialogView& dialog, const std::shared_ptr<CaptionedControl>& control);
+
+  const CaptionedControl& Captioned() const { return captioned_; }
+  void Show() override;
+  /// Of the caption in the font of dialogs.
+  SIZE CaptionSize() const;
+
+ private:
+  const CaptionedControl& captioned_;
+  std::u16string caption_;
+  std::u16string tip_;
+};
+
+}  // namespace quorvane::windows

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "windows/platform/Fonts.h"
+#include "windows/views/ControlView.h"
+
+namespace quorvane {
+class TextBox;
+}
+
+namespace quorvane::windows {
+
+/// A plain text, of one line or several; of several in a font of fixed width.
+class EditView final : public ControlView {
+ public:
+  /// `columns` and `lines` of it are seen at least.
+  EditView(DialogView& dialog, const std::shared_ptr<TextBox>& box, HWND parent, int columns, int lines = 1);
+
+ protected:
+  void Show() override;
+  SIZE Measure() const override;
+  void OnCommand(WORD code) override;
+
+ private:
+  const std::shared_ptr<TextBox> box_;
+  const int columns_;
+  const int lines_;
+  std::u16string text_;  ///< of the model, as it was shown or taken last
+  FontHandle fixed_;     ///< of several lines
+};
+
+}  // namespace quorvane::windows

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "windows/views/CaptionView.h"
+
+namespace quorvane {
+class Frame;
+}
+
+namespace quorvane::windows {
+
+/// A border with a caption around other controls.
+class FrameView final : public CaptionView {
+ public:
+  FrameView(DialogView& dialog, const std::shared_ptr<Frame>& frame, HWND parent);
+
+  /// The frame with `inside` in it; this outlives that.
+  std::unique_ptr<Placeable> Around(std::unique_ptr<Placeable> inside);
+
+ protected:
+  SIZE Measure() const override;
+};
+
+}  // namespace quorvane::windows

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "windows/platform/Fonts.h"
+#include "windows/views/CaptionView.h"
+
+namespace quorvane {
+class Label;
+}
+
+namespace quorvane::windows {
+
+/// A line of text.
+class LabelView final : public CaptionView {
+ public:
+  enum class Look { Plain, Title };
+
+  LabelView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent, Look look = Look::Plain);
+
+ protected:
+  SIZE Measure() const override;
+
+ private:
+  FontHandle large_;  ///< of a title
+};
+
+}  // namespace quorvane::windows

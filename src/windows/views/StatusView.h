@@ -1,0 +1,29 @@
+#pragma once
+
+#include "windows/views/ControlView.h"
+
+namespace quorvane {
+class Label;
+}
+
+namespace quorvane::windows {
+
+/// A line that changes thousands of times a second while something runs: it shows the last state of each burst, takes
+/// what room there is, and cuts what does not fit. Its text has no access keys.
+class StatusView final : public ControlView {
+ public:
+  StatusView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent);
+
+ protected:
+  void Show() override;
+  SIZE Measure() const override;
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void ShowCaption();
+
+  const std::shared_ptr<Label> label_;
+  bool asked_ = false;  ///< a timer runs that will show the caption
+};
+
+}  // namespace quorvane::windows

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "windows/views/ControlView.h"
+
+namespace quorvane {
+class TabStrip;
+}
+
+namespace quorvane::windows {
+
+/// Tabs over one place, each with a page: a window in which its controls lie. The page of the shown tab alone is seen.
+class TabStripView final : public ControlView {
+ public:
+  TabStripView(DialogView& dialog, const std::shared_ptr<TabStrip>& strip, HWND parent);
+  ~TabStripView() override;
+
+  /// The window of a tab, 0-based, for the controls in it.
+  HWND Page(std::int16_t tab) const;
+  /// What lies in that page.
+  void SetLayout(std::int16_t tab, std::unique_ptr<Placeable> inside);
+
+  SIZE Least() const override;
+  void Place(const RECT& room) override;
+
+ protected:
+  void Show() override;
+  SIZE Measure() const override { return {}; }
+  bool OnReflected(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+ private:
+  class PageWindow;
+
+  const std::shared_ptr<TabStrip> strip_;
+  std::vector<std::u16string> captions_;
+  std::vector<std::unique_ptr<PageWindow>> pages_;
+  std::vector<std::unique_ptr<Placeable>> layouts_;  ///< one a page, nothing for an empty one
+};
+
+}  // namespace quorvane::windows
