@@ -1,6 +1,6 @@
 #include "windows/views/AboutView.h"
 
-#include "dialogs/frmAbout.h"
+#include "addin/dialogs/frmAbout.h"
 #include "windows/views/ButtonView.h"
 #include "windows/views/EditView.h"
 #include "windows/views/FrameView.h"

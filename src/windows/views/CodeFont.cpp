@@ -1,15 +1,16 @@
 #include "windows/views/CodeFont.h"
 
+#include <cmath>
 #include <cstring>
 #include <string>
 
-#include "windows/platform/WideText.h"
+#include "windows/platform/Metrics.h"
 
 namespace quorvane::windows {
 
 namespace {
 
-constexpr std::int16_t kAnyCharset = 1;
+constexpr int kPointsOfInch = 72;
 
 int CALLBACK NoteFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
   *reinterpret_cast<bool*>(found) = true;
@@ -31,12 +32,16 @@ bool IsInstalled(const std::u16string& name) {
 }  // namespace
 
 FontHandle CodeFont(const Font& wanted) {
-  Font made = wanted;
-  if (!IsInstalled(made.Name)) {
-    made.Name = IsInstalled(u"Consolas") ? u"Consolas" : u"Courier New";
-    made.Charset = kAnyCharset;
-  }
-  return MakeFont(made);
+  const bool asked = IsInstalled(wanted.Name);
+  const std::u16string name = asked ? wanted.Name : IsInstalled(u"Consolas") ? u"Consolas" : u"Courier New";
+  LOGFONTW font{};
+  font.lfHeight = -static_cast<LONG>(std::lround(wanted.Size * Dpi() / kPointsOfInch));
+  font.lfWeight = wanted.Weight;
+  font.lfStrikeOut = wanted.Strikethrough ? 1 : 0;
+  font.lfCharSet = asked ? static_cast<BYTE>(wanted.Charset) : static_cast<BYTE>(DEFAULT_CHARSET);
+  font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+  std::memcpy(font.lfFaceName, name.c_str(), (name.size() + 1) * sizeof(wchar_t));
+  return FontHandle(::CreateFontIndirectW(&font));
 }
 
 }  // namespace quorvane::windows

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "dialogs/frmCodePreview.h"
+#include "addin/dialogs/frmCodePreview.h"
 #include "platform/forms/TextMeasurer.h"
 #include "windows/platform/Metrics.h"
 #include "windows/platform/WideText.h"

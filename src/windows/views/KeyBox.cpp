@@ -41,6 +41,14 @@ bool KeyBox::TakeKey(const MSG& message) {
   return true;
 }
 
+/// A box that only shows something is gray otherwise.
+bool KeyBox::OnReflected(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
+  if (message != WM_CTLCOLORSTATIC) return false;
+  ::SetBkColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_WINDOW));
+  result = reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_WINDOW));
+  return true;
+}
+
 LRESULT KeyBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CONTEXTMENU) return 0;
   return Default(message, wParam, lParam);

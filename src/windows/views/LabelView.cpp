@@ -9,7 +9,7 @@ namespace quorvane::windows {
 
 namespace {
 
-constexpr double kTitleScale = 1.5;
+constexpr double kTitleScale = 1.7;
 
 }  // namespace
 
@@ -19,7 +19,6 @@ LabelView::LabelView(DialogView& dialog, const std::shared_ptr<Label>& label, HW
   if (look == Look::Plain) return;
   LOGFONTW font = SystemFont();
   font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * kTitleScale));
-  font.lfWeight = FW_BOLD;
   large_ = FontHandle(::CreateFontIndirectW(&font));
   SetFont(large_.Get());
 }

@@ -1,6 +1,6 @@
 #include "windows/views/OptionsView.h"
 
-#include "services/frmOption.h"
+#include "addin/dialogs/frmOption.h"
 #include "windows/views/ButtonView.h"
 #include "windows/views/ComboView.h"
 #include "windows/views/EditView.h"

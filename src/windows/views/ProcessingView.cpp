@@ -1,6 +1,6 @@
 #include "windows/views/ProcessingView.h"
 
-#include "dialogs/frmProcessing.h"
+#include "addin/dialogs/frmProcessing.h"
 #include "windows/views/ProgressView.h"
 
 namespace quorvane::windows {

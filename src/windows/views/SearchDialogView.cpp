@@ -1,6 +1,6 @@
 #include "windows/views/SearchDialogView.h"
 
-#include "dialogs/frmSearchDialog.h"
+#include "addin/dialogs/frmSearchDialog.h"
 #include "windows/views/ButtonView.h"
 #include "windows/views/ComboView.h"
 #include "windows/views/LabelView.h"
