@@ -8,7 +8,9 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "cli/Diagnostics.h"
+#include "platform/RegExp.h"
 #include "vbide/VBIDE.h"
+#include "workbench/find/LineMatcher.h"
 #include "workbench/model/Module.h"
 
 namespace quorvane::cli {
@@ -62,10 +64,34 @@ vbide::Selection PlaceIn(const workbench::Component& component, const Options& o
   return place;
 }
 
+/// What lets a module through that the search has to look at.
+workbench::Sieve SieveOf(const Options& options, Platform& platform) {
+  const std::u16string text = FromUtf8(options.text);
+  if (options.mode == gsRegular) {
+    const auto regExp = platform.NewRegExp();
+    regExp->Pattern = text;
+    regExp->IgnoreCase = !options.matchCase;
+    return {regExp->RequiredTexts(), options.matchCase};
+  }
+  const workbench::MatchOptions match{options.wholeWord, options.matchCase, options.mode == gsPattern};
+  try {
+    return workbench::SieveOf(*workbench::MakeLineMatcher(text, match), match);
+  } catch (const Error&) {
+    return {};  // the search tells what is wrong with the pattern
+  }
+}
+
+/// Null where every module is needed whole.
+std::shared_ptr<const workbench::Sieve> SieveFor(const Options& options, Platform& platform) {
+  if (options.command == Command::List || NeedsPane(options.area)) return nullptr;
+  workbench::Sieve sieve = SieveOf(options, platform);
+  return sieve.Usable() ? std::make_shared<const workbench::Sieve>(std::move(sieve)) : nullptr;
+}
+
 }  // namespace
 
 Session::Session(const Options& options) : platform_(options.codepage, options.language) {
-  group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage());
+  group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage(), SieveFor(options, platform_));
   for (const std::string& warning : group_.warnings) TellWarning(warning);
   Globals::gobjVBE = std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), group_.workbench.get());
 }

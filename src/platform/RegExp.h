@@ -32,6 +32,10 @@ class RegExp {
   virtual bool Test(std::u16string_view text) = 0;
   /// `text` with its matches (the first alone unless Global) replaced.
   virtual std::u16string Replace(std::u16string_view text, std::u16string_view replacement) = 0;
+
+  /// ASCII texts of which every match of Pattern holds at least one, letters in either case when IgnoreCase. Empty when
+  /// nothing is known, as for a pattern that is none; raises nothing.
+  virtual std::vector<std::string> RequiredTexts() { return {}; }
 };
 
 }  // namespace quorvane

@@ -91,6 +91,14 @@ class CodeModule {
   virtual bool Find(std::u16string_view target, Selection& range, bool wholeWord, bool matchCase,
                     bool patternSearch) const = 0;
 
+  /// True when it is sure, for little, that Find finds `target` nowhere in the text; false when that is not known, as
+  /// always for a host that can only be asked to search, and for a module without lines. Raises nothing.
+  virtual bool SurelyLacks(std::u16string_view, bool /*wholeWord*/, bool /*matchCase*/, bool /*patternSearch*/) const {
+    return false;
+  }
+  /// The same for ASCII texts: true when the text surely holds none of them. False for no texts and without lines.
+  virtual bool SurelyLacksAll(const std::vector<std::string>& /*texts*/, bool /*matchCase*/) const { return false; }
+
   /// A number that changes with every change of the text and never comes back, for callers that remember what they
   /// derived from the text. 0 when the host cannot tell: then nothing may be remembered.
   virtual std::uint64_t Revision() const { return 0; }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <random>
@@ -94,8 +95,9 @@ class Generator {
   Piece Make(int depth) {
     switch (depth == 0 ? Pick(9) : Pick(15)) {
       case 0:
-      case 1:
         return Unit(u"a", [](char16_t c) { return c == u'a'; });
+      case 1:
+        return Unit(u"b", [](char16_t c) { return c == u'b'; });
       case 2:
         return Unit(u".", [](char16_t c) { return !IsBreak(c) && c != u'\u2028'; });
       case 3:
@@ -173,6 +175,7 @@ std::vector<RegExpMatch> NaiveExecute(const Piece& piece, Text text) {
 TEST(RegExpDifferentialTest, SimplePatterns) {
   const unsigned seed = std::random_device{}();
   std::mt19937 random(seed);
+  int known = 0;
   for (int round = 0; round < 4000; ++round) {
     const bool multiline = round % 4 != 0;
     Generator generator(random, multiline);
@@ -182,17 +185,30 @@ TEST(RegExpDifferentialTest, SimplePatterns) {
     regExp.Multiline = multiline;
     regExp.IgnoreCase = round % 3 == 0;
     regExp.Pattern = piece.Source;
+    const std::vector<std::string> required = regExp.RequiredTexts();
+    known += !required.empty();
     for (int sample = 0; sample < 8; ++sample) {
       std::u16string text;
       for (int left = generator.Pick(12); left > 0; --left) {
         text +=
             std::u16string_view(u"aab \r\n\r\n\u2028")[static_cast<std::size_t>(generator.Pick(sample == 0 ? 9 : 8))];
       }
-      ASSERT_EQ(regExp.Execute(text), NaiveExecute(piece, text))
+      const std::vector<RegExpMatch> matches = regExp.Execute(text);
+      for (const RegExpMatch& match : matches) {
+        const std::string found = ToUtf8(
+            Text(text).substr(static_cast<std::size_t>(match.FirstIndex), static_cast<std::size_t>(match.Length)));
+        ASSERT_TRUE(
+            required.empty() ||
+            std::ranges::any_of(required, [&](const std::string& one) { return found.find(one) != found.npos; }))
+            << "seed " << seed << " " << ToUtf8(piece.Source) << " matches " << found << " without "
+            << testing::PrintToString(required);
+      }
+      ASSERT_EQ(matches, NaiveExecute(piece, text))
           << "seed " << seed << " round " << round << (multiline ? " multi-line " : " ") << ToUtf8(piece.Source)
           << " on " << testing::PrintToString(ToUtf8(text));
     }
   }
+  EXPECT_GT(known, 400) << "patterns with texts that every match holds";
 }
 
 }  // namespace

@@ -257,6 +257,7 @@ TEST_F(FindAgainstNaive, TheMatchesAreTheSame) {
   const std::vector<std::u16string> patternText = {u"a", u"B", u"1",     u" ",     u"?",     u"*",
                                                    u"*", u"#", u"[a-b]", u"[!a1]", u"\u5DC1"};
   std::size_t matches = 0;
+  std::size_t sieved = 0;
   for (unsigned seed = 0; seed < 4000; ++seed) {
     SCOPED_TRACE(seed);
     random_.seed(seed);
@@ -269,9 +270,13 @@ TEST_F(FindAgainstNaive, TheMatchesAreTheSame) {
     ASSERT_EQ(FindAll(*module_, target, options, range), expected)
         << ToUtf8(module_->Text()) << "\n"
         << ToUtf8(target) << options.wholeWord << options.matchCase << options.patternSearch;
+    const bool lacks = module_->SurelyLacks(target, options.wholeWord, options.matchCase, options.patternSearch);
+    ASSERT_FALSE(lacks && !expected.empty()) << ToUtf8(target);
     matches += expected.size();
+    sieved += lacks;
   }
   EXPECT_GT(matches, 2000U);
+  EXPECT_GT(sieved, 200U);
 }
 
 /// A long pattern and a long line: no backtracking, and sets of states of more than one word.

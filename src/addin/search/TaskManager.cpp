@@ -95,10 +95,26 @@ void TaskManager::ScanArea() {
 template <class Components>
 void TaskManager::ScanComponents(PositionInfo& pos, const Components& components) {
   for (const auto& component : components) {
+    const auto code = component->CodeModule();
+    if (code && SurelyLacksMatches(*code)) {  // such a module has lines, as a normal component has
+      OnScanModule.Raise(component->Name());
+      continue;
+    }
     if (!Deref(Globals::gobjUtilities).IsNormalComp(*component)) continue;
-    pos.GetAllCode(component->CodeModule());
+    pos.GetAllCode(code);
     ScanModule(pos);
   }
+}
+
+/// A module without a match costs one question where the host can answer it. A replace by anything but a regular
+/// expression is an error that the scan raises.
+bool TaskManager::SurelyLacksMatches(const vbide::CodeModule& code) {
+  const bool matchCase = mobjCond->MatchCase();
+  if (mobjCond->Mode() != gsRegular) {
+    return (mlngTaskType & kReplaceBit) == 0 &&
+           code.SurelyLacks(mobjCond->SearchStr(), mobjCond->WholeWord(), matchCase, mobjCond->Mode() == gsPattern);
+  }
+  return code.SurelyLacksAll(Prepared(scanRegExp_, !mobjCond->RegSingleLine()).RequiredTexts(), matchCase);
 }
 
 void TaskManager::ScanModule(PositionInfo& pos) {

@@ -17,6 +17,10 @@ class PositionInfo;
 class RegExp;
 class ResultCollection;
 
+namespace vbide {
+class CodeModule;
+}
+
 /// Types of a task, as bits: bit 0 is a find, which clears the results first, bit 1 a replace.
 inline constexpr std::int32_t kTaskSearch = 1;
 inline constexpr std::int32_t kTaskReplaceAll = 2;
@@ -55,6 +59,7 @@ class TaskManager {
   template <class Components>
   void ScanComponents(PositionInfo& pos, const Components& components);
   void ScanModule(PositionInfo& pos);
+  bool SurelyLacksMatches(const vbide::CodeModule& code);
   void ScanFind(PositionInfo& pos);
   void CheckCancel();
 

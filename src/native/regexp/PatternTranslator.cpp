@@ -59,7 +59,7 @@ void RaisePatternError(PatternError error, std::u16string words, std::size_t off
 }
 
 PatternTranslator::PatternTranslator(std::u16string_view pattern, const TranslationOptions& options)
-    : mstrPattern(pattern), mudtOptions(options) {
+    : mstrPattern(pattern), mudtOptions(options), mobjLiterals(options.UnicodeCase) {
   mudtResult.GroupCount = CountGroups(pattern);
 }
 
@@ -86,6 +86,7 @@ TranslatedPattern PatternTranslator::Translate() {
   // A CR that is never matched. Without any CR in the pattern the engine would not try a match between CR and LF.
   Emit(u"\\r{0}");
   mudtResult.Offsets.push_back(static_cast<std::uint32_t>(mlngPos));
+  mudtResult.RequiredLiterals = mobjLiterals.Take();
   return std::move(mudtResult);
 }
 
@@ -104,6 +105,7 @@ void PatternTranslator::NoteUnit(char16_t c) {
 
 void PatternTranslator::EmitLiteral(char16_t c) {
   NoteUnit(c);
+  mobjLiterals.Literal(c);
   if (c == u'\n') mudtResult.MayMatchLineFeed = true;
   if (c >= 0x80 || IsLetter(c) || IsDigit(c) || c == u'_' || c == u' ') {
     Emit({&c, 1});
@@ -126,6 +128,7 @@ void PatternTranslator::EmitWithoutCase(std::u16string_view text) {
 }
 
 void PatternTranslator::EmitShorthand(char16_t letter) {
+  mobjLiterals.Other();
   if (ShorthandHasLineFeed(letter)) mudtResult.MayMatchLineFeed = true;
   if (!mudtOptions.UnicodeCase) {
     const char16_t escaped[] = {u'\\', letter};
@@ -144,12 +147,14 @@ void PatternTranslator::EmitShorthand(char16_t letter) {
 }
 
 void PatternTranslator::EmitDot() {
+  mobjLiterals.Other();
   mudtResult.HasDot = true;
   constexpr std::u16string_view forms[] = {u".", u"[^\\n\\r]", u"[^\\n\\r\\x{2028}\\x{2029}]"};
   Emit(forms[static_cast<std::size_t>(mudtOptions.Dot)]);
 }
 
 void PatternTranslator::EmitAssertion(char16_t c) {
+  mobjLiterals.Assertion();
   if (c == u'^' || c == u'$') {
     Emit({&c, 1});
     // CR LF is one break, and nothing holds inside it.
@@ -171,6 +176,7 @@ void PatternTranslator::TranslateToken() {
   mblnRepeatable = true;
   switch (c) {
     case u'|':
+      mobjLiterals.Alternative();
       Emit(u"|");
       mblnRepeatable = false;
       break;
@@ -203,6 +209,7 @@ void PatternTranslator::OpenGroup() {
   ++mlngOpenGroups;
   mblnRepeatable = false;
   if (!LooksAt(u'?')) {
+    mobjLiterals.OpenGroup(false);
     Emit(u"(");
     return;
   }
@@ -217,6 +224,7 @@ void PatternTranslator::OpenGroup() {
                       mlngPos - 1);
   }
   ++mlngPos;
+  mobjLiterals.OpenGroup(kind != u':');
   if (kind == u'!') mudtResult.MayMatchLineFeed = true;  // it can hold between CR and LF where it fails before CR
   const char16_t opening[] = {u'(', u'?', kind};
   Emit({opening, 3});
@@ -227,6 +235,7 @@ void PatternTranslator::CloseGroup() {
     RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: unmatched ')'", mlngTokenStart);
   }
   --mlngOpenGroups;
+  mobjLiterals.CloseGroup();
   Emit(u")");
 }
 
@@ -240,6 +249,7 @@ bool PatternTranslator::TryQuantifier() {
   if (!mblnRepeatable) {
     RaisePatternError(PatternError::UnexpectedQuantifier, u"Unexpected quantifier", mlngTokenStart);
   }
+  mobjLiterals.Quantifier(braces ? least : c == u'+' ? 1 : 0);
   if (braces) {
     EmitBraces(least, most, open);
   } else {
@@ -320,6 +330,7 @@ void PatternTranslator::TranslateDecimalEscape() {
     return;
   }
   mlngPos += useTwo ? 2 : 1;
+  mobjLiterals.Other();
   mudtResult.HasBackReference = true;
   Emit(u"\\g{");
   EmitNumber(useTwo ? two : one);

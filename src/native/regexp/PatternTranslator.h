@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "native/regexp/RequiredLiterals.h"
+
 namespace quorvane::native {
 
 /// The platform's numbers for a pattern that is no regular expression.
@@ -42,6 +44,7 @@ struct TranslatedPattern {
   bool HasBackReference = false;
   bool HasDot = false;
   bool MayMatchLineFeed = false;
+  std::vector<std::string> RequiredLiterals;  ///< ASCII; one of them is in every match; empty: nothing is known
 };
 
 /// Turns a pattern in ECMAScript 3 syntax into one for the engine. What the engine would take for more than ECMAScript
@@ -98,6 +101,7 @@ class PatternTranslator {
   std::u16string_view mstrPattern;
   TranslationOptions mudtOptions;
   TranslatedPattern mudtResult;
+  RequiredLiterals mobjLiterals;
   std::size_t mlngPos = 0;
   std::size_t mlngTokenStart = 0;
   std::size_t mlngOpenGroups = 0;

@@ -36,6 +36,7 @@ std::u16string_view Spelled(char16_t letter) {
 }  // namespace
 
 void PatternTranslator::TranslateClass() {
+  mobjLiterals.Other();
   const bool negated = LooksAt(u'^');
   if (negated) ++mlngPos;
   if (LooksAt(u']')) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Checked.h"
+#include "base/Error.h"
 #include "native/codepages/AsciiRun.h"
 #include "native/regexp/PcrePattern.h"
 #include "native/regexp/ReplacementTemplate.h"
@@ -38,6 +39,8 @@ void PcreRegExp::ReadPattern() {
   mblnReadIgnoreCase = IgnoreCase;
   mudtTraits = PatternTranslator(mstrReadPattern, {}).Translate();
   mblnUnicodeCase = IgnoreCase && (mudtTraits.HasNonAscii || mudtTraits.HasBackReference);
+  mcolRequired = mblnUnicodeCase ? PatternTranslator(mstrReadPattern, {.UnicodeCase = true}).Translate().RequiredLiterals
+                                 : mudtTraits.RequiredLiterals;
   mblnRead = true;
 }
 
@@ -69,6 +72,15 @@ void PcreRegExp::ForEachMatch(std::u16string_view text, bool all, Visitor visit)
     if (!all) return;
     at = bounds[1] > bounds[0] ? bounds[1] : bounds[1] + 1;
   }
+}
+
+std::vector<std::string> PcreRegExp::RequiredTexts() {
+  try {
+    ReadPattern();
+  } catch (const Error&) {
+    return {};
+  }
+  return mcolRequired;
 }
 
 std::vector<RegExpMatch> PcreRegExp::Execute(std::u16string_view text) {

@@ -21,6 +21,7 @@ class PcreRegExp : public RegExp {
   std::vector<RegExpMatch> Execute(std::u16string_view text) override;
   bool Test(std::u16string_view text) override;
   std::u16string Replace(std::u16string_view text, std::u16string_view replacement) override;
+  std::vector<std::string> RequiredTexts() override;
 
  private:
   /// The compiled form that serves `text`.
@@ -38,6 +39,7 @@ class PcreRegExp : public RegExp {
   bool mblnReadIgnoreCase = false;
   TranslatedPattern mudtTraits;  ///< of a first translation, for what is in the pattern
   bool mblnUnicodeCase = false;
+  std::vector<std::string> mcolRequired;
   std::unique_ptr<PcrePattern> mobjUsual;
   std::unique_ptr<PcrePattern> mobjWithSeparators;  ///< for texts with U+2028 or U+2029, where `.` stops too
 };

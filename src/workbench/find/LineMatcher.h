@@ -4,6 +4,8 @@
 #include <memory>
 #include <string_view>
 
+#include "workbench/text/Sieve.h"
+
 namespace quorvane::workbench {
 
 /// A run of characters in one line: 0-based UTF-16 units, exclusive end.
@@ -43,5 +45,8 @@ class LineMatcher {
 
 /// Raises error 93 when `target` is no valid pattern.
 std::unique_ptr<LineMatcher> MakeLineMatcher(std::u16string_view target, const MatchOptions& options);
+
+/// What lets a file through in which that matcher may match.
+Sieve SieveOf(const LineMatcher& matcher, const MatchOptions& options);
 
 }  // namespace quorvane::workbench

@@ -162,8 +162,22 @@ const Module::Search& Module::Prepared(std::u16string_view target, const MatchOp
   search->options = options;
   search->matcher = MakeLineMatcher(target, options);
   search->scanner = ScannerFor(*search->matcher, options);
+  search->sieve = SieveOf(*search->matcher, options);
   search_ = std::move(search);
   return *search_;
+}
+
+bool Module::SurelyLacks(std::u16string_view target, bool wholeWord, bool matchCase, bool patternSearch) const {
+  if (!text_.Pristine()) return false;
+  try {
+    return text_.Opened().Lacks(Prepared(target, {wholeWord, matchCase, patternSearch}).sieve);
+  } catch (const Error&) {
+    return false;  // the search itself tells what is wrong
+  }
+}
+
+bool Module::SurelyLacksAll(const std::vector<std::string>& texts, bool matchCase) const {
+  return text_.Pristine() && !texts.empty() && text_.Opened().Lacks(Sieve(texts, matchCase));
 }
 
 bool Module::ClipToModule(const vbide::Selection& range, Bounds& bounds) const {

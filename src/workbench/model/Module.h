@@ -48,6 +48,8 @@ class Module final : public vbide::CodeModule {
   /// Raises error 93 for an invalid pattern.
   bool Find(std::u16string_view target, vbide::Selection& range, bool wholeWord, bool matchCase,
             bool patternSearch) const override;
+  bool SurelyLacks(std::u16string_view target, bool wholeWord, bool matchCase, bool patternSearch) const override;
+  bool SurelyLacksAll(const std::vector<std::string>& texts, bool matchCase) const override;
   std::uint64_t Revision() const override { return text_.Revision(); }
 
   /// In the order of their lines.
@@ -82,6 +84,7 @@ class Module final : public vbide::CodeModule {
     MatchOptions options;
     std::unique_ptr<LineMatcher> matcher;
     ByteScanner scanner;
+    Sieve sieve;
   };
   struct Bounds;
 

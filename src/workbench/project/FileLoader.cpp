@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Text.h"
 
 namespace quorvane::workbench {
 
@@ -21,6 +22,7 @@ namespace {
 
 constexpr std::size_t kFilesWorthAThread = 32;
 constexpr std::int32_t kUserInterrupt = 18;
+constexpr std::int32_t kPathFileAccess = 75;
 
 /// Closes its file when it goes.
 class OpenFile {
@@ -46,26 +48,49 @@ int Unfit(const struct stat& found) {
   return found.st_size >= std::numeric_limits<std::int32_t>::max() ? EFBIG : 0;
 }
 
-int ReadAll(int handle, std::string& bytes) {
+/// `length` becomes what there was.
+int ReadAll(int handle, char* bytes, std::size_t& length) {
   std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t count = ::read(handle, bytes.data() + done, bytes.size() - done);
+  while (done < length) {
+    const ssize_t count = ::read(handle, bytes + done, length - done);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return errno;
     if (count == 0) break;  // the file has become shorter
     done += static_cast<std::size_t>(count);
   }
-  bytes.resize(done);
+  length = done;
   return 0;
 }
 
-LoadedFile Load(const std::string& path) noexcept {
+std::string ReadAgain(const std::string& path) {
+  FileBytes file = ReadFileBytes(path);
+  if (file.error != 0) throw Error(kPathFileAccess, FromUtf8(path + ": " + ErrnoText(file.error)));
+  return std::move(file.bytes);
+}
+
+/// What the sieve lets through gets the table of its lines too, here where all threads work.
+std::shared_ptr<const SourceFile> Sieved(const std::string& path, std::string_view bytes,
+                                         const std::shared_ptr<const Sieve>& sieve) {
+  auto source = std::make_shared<const SourceFile>(bytes, sieve, [path] { return ReadAgain(path); });
+  if (!source->Lacks(*sieve)) source->Lines();
+  return source;
+}
+
+/// `buffer` is the thread's own, used again for each file.
+LoadedFile Load(const std::string& path, const std::shared_ptr<const Sieve>& sieve, std::string& buffer) noexcept {
   LoadedFile loaded;
   try {
-    FileBytes file = ReadFileBytes(path);
-    loaded.stamp = file.stamp;
-    loaded.error = file.error;
-    if (file.error == 0) loaded.source = std::make_shared<const SourceFile>(std::move(file.bytes));
+    if (!sieve) buffer = {};
+    const FileRead read = ReadFileInto(path, buffer);
+    loaded.stamp = read.stamp;
+    loaded.error = read.error;
+    if (read.error != 0) return loaded;
+    if (sieve) {
+      loaded.source = Sieved(path, std::string_view(buffer).substr(0, read.length), sieve);
+    } else {
+      buffer.resize(read.length);
+      loaded.source = std::make_shared<const SourceFile>(std::move(buffer));
+    }
   } catch (const std::bad_alloc&) {
     loaded.error = ENOMEM;
   }
@@ -81,6 +106,15 @@ std::string ErrnoText(int error) {
 
 FileBytes ReadFileBytes(const std::string& path) {
   FileBytes file;
+  const FileRead read = ReadFileInto(path, file.bytes);
+  file.bytes.resize(read.length);
+  file.stamp = read.stamp;
+  file.error = read.error;
+  return file;
+}
+
+FileRead ReadFileInto(const std::string& path, std::string& buffer) {
+  FileRead file;
   const OpenFile opened(path);
   struct stat found {};
   if (opened.Handle() < 0 || ::fstat(opened.Handle(), &found) != 0) {
@@ -90,22 +124,26 @@ FileBytes ReadFileBytes(const std::string& path) {
   file.error = Unfit(found);
   if (file.error != 0) return file;
   file.stamp = FileStamp::From(found);
-  file.bytes.resize(static_cast<std::size_t>(found.st_size));
-  file.error = ReadAll(opened.Handle(), file.bytes);
+  file.length = static_cast<std::size_t>(found.st_size);
+  if (buffer.size() < file.length) buffer.resize(file.length);
+  file.error = ReadAll(opened.Handle(), buffer.data(), file.length);
   return file;
 }
 
-std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths, const LoadProgress& progress) {
+std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths, const LoadProgress& progress,
+                                  const std::shared_ptr<const Sieve>& sieve) {
   std::vector<LoadedFile> files(paths.size());
   std::atomic<std::size_t> next = 0;
   std::atomic<bool> stopped = false;
   const auto work = [&] {
-    for (std::size_t i = next++; i < paths.size() && !stopped; i = next++) files[i] = Load(paths[i]);
+    std::string buffer;
+    for (std::size_t i = next++; i < paths.size() && !stopped; i = next++) files[i] = Load(paths[i], sieve, buffer);
   };
   const auto workAndTell = [&] {
+    std::string buffer;
     for (std::size_t i = next++; i < paths.size(); i = next++) {
       if (!progress(i, paths.size())) throw Error(kUserInterrupt, u"Interrupted by the user");
-      files[i] = Load(paths[i]);
+      files[i] = Load(paths[i], sieve, buffer);
     }
   };
   const std::size_t wanted =

@@ -50,7 +50,7 @@ class Opener {
   }
 
   void AddArgument(const std::string& argument);
-  void Load(const LoadProgress& progress);
+  void Load(const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve);
   void Build();
 
   std::vector<std::string> TakeWarnings() { return std::move(warnings_); }
@@ -157,7 +157,7 @@ void Opener::AddModule(const std::string& path, ComponentType type) {
   project.components.push_back({{type, {}, FromUtf8(path)}, path, true});
 }
 
-void Opener::Load(const LoadProgress& progress) {
+void Opener::Load(const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve) {
   std::vector<std::string> paths;
   for (const PlannedProject& project : projects_) {
     for (const PlannedComponent& component : project.components) {
@@ -166,7 +166,7 @@ void Opener::Load(const LoadProgress& progress) {
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
-  std::vector<LoadedFile> files = LoadFiles(paths, progress);
+  std::vector<LoadedFile> files = LoadFiles(paths, progress, sieve);
   for (std::size_t i = 0; i < paths.size(); ++i) {
     loaded_.emplace_hint(loaded_.end(), std::move(paths[i]), std::move(files[i]));
   }
@@ -210,8 +210,7 @@ Component::Parts Opener::MakeParts(const PlannedComponent& component, const Load
   Component::Parts parts;
   parts.type = component.entry.type;
   if (parts.type == ComponentType::VBForm) {
-    const std::string_view header = std::string_view(loaded.source->Bytes()).substr(0, loaded.source->CodeBegin());
-    const std::optional<ComponentType> told = TypeOfObject(header);
+    const std::optional<ComponentType> told = TypeOfObject(loaded.source->Header());
     if (told == ComponentType::VBMDIForm || told == ComponentType::MSForm) parts.type = *told;
   }
   page_.Decode(loaded.source->Name(), parts.name);
@@ -236,18 +235,19 @@ std::u16string Opener::FreeProjectName() const {
 }  // namespace
 
 std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
-                                       const LoadProgress& progress) {
+                                       const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve) {
   Opener opener(workbench);
   for (const std::string& file : files) opener.AddArgument(file);
-  opener.Load(progress);
+  opener.Load(progress, sieve);
   opener.Build();
   return opener.TakeWarnings();
 }
 
-OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page) {
+OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page,
+                      const std::shared_ptr<const Sieve>& sieve) {
   OpenedGroup group;
   group.workbench = std::make_unique<Workbench>(page);
-  group.warnings = OpenFilesInto(*group.workbench, files);
+  group.warnings = OpenFilesInto(*group.workbench, files, {}, sieve);
   return group;
 }
 

@@ -24,12 +24,15 @@ struct OpenedGroup {
 /// project of their own, named "Project1" or with the first number that is free. A project that is named twice is
 /// opened once. The active project is the first start-up project of a group file, else the first project.
 ///
-/// Raises an error that names the file when one of `files` itself cannot be read. `page` outlives the workbench.
-OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page);
+/// Raises an error that names the file when one of `files` itself cannot be read. `page` outlives the workbench. Of
+/// modules that `sieve`, which may be null, does not let through the header alone is kept.
+OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page,
+                      const std::shared_ptr<const Sieve>& sieve = nullptr);
 
 /// The same into a workbench that may hold projects already; what could not be opened is returned. An error leaves the
 /// workbench as it was. `progress` as in LoadFiles.
 std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
-                                       const LoadProgress& progress = {});
+                                       const LoadProgress& progress = {},
+                                       const std::shared_ptr<const Sieve>& sieve = nullptr);
 
 }  // namespace quorvane::workbench

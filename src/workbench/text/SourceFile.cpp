@@ -10,7 +10,9 @@
 #include <emmintrin.h>
 #endif
 
+#include "base/Error.h"
 #include "workbench/text/ByteScanner.h"
+#include "workbench/text/Sieve.h"
 #include "workbench/text/SourceHeader.h"
 
 namespace quorvane::workbench {
@@ -103,6 +105,10 @@ std::size_t LastLineBegin(std::string_view text) {
   return begin;
 }
 
+std::string_view FirstLineOf(std::string_view text) {
+  return text.substr(0, text.find_first_of("\r\n"));
+}
+
 bool EndsContinued(std::string_view line) {
   return line.ends_with(" _") || line.ends_with("\t_");
 }
@@ -119,7 +125,41 @@ SourceFile::SourceFile(std::string bytes) : bytes_(std::move(bytes)) {
   codeBegin_ = static_cast<std::uint32_t>(header.end);
   headerLines_ = header.lines;
   name_ = header.component;
+  TakeCode();
+}
 
+SourceFile::SourceFile(std::string_view bytes, std::shared_ptr<const Sieve> sieve,
+                       std::function<std::string()> readAgain)
+    : sieve_(std::move(sieve)) {
+  const SourceHeader header = ReadSourceHeader(bytes);
+  codeBegin_ = static_cast<std::uint32_t>(header.end);
+  headerLines_ = header.lines;
+  name_ = header.component;
+  // Without a name in the header one may stand further down, and what is all hidden has no lines.
+  const std::string_view code = bytes.substr(codeBegin_);
+  AttributeLine ignored;
+  const bool hasLines = !code.empty() && !ReadAttributeLine(FirstLineOf(code), ignored);
+  if (hasLines && !name_.empty() && !Deref(sieve_).LetsThrough(bytes)) {
+    bytes_ = bytes.substr(0, codeBegin_);
+    readAgain_ = std::move(readAgain);
+  } else {
+    bytes_ = bytes;
+    TakeCode();
+  }
+}
+
+const SourceFile& SourceFile::Whole() const {
+  if (!whole_) whole_ = std::make_unique<const SourceFile>(readAgain_());
+  return *whole_;
+}
+
+bool SourceFile::Lacks(const Sieve& sieve) const {
+  if (sieve_ && *sieve_ == sieve) return readAgain_ != nullptr;
+  return CountOfLines() > 0 && !sieve.LetsThrough(Bytes());
+}
+
+void SourceFile::TakeCode() {
+  const std::string_view all = bytes_;
   static const ByteScanner attributeWord("attribute", false);
   std::size_t at = codeBegin_;  // of a line; those before it are counted
   std::size_t count = 0;
@@ -150,6 +190,7 @@ bool SourceFile::TakeHidden(const FileLineSpan& span, std::size_t linesAbove) {
 }
 
 const std::vector<SourceFile::Line>& SourceFile::Lines() const {
+  if (readAgain_) return Whole().Lines();
   if (!lines_.empty() || countOfLines_ == 0) return lines_;
   lines_.reserve(static_cast<std::size_t>(countOfLines_));
   auto hidden = hidden_.begin();
@@ -164,6 +205,7 @@ const std::vector<SourceFile::Line>& SourceFile::Lines() const {
 }
 
 SourceFile::Line SourceFile::LineAt(std::size_t index) const {
+  if (readAgain_) return Whole().LineAt(index);
   const auto line = static_cast<std::int32_t>(index);
   if (lines_.empty() && line == 0) return FirstLine();
   if (lines_.empty() && line + 1 == countOfLines_) return LastLine();
@@ -190,18 +232,19 @@ SourceFile::Line SourceFile::LastLine() const {
 
 std::string_view SourceFile::LineEnd(std::size_t index) const {
   const Line& line = Lines()[index];
-  const std::string_view rest = std::string_view(bytes_).substr(line.begin + line.length);
+  const std::string_view rest = std::string_view(Bytes()).substr(line.begin + line.length);
   return rest.substr(0, rest.starts_with("\r\n") ? 2 : 1);
 }
 
 std::int32_t SourceFile::FileLine(std::int32_t line) const {
+  if (readAgain_) return Whole().FileLine(line);
   const auto above = std::partition_point(hidden_.begin(), hidden_.end(),
                                           [line](const HiddenLine& hidden) { return hidden.after < line; });
   return headerLines_ + static_cast<std::int32_t>(above - hidden_.begin()) + line;
 }
 
 std::int32_t SourceFile::CodeLine(std::int32_t fileLine) const {
-  const auto lines = std::views::iota(1, countOfLines_ + 1);
+  const auto lines = std::views::iota(1, CountOfLines() + 1);
   const auto found =
       std::ranges::lower_bound(lines, fileLine, {}, [this](std::int32_t line) { return FileLine(line); });
   return found != lines.end() && FileLine(*found) == fileLine ? *found : 0;
