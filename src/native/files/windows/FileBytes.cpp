@@ -1,0 +1,58 @@
+#include "native/files/FileBytes.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+#include "native/files/windows/HandleStamp.h"
+#include "native/files/windows/WideFile.h"
+
+namespace quorvane::native {
+
+namespace {
+
+bool IsFolder(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(WidePath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+int ReadAll(HANDLE file, std::string& bytes) {
+  constexpr std::size_t kPiece = std::size_t{1} << 24;
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size() - done, kPiece));
+    if (ReadFile(file, bytes.data() + done, wanted, &count, nullptr) == 0) return LastErrno();
+    if (count == 0) break;  // the file has become shorter
+    done += count;
+  }
+  bytes.resize(done);
+  return 0;
+}
+
+}  // namespace
+
+FileBytes ReadFileBytes(const std::string& path) {
+  FileBytes file;
+  const WideHandle opened(path, GENERIC_READ, FILE_FLAG_SEQUENTIAL_SCAN);
+  if (!opened.IsOpen()) {
+    file.error = IsFolder(path) ? EISDIR : LastErrno();
+    return file;
+  }
+  const bool plain = GetFileType(opened.Handle()) == FILE_TYPE_DISK;
+  const auto stamp = plain ? StampOf(opened.Handle()) : std::nullopt;
+  if (!stamp) {
+    file.error = kNotRegularFile;
+  } else if (stamp->size >= std::numeric_limits<std::int32_t>::max()) {
+    file.error = EFBIG;
+  } else {
+    file.stamp = *stamp;
+    file.bytes.resize(static_cast<std::size_t>(stamp->size));
+    file.error = ReadAll(opened.Handle(), file.bytes);
+  }
+  return file;
+}
+
+}  // namespace quorvane::native
