@@ -3,6 +3,8 @@
 #include <iostream>
 #include <string>
 
+#include "cli/RawOutput.h"
+
 namespace quorvane::cli {
 
 namespace {
@@ -16,7 +18,7 @@ void Tell(std::string_view kind, std::string_view message) {
   }
   while (line.back() == ' ') line.pop_back();
   std::cout.flush();
-  std::cerr << line << '\n';
+  RawOutput(RawOutput::kStandardError).Write(line + '\n');
 }
 
 }  // namespace

@@ -1,16 +1,20 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "cli/RawOutput.h"
+#include "native/files/NewFile.h"
+
 namespace quorvane::cli {
 
-/// Where results go: standard output, or a file that appears whole at its place when all of it is written.
+/// Where results go: standard output, or a file that appears whole at its place when all of it is written. Without
+/// Finish, a file that was begun goes.
 class Output {
  public:
   /// An empty path is standard output. A path that cannot be written raises an error that names it.
   explicit Output(std::string path);
-  ~Output();  ///< without Finish, a file that was begun goes
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
@@ -21,15 +25,15 @@ class Output {
 
   /// The reader has gone or a write has failed: nothing more is written, and there is no point in going on.
   bool Closed() const { return closed_; }
-  bool IsTerminal() const;
+  bool IsTerminal() const { return !file_ && raw_.IsTerminal(); }
 
  private:
   void Flush();
-  [[noreturn]] void Fail(int error) const;
+  void Check(int error) const;  ///< raises for all but 0
 
-  std::string path_;       ///< empty: standard output
-  std::string temporary_;  ///< the file being written until Finish; empty when written in place
-  int file_ = 1;
+  std::string path_;                     ///< empty: standard output
+  std::optional<native::NewFile> file_;  ///< nothing when written in place
+  RawOutput raw_;
   std::string buffer_;
   bool closed_ = false;
   int failure_ = 0;  ///< errno of the write that failed; a reader that went away is no failure

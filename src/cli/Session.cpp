@@ -6,6 +6,7 @@
 #include "addin/core/Globals.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Text.h"
 #include "cli/Diagnostics.h"
 #include "platform/RegExp.h"
@@ -153,9 +154,9 @@ void Session::ActivateModule(const Options& options) {
 void Session::CheckOutput(const Options& options) {
   const std::string& path = options.output;
   std::error_code failed;
-  if (path.empty() || !std::filesystem::exists(path, failed)) return;
+  if (path.empty() || !std::filesystem::exists(FilePath(path), failed)) return;
   const auto isOutput = [&](const std::string& file) {
-    return !file.empty() && std::filesystem::equivalent(path, file, failed) && !failed;
+    return !file.empty() && std::filesystem::equivalent(FilePath(path), FilePath(file), failed) && !failed;
   };
   bool clash = std::ranges::any_of(options.files, isOutput);
   for (const auto& project : Host().Projects()) {

@@ -1,15 +1,11 @@
 #include "cli/StylesheetFile.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
+#include "native/files/FileBytes.h"
 #include "platform/CodePage.h"
 
 namespace quorvane::cli {
@@ -20,17 +16,6 @@ constexpr std::size_t kDeclarationSearched = 200;  // bytes; a declaration stand
 
 [[noreturn]] void Fail(const std::string& path, const std::string& reason) {
   RaiseError(ErrorNumber::InvalidProcedureCall, FromUtf8(path + ": " + reason));
-}
-
-std::string ReadBytes(const std::string& path) {
-  std::error_code failed;
-  if (std::filesystem::is_directory(path, failed)) Fail(path, std::strerror(EISDIR));
-  errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  if (!file.is_open() || file.bad()) Fail(path, std::strerror(errno != 0 ? errno : EIO));
-  return bytes.str();
 }
 
 std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
@@ -61,7 +46,9 @@ std::string DeclaredEncoding(const std::string& bytes) {
 }  // namespace
 
 std::u16string ReadStylesheet(const std::string& path) {
-  const std::string bytes = ReadBytes(path);
+  const native::FileBytes file = native::ReadFileBytes(path);
+  if (file.error != 0) Fail(path, native::ErrnoText(file.error));
+  const std::string& bytes = file.bytes;
   if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(std::string_view(bytes).substr(2), false);
   if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(std::string_view(bytes).substr(2), true);
   const bool marked = bytes.starts_with("\xEF\xBB\xBF");

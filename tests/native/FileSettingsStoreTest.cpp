@@ -112,7 +112,7 @@ TEST_F(FileSettingsStoreTest, ACommitThatFailsCanBeRepeated) {
   store.Commit();
   EXPECT_EQ(FileSettingsStore(folder / "file/settings").GetSetting(u"App", u"S", u"k", u""), u"1");
 
-  FileSettingsStore unwritable(folder / std::string(252, 'x'));  // no room for the temporary name
+  FileSettingsStore unwritable(folder / std::string(300, 'x'));  // too long for any file
   unwritable.SaveSetting(u"App", u"S", u"k", u"1");
   EXPECT_EQ(ErrorOf([&] { unwritable.Commit(); }), 75);
   EXPECT_EQ(ErrorOf([&] { unwritable.Commit(); }), 75);

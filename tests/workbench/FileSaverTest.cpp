@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 FileToSave ToSave(const std::string& path, std::string bytes) {
-  return {path, std::move(bytes), FileStamp::Of(path).value()};
+  return {path, std::move(bytes), native::FileStamp::Of(path).value()};
 }
 
 std::vector<std::string> NamesIn(const fs::path& folder) {
@@ -71,8 +71,9 @@ TEST_F(FileSaverTest, ReplacesFilesAndKeepsWhatTheyAre) {
   EXPECT_EQ(NamesIn(folder_.Path()),
             (std::vector<std::string>{"a.bas", "b.bas", fs::path(longName).filename(), "sub"}));
   EXPECT_EQ(NamesIn(folder_ / "sub"), std::vector<std::string>{"link.bas"});
-  const FileStamp a = FileStamp::Of(a_).value();
-  EXPECT_EQ(stamps, (std::vector<FileStamp>{a, FileStamp::Of(b_).value(), FileStamp::Of(longName).value(), a}));
+  const native::FileStamp a = native::FileStamp::Of(a_).value();
+  EXPECT_EQ(stamps, (std::vector<native::FileStamp>{a, native::FileStamp::Of(b_).value(),
+                                                    native::FileStamp::Of(longName).value(), a}));
   // What was saved can be saved again.
   SaveFiles({{a_, "newer a", stamps[0]}});
   EXPECT_EQ(folder_.Read("a.bas"), "newer a");

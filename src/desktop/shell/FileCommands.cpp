@@ -24,8 +24,8 @@ namespace {
 
 const QString kTitle = QStringLiteral("Quorvane");  // of boxes
 
+using native::FileStamp;
 using workbench::Component;
-using workbench::FileStamp;
 using workbench::Project;
 
 constexpr std::int32_t kUserInterrupt = 18;

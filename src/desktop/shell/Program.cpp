@@ -13,7 +13,7 @@
 #include "desktop/platform/QtText.h"
 #include "desktop/shell/Desktop.h"
 #include "desktop/shell/MainWindow.h"
-#include "native/files/UserFolders.h"
+#include "native/system/UserFolders.h"
 
 namespace quorvane::desktop {
 

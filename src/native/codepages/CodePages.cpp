@@ -1,7 +1,5 @@
 #include "native/codepages/CodePages.h"
 
-#include <cstdlib>
-
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/DoubleByteCodePage.h"
@@ -43,23 +41,6 @@ std::string Simplified(std::string_view name) {
                  u" (known: 874, 932, 936, 949, 950, 1250 to 1258, 28591, UTF-8 and their usual other names)");
 }
 
-std::string_view LocaleName() {
-  for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-    const char* value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') return value;
-  }
-  return {};
-}
-
-/// Languages by code page; a language that is not listed has 1252.
-constexpr Alias kLanguages[] = {
-    {"ja", "932"},  {"ko", "949"},  {"th", "874"},  {"pl", "1250"}, {"cs", "1250"}, {"sk", "1250"}, {"hu", "1250"},
-    {"ro", "1250"}, {"hr", "1250"}, {"sl", "1250"}, {"sq", "1250"}, {"bs", "1250"}, {"ru", "1251"}, {"uk", "1251"},
-    {"bg", "1251"}, {"be", "1251"}, {"mk", "1251"}, {"sr", "1251"}, {"kk", "1251"}, {"el", "1253"}, {"tr", "1254"},
-    {"az", "1254"}, {"he", "1255"}, {"iw", "1255"}, {"yi", "1255"}, {"ar", "1256"}, {"fa", "1256"}, {"ur", "1256"},
-    {"et", "1257"}, {"lv", "1257"}, {"lt", "1257"}, {"vi", "1258"},
-};
-
 }  // namespace
 
 std::unique_ptr<CodePage> NewCodePage(std::string_view name) {
@@ -72,24 +53,9 @@ std::unique_ptr<CodePage> NewCodePage(std::string_view name) {
       if (alias.Name == std::to_string(static_cast<int>(page))) return std::make_unique<DoubleByteCodePage>(page);
     }
     const std::string usual(alias.Name);
-    return std::make_unique<SingleByteCodePage>(usual, usual == "28591" ? "ISO-8859-1" : "CP" + usual);
+    return std::make_unique<SingleByteCodePage>(usual, std::stoi(usual));
   }
   RaiseUnknown(name);
-}
-
-std::string CodePageOfLocale() {
-  const std::string_view locale = LocaleName();
-  const std::string_view place = locale.substr(0, locale.find_first_of(".@"));
-  const std::string_view language = place.substr(0, place.find('_'));
-  if (language == "zh") {
-    const std::string_view region = place.substr(language.size());
-    const bool traditional = region.starts_with("_TW") || region.starts_with("_HK") || region.starts_with("_MO");
-    return traditional ? "950" : "936";
-  }
-  for (const Alias& entry : kLanguages) {
-    if (entry.Written == language) return std::string(entry.Name);
-  }
-  return "1252";
 }
 
 }  // namespace quorvane::native

@@ -5,7 +5,7 @@
 
 #include "native/codepages/AsciiRun.h"
 #include "native/codepages/ByteEscape.h"
-#include "native/codepages/Iconv.h"
+#include "native/codepages/Charset.h"
 
 namespace quorvane::native {
 
@@ -23,14 +23,14 @@ std::string BytesOf(unsigned code) {
   return {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
 }
 
-void AddCode(DoubleByteTables& tables, const Iconv& iconv, unsigned code, char16_t unit) {
+void AddCode(DoubleByteTables& tables, const Charset& charset, unsigned code, char16_t unit) {
   tables.Units[code] = unit;
   char16_t& known = tables.Codes[unit];
   // Some characters have two codes: the one that the charset itself writes wins.
-  if (known == 0 || iconv.Encode(unit) == BytesOf(code)) known = static_cast<char16_t>(code);
+  if (known == 0 || charset.Encode(unit) == BytesOf(code)) known = static_cast<char16_t>(code);
 }
 
-/// Single bytes that the platform gives a character and the C library none.
+/// Single bytes that the platform gives a character and the system's own tables none.
 void AddPlatformBytes(DoubleByteTables& tables, DoubleByteCodePage::Page page) {
   const auto add = [&tables](unsigned byte, char16_t unit) {
     if (tables.Units[byte] != 0) return;
@@ -47,16 +47,16 @@ void AddPlatformBytes(DoubleByteTables& tables, DoubleByteCodePage::Page page) {
 
 std::shared_ptr<const DoubleByteTables> Build(DoubleByteCodePage::Page page) {
   auto tables = std::make_shared<DoubleByteTables>();
-  const Iconv iconv("CP" + std::to_string(static_cast<int>(page)));
+  const Charset charset(static_cast<int>(page));
   for (unsigned byte = 0x80; byte < 0x100; ++byte) {
-    if (const auto unit = iconv.Decode(BytesOf(byte))) AddCode(*tables, iconv, byte, *unit);
+    if (const auto unit = charset.Decode(BytesOf(byte))) AddCode(*tables, charset, byte, *unit);
   }
   AddPlatformBytes(*tables, page);
   for (unsigned lead = 0x81; lead < 0xFF; ++lead) {
     if (tables->Units[lead] != 0) continue;
     for (unsigned trail = 0x40; trail < 0xFF; ++trail) {
       const unsigned code = (lead << 8) | trail;
-      if (const auto unit = iconv.Decode(BytesOf(code))) AddCode(*tables, iconv, code, *unit);
+      if (const auto unit = charset.Decode(BytesOf(code))) AddCode(*tables, charset, code, *unit);
     }
   }
   return tables;

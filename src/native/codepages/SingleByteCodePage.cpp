@@ -4,16 +4,16 @@
 
 #include "native/codepages/AsciiRun.h"
 #include "native/codepages/ByteEscape.h"
-#include "native/codepages/Iconv.h"
+#include "native/codepages/Charset.h"
 
 namespace quorvane::native {
 
-SingleByteCodePage::SingleByteCodePage(std::string name, const std::string& charset) : mstrName(std::move(name)) {
-  const Iconv iconv(charset);
+SingleByteCodePage::SingleByteCodePage(std::string name, int page) : mstrName(std::move(name)) {
+  const Charset charset(page);
   for (unsigned b = 0; b < 256; ++b) {
     const char byte = static_cast<char>(b);
     const char16_t missing = b < 0xA0 ? static_cast<char16_t>(b) : EscapedByte(static_cast<unsigned char>(b));
-    const char16_t unit = b < 0x80 ? static_cast<char16_t>(b) : iconv.Decode({&byte, 1}).value_or(missing);
+    const char16_t unit = b < 0x80 ? static_cast<char16_t>(b) : charset.Decode({&byte, 1}).value_or(missing);
     marrUnits[b] = unit;
     if (marrBytes[unit] == 0) marrBytes[unit] = static_cast<unsigned char>(b);
   }

@@ -11,8 +11,8 @@ namespace quorvane::native {
 /// same number, as on the platform.
 class SingleByteCodePage : public CodePage {
  public:
-  /// `charset` is the C library's name of the page. Raises error 5 when the library lacks it.
-  SingleByteCodePage(std::string name, const std::string& charset);
+  /// `page` is the number of the page. Raises error 5 when the system lacks it.
+  SingleByteCodePage(std::string name, int page);
 
   std::string Name() const override { return mstrName; }
   void Decode(std::string_view bytes, std::u16string& out) const override;

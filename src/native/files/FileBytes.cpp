@@ -1,24 +1,29 @@
 #include "native/files/FileBytes.h"
 
-#include <cstdio>
-#include <memory>
+#include <cerrno>
+#include <system_error>
 
 namespace quorvane::native {
 
-std::optional<std::string> FileBytes(const std::string& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
-  if (!file) return std::nullopt;
-  constexpr std::size_t kPiece = 16384;
-  std::string bytes;
-  std::size_t got = kPiece;
-  while (got == kPiece) {
-    const std::size_t before = bytes.size();
-    bytes.resize(before + kPiece);
-    got = std::fread(bytes.data() + before, 1, kPiece, file.get());
-    bytes.resize(before + got);
-  }
-  if (std::ferror(file.get()) != 0) return std::nullopt;
-  return bytes;
+FileBytes ReadFileBytes(const std::string& path) {
+  FileBytes file;
+  const FileRead read = ReadFileInto(path, file.bytes);
+  file.bytes.resize(read.length);
+  file.stamp = read.stamp;
+  file.error = read.error;
+  return file;
+}
+
+std::string ErrnoText(int error) {
+  if (error == kNotRegularFile) return "not a regular file";
+  return std::generic_category().message(error);
+}
+
+bool IsDiskFull(int error) {
+#ifdef EDQUOT
+  if (error == EDQUOT) return true;
+#endif
+  return error == ENOSPC || error == EFBIG;
 }
 
 }  // namespace quorvane::native

@@ -1,16 +1,16 @@
 #include "native/settings/FilePrivateProfile.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "native/files/AtomicFile.h"
+#include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
 #include "native/settings/IniText.h"
 
@@ -19,15 +19,16 @@ namespace quorvane::native {
 namespace {
 
 bool Exists(const std::string& path) {
-  return access(path.c_str(), F_OK) == 0;
+  std::error_code ignored;
+  return std::filesystem::exists(FilePath(path), ignored);
 }
 
 bool IsWritable(const std::string& path) {
-  if (Exists(path)) return access(path.c_str(), W_OK) == 0;
-  const std::string folder = std::filesystem::path(path).parent_path().string();
+  if (Exists(path)) return CanWrite(path);
+  const std::filesystem::path above = FilePath(path).parent_path();
+  const std::filesystem::path folder = above.empty() ? "." : above;
   std::error_code ignored;
-  return std::filesystem::is_directory(folder.empty() ? "." : folder, ignored) &&
-         access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
+  return std::filesystem::is_directory(folder, ignored) && CanWrite(PathText(folder));
 }
 
 /// As a text that ends at its first zero byte.
@@ -47,7 +48,7 @@ bool FitsALine(std::string_view section, std::string_view key, std::string_view 
 FilePrivateProfile::FilePrivateProfile(std::string userFolder) : userFolder_(std::move(userFolder)) {}
 
 std::string FilePrivateProfile::UserCopy(const std::string& file) const {
-  return (std::filesystem::path(userFolder_) / std::filesystem::path(file).filename()).string();
+  return PathText(FilePath(userFolder_) / FilePath(file).filename());
 }
 
 std::size_t FilePrivateProfile::Read(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -55,7 +56,7 @@ std::size_t FilePrivateProfile::Read(std::string_view section, std::string_view 
   if (size == 0) return 0;
   std::string path = ToUtf8(file);
   if (!IsWritable(path) && Exists(UserCopy(path))) path = UserCopy(path);
-  const auto found = IniText(FileBytes(path).value_or(std::string())).Get(Narrow(section), Narrow(key));
+  const auto found = IniText(ReadFileBytes(path).bytes).Get(Narrow(section), Narrow(key));
   std::string_view value = Narrow(defaultValue);
   value = value.substr(0, value.find_last_not_of(' ') + 1);
   if (found) value = Narrow(*found);
@@ -74,9 +75,9 @@ bool FilePrivateProfile::Write(std::string_view section, std::optional<std::stri
     const bool original = IsWritable(named);
     const std::string path = original ? named : UserCopy(named);
     const std::string source = Exists(path) ? path : named;
-    const auto bytes = FileBytes(source);
-    if (!bytes && Exists(source)) RaiseError(ErrorNumber::InvalidProcedureCall);  // what cannot be read is not replaced
-    IniText text(bytes.value_or(std::string()));
+    const FileBytes old = ReadFileBytes(source);
+    if (old.error != 0 && Exists(source)) RaiseError(ErrorNumber::InvalidProcedureCall);  // unreadable: not replaced
+    IniText text(old.bytes);
     if (!key) {
       text.RemoveSection(section);
     } else if (!value) {
@@ -84,7 +85,7 @@ bool FilePrivateProfile::Write(std::string_view section, std::optional<std::stri
     } else {
       text.Set(section, Narrow(*key), Narrow(*value));
     }
-    if (!original) std::filesystem::create_directories(userFolder_);
+    if (!original) std::filesystem::create_directories(FilePath(userFolder_));
     WriteFileWhole(path, text.Bytes());
   });
 }

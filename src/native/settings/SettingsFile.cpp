@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "native/files/AtomicFile.h"
@@ -78,12 +79,12 @@ SettingsFile::SettingsFile(std::string path) : path_(std::move(path)) {}
 std::vector<SettingsFile::Section>& SettingsFile::Read() {
   if (read_) return sections_;
   sections_.clear();
-  const auto bytes = FileBytes(path_);
+  const FileBytes file = ReadFileBytes(path_);
   std::error_code failed;
-  if (!bytes && (std::filesystem::exists(path_, failed) || failed)) {
+  if (file.error != 0 && (std::filesystem::exists(FilePath(path_), failed) || failed)) {
     throw Error(kPathAccess, u"Path/File access error: " + FromUtf8(path_));
   }
-  Parse(bytes.value_or(std::string()));
+  Parse(file.bytes);
   read_ = true;
   return sections_;
 }
@@ -104,12 +105,12 @@ void SettingsFile::Write() {
       bytes += Escaped(key, kSpecialInKey) + "=" + Escaped(value, {}) + "\n";
     }
   }
-  const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
+  const std::filesystem::path folder = FilePath(path_).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder);
   if (unreadable_) {
     std::error_code ignored;
-    std::filesystem::remove(path_ + ".damaged", ignored);
-    std::filesystem::create_hard_link(path_, path_ + ".damaged");
+    std::filesystem::remove(FilePath(path_ + ".damaged"), ignored);
+    std::filesystem::create_hard_link(FilePath(path_), FilePath(path_ + ".damaged"));
   }
   WriteFileWhole(path_, bytes);
   unreadable_ = false;

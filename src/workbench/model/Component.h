@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "native/files/FileStamp.h"
 #include "vbide/VBIDE.h"
-#include "workbench/text/FileStamp.h"
 
 namespace quorvane {
 class CodePage;
@@ -26,7 +26,7 @@ class Component final : public vbide::VBComponent {
     vbide::ComponentType type = vbide::ComponentType::StdModule;
     /// The file as found on disk; relative to the working directory unless it is absolute. Empty: not on disk.
     std::string path;
-    FileStamp stamp;                         ///< of that file when it was read
+    native::FileStamp stamp;                 ///< of that file when it was read
     std::shared_ptr<const SourceFile> file;  ///< what it held; nothing for a component without code
   };
 
@@ -41,8 +41,8 @@ class Component final : public vbide::VBComponent {
 
   const std::shared_ptr<Module>& TheModule() const { return module_; }
   const std::string& Path() const { return parts_.path; }
-  const FileStamp& Stamp() const { return parts_.stamp; }
-  void SetStamp(const FileStamp& stamp) { parts_.stamp = stamp; }
+  const native::FileStamp& Stamp() const { return parts_.stamp; }
+  void SetStamp(const native::FileStamp& stamp) { parts_.stamp = stamp; }
 
   /// "Project1.Form1", the form in which messages name a component.
   std::u16string FullName() const;

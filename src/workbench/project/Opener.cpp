@@ -1,7 +1,6 @@
 #include "workbench/project/Opener.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <set>
@@ -9,6 +8,8 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "native/files/FileAccess.h"
+#include "native/files/FileBytes.h"
 #include "platform/CodePage.h"
 #include "workbench/project/FileKind.h"
 #include "workbench/project/FileLoader.h"
@@ -25,14 +26,13 @@ using vbide::ComponentType;
 constexpr std::int32_t kPathFileAccess = 75;
 
 [[noreturn]] void RaiseUnreadable(const std::string& path, int error) {
-  throw Error(kPathFileAccess, FromUtf8(path + ": " + ErrnoText(error)));
+  throw Error(kPathFileAccess, FromUtf8(path + ": " + native::ErrnoText(error)));
 }
 
 /// The file itself, whatever way leads to it.
 std::string Identity(const std::string& path) {
-  std::error_code failed;
-  std::filesystem::path real = std::filesystem::canonical(path, failed);
-  return failed ? path : real.string();
+  std::string real = native::RealPath(path);
+  return real.empty() ? path : real;
 }
 
 std::u16string Stem(const std::string& path) {
@@ -97,7 +97,7 @@ void Opener::AddArgument(const std::string& argument) {
   const std::string path = ShownPath(argument);
   std::optional<FileKind> kind = FileKind::OfName(path);
   if (kind && kind->role == FileKind::Role::Component) return AddModule(path, kind->type);
-  const FileBytes file = ReadFileBytes(path);
+  const native::FileBytes file = native::ReadFileBytes(path);
   if (file.error != 0) RaiseUnreadable(argument, file.error);
   if (!kind) kind = FileKind::OfContent(file.bytes);
   switch (kind->role) {
@@ -119,9 +119,9 @@ void Opener::AddGroup(const std::string& path, std::string_view bytes) {
       Warn(path, listed, "not found");
       continue;
     }
-    const FileBytes file = ReadFileBytes(found);
+    const native::FileBytes file = native::ReadFileBytes(found);
     if (file.error != 0) {
-      Warn(path, listed, ErrnoText(file.error));
+      Warn(path, listed, native::ErrnoText(file.error));
       continue;
     }
     AddProject(found, file.bytes);
@@ -174,7 +174,7 @@ void Opener::Load(const LoadProgress& progress, const std::shared_ptr<const Siev
     for (const PlannedComponent& component : project.components) {
       if (!component.argument) continue;
       const auto loaded = loaded_.find(component.path);
-      const int error = loaded != loaded_.end() ? loaded->second.error : ReadFileBytes(component.path).error;
+      const int error = loaded != loaded_.end() ? loaded->second.error : native::ReadFileBytes(component.path).error;
       if (error != 0) RaiseUnreadable(component.path, error);
     }
   }
@@ -202,7 +202,7 @@ void Opener::BuildComponent(Project& project, const PlannedProject& planned, con
     return;
   }
   const LoadedFile& loaded = loaded_.at(component.path);
-  if (loaded.error != 0) return Warn(planned.path, component.entry.path, ErrnoText(loaded.error));
+  if (loaded.error != 0) return Warn(planned.path, component.entry.path, native::ErrnoText(loaded.error));
   project.Add(MakeParts(component, loaded));
 }
 

@@ -1,13 +1,10 @@
 #include "workbench/project/PathFinder.h"
 
-#include <dirent.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <utility>
 
+#include "base/FilePath.h"
 #include "base/Text.h"
 #include "platform/CodePage.h"
 #include "workbench/project/KeyLines.h"
@@ -19,14 +16,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Whether a path with a drive or a server can name something on this machine.
+constexpr bool kHasDrives = fs::path::preferred_separator == '\\';
+
 std::string Join(const std::string& folder, const std::string& name) {
   if (folder.empty()) return name;
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
 bool Exists(const std::string& path, bool asFolder) {
-  struct stat found {};
-  return ::stat(path.c_str(), &found) == 0 && (!asFolder || S_ISDIR(found.st_mode));
+  std::error_code ignored;
+  const fs::file_status found = fs::status(FilePath(path), ignored);
+  return fs::exists(found) && (!asFolder || fs::is_directory(found));
 }
 
 /// The name of a file on disk as text: UTF-8, or else the bytes of the code page.
@@ -50,8 +51,10 @@ std::string Lexical(const std::string& path) {
   std::error_code failed;
   const fs::path here = fs::current_path(failed);
   if (failed) return path;
-  const std::string shown = (here / path).lexically_normal().lexically_relative(here).string();
-  return shown == "." ? std::string() : shown;
+  const fs::path straight = (here / FilePath(path)).lexically_normal();
+  const fs::path shown = straight.lexically_relative(here);
+  if (shown.empty()) return PathText(straight);  // another drive
+  return shown == "." ? std::string() : PathText(shown);
 }
 
 /// Splits a Windows path; `.` and what a later `..` takes back are gone. `climbs` counts the `..` that are left.
@@ -86,19 +89,21 @@ std::string FileNameOf(const std::string& path) {
 }
 
 std::string ShownPath(const std::string& path) {
-  fs::path straight = path;
+  fs::path straight = FilePath(path);
   if (path.find("..") != std::string::npos) {  // a way up out of a symbolic link is not the way that led into it
     std::error_code failed;
     const fs::path folder = fs::canonical(straight.has_parent_path() ? straight.parent_path() : ".", failed);
     if (!failed && straight.filename() != "..") straight = folder / straight.filename();
   }
-  return Lexical(straight.string());
+  return Lexical(PathText(straight));
 }
 
 std::string PathFinder::Find(const std::string& folder, std::u16string_view windowsPath) {
   const std::u16string_view path = TrimSpace(windowsPath);
-  if (path.empty() || path.starts_with(u'\\') || path.find(u'\0') != std::u16string_view::npos) return {};
-  if (path.size() > 1 && path[1] == u':') return {};
+  if (path.empty() || path.find(u'\0') != std::u16string_view::npos) return {};
+  if (path.starts_with(u'\\') || (path.size() > 1 && path[1] == u':')) {
+    return kHasDrives && Exists(ToUtf8(path), false) ? PathText(FilePath(ToUtf8(path))) : std::string();
+  }
   int climbs = 0;
   const std::vector<std::u16string_view> names = Names(path, climbs);
   if (names.empty()) return {};
@@ -134,12 +139,10 @@ std::string PathFinder::Walk(const std::string& folder, const std::vector<std::u
 const std::string& PathFinder::Parent(const std::string& folder) {
   const auto [known, isNew] = parents_.try_emplace(folder);
   if (!isNew) return known->second;
-  struct stat found {};
-  const bool link = !folder.empty() && ::lstat(folder.c_str(), &found) == 0 && S_ISLNK(found.st_mode);
-  if (link) {
-    std::error_code failed;
-    const fs::path real = fs::canonical(folder, failed);
-    if (!failed) return known->second = ShownPath(real.parent_path().string());
+  std::error_code failed;
+  if (!folder.empty() && fs::is_symlink(FilePath(folder), failed)) {
+    const fs::path real = fs::canonical(FilePath(folder), failed);
+    if (!failed) return known->second = ShownPath(PathText(real.parent_path()));
   }
   if (folder.empty() || folder == ".." || folder.ends_with("/..")) {
     known->second = Join(folder, "..");
@@ -152,10 +155,12 @@ const std::string& PathFinder::Parent(const std::string& folder) {
 const PathFinder::Listing& PathFinder::List(const std::string& folder) {
   const auto [known, isNew] = listings_.try_emplace(folder);
   if (!isNew) return known->second;
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.empty() ? "." : folder.c_str()), &::closedir);
-  if (!stream) return known->second;
+  std::error_code failed;
   std::vector<std::string> names;
-  while (const dirent* entry = ::readdir(stream.get())) names.emplace_back(entry->d_name);
+  for (fs::directory_iterator at(folder.empty() ? "." : FilePath(folder), failed), end; !failed && at != end;
+       at.increment(failed)) {
+    names.push_back(PathText(at->path().filename()));
+  }
   std::ranges::sort(names);  // of names that differ in case alone, the same one comes first on every file system
   for (std::string& name : names) {
     std::u16string folded = Folded(DiskName(name, page_));

@@ -19,7 +19,7 @@ class PathFinder {
   explicit PathFinder(const CodePage& page) : page_(page) {}
 
   /// `folder` is on disk, empty for the working directory. The result is the path as found, or empty when there is
-  /// nothing of that name. Paths with a drive or a server belong to another machine and are not found.
+  /// nothing of that name. Paths with a drive or a server belong to another machine and are not found, but on Windows.
   std::string Find(const std::string& folder, std::u16string_view windowsPath);
 
  private:

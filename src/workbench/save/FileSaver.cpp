@@ -1,20 +1,20 @@
 #include "workbench/save/FileSaver.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Text.h"
-#include "workbench/project/FileLoader.h"
+#include "native/files/FileAccess.h"
+#include "native/files/FileBytes.h"
+#include "native/files/NewFile.h"
+#include "workbench/project/PathFinder.h"
 
 namespace quorvane::workbench {
 
@@ -23,112 +23,43 @@ namespace {
 constexpr std::int32_t kDiskFull = 61;
 constexpr std::int32_t kPermissionDenied = 70;
 constexpr std::int32_t kPathAccess = 75;
-/// Leaves room for the rest of a temporary name within the 255 bytes of a file name.
-constexpr std::size_t kLongestName = 200;
+
+namespace fs = std::filesystem;
 
 [[noreturn]] void Fail(std::int32_t number, const std::string& text) {
   throw Error(number, FromUtf8(text));
 }
 
 [[noreturn]] void FailWriting(const std::string& path, int error) {
-  const bool full = error == ENOSPC || error == EDQUOT || error == EFBIG;
-  Fail(full ? kDiskFull : kPathAccess, path + ": cannot be saved: " + ErrnoText(error));
+  Fail(native::IsDiskFull(error) ? kDiskFull : kPathAccess, path + ": cannot be saved: " + native::ErrnoText(error));
 }
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
-
-/// A file beside its target with the bytes to come, removed again unless it took the target's place.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const std::string& target) {
-    const std::size_t slash = target.rfind('/') + 1;
-    path_ = target.substr(0, slash) + "." + target.substr(slash, kLongestName) + ".quorvane-XXXXXX";
-    handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
-    error_ = handle_ < 0 ? errno : 0;
-    exists_ = handle_ >= 0;
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() {
-    if (handle_ >= 0) ::close(handle_);
-    if (exists_) ::unlink(path_.c_str());
-  }
-
-  /// 0 or an errno. Fills in the stamp that the file has then and keeps when it is renamed.
-  int Write(const std::string& bytes, const struct stat& like, FileStamp& stamp) {
-    if (handle_ < 0) return error_;
-    struct stat found {};
-    const bool done = WriteAll(bytes) && Dress(like) && ::fsync(handle_) == 0 && ::fstat(handle_, &found) == 0;
-    const int error = done ? 0 : errno;
-    const bool closed = ::close(std::exchange(handle_, -1)) == 0;
-    stamp = FileStamp::From(found);
-    return error != 0 ? error : closed ? 0 : errno;
-  }
-
-  const std::string& Path() const { return path_; }
-  void Renamed() { exists_ = false; }
-
- private:
-  bool WriteAll(const std::string& bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-      const ssize_t count = ::write(handle_, bytes.data() + done, bytes.size() - done);
-      if (count < 0 && errno == EINTR) continue;
-      if (count == 0) errno = ENOSPC;
-      if (count <= 0) return false;
-      done += static_cast<std::size_t>(count);
-    }
-    return true;
-  }
-
-  /// Another user's file may become ours. The mode comes last, as a change of owner takes bits away.
-  bool Dress(const struct stat& like) {
-    const bool owned = ::fchown(handle_, like.st_uid, like.st_gid) == 0;
-    if (!owned) static_cast<void>(!::fchown(handle_, static_cast<uid_t>(-1), like.st_gid));
-    return ::fchmod(handle_, like.st_mode & 07777) == 0;
-  }
-
-  std::string path_;
-  int handle_ = -1;
-  int error_ = 0;  ///< of the attempt to make it
-  bool exists_ = false;
-};
 
 /// One file on its way to disk.
 struct Saving {
   const FileToSave* file;
   std::string target;  ///< absolute, without symbolic links
-  struct stat found {};
-  std::unique_ptr<TemporaryFile> temporary;
-  FileStamp saved;
+  std::unique_ptr<native::NewFile> temporary;
+  native::FileStamp saved;
 };
-
-std::string RealPath(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-  return real ? std::string(real.get()) : std::string();
-}
 
 void CheckUnchanged(const Saving& saving) {
   const std::string& path = saving.file->path;
-  struct stat found {};
-  if (saving.target.empty() || ::stat(saving.target.c_str(), &found) != 0) {
-    Fail(kPathAccess, path + ": cannot be saved: it is no longer on disk");
-  }
-  if (FileStamp::From(found) != saving.file->opened) {
+  const auto found = saving.target.empty() ? std::nullopt : native::FileStamp::Of(saving.target);
+  if (!found) Fail(kPathAccess, path + ": cannot be saved: it is no longer on disk");
+  if (*found != saving.file->opened) {
     Fail(kPathAccess, path + ": cannot be saved: it was changed on disk since it was opened");
   }
 }
 
 void Check(Saving& saving) {
   const std::string& path = saving.file->path;
-  saving.target = RealPath(path);
+  saving.target = native::RealPath(path);
   CheckUnchanged(saving);
-  if (::stat(saving.target.c_str(), &saving.found) != 0) FailWriting(path, errno);
-  if (!S_ISREG(saving.found.st_mode)) Fail(kPathAccess, path + ": cannot be saved: it is no plain file");
-  if ((saving.found.st_mode & S_IWUSR) == 0 || ::access(saving.target.c_str(), W_OK) != 0) {
+  std::error_code failed;
+  const fs::file_status found = fs::status(FilePath(saving.target), failed);
+  if (!fs::is_regular_file(found)) Fail(kPathAccess, path + ": cannot be saved: it is no plain file");
+  const bool writable = (found.permissions() & fs::perms::owner_write) != fs::perms::none;
+  if (!writable || !native::CanWrite(saving.target)) {
     Fail(kPermissionDenied, path + ": cannot be saved: it is read-only");
   }
 }
@@ -138,7 +69,7 @@ std::vector<Saving> Plan(const std::vector<FileToSave>& files, std::vector<std::
   std::vector<Saving> plan;
   std::map<std::string, std::size_t> places;
   for (const FileToSave& file : files) {
-    Saving saving{&file, {}, {}, nullptr, {}};
+    Saving saving{&file, {}, nullptr, {}};
     Check(saving);
     const auto [place, isNew] = places.try_emplace(saving.target, plan.size());
     placeOf.push_back(place->second);
@@ -151,13 +82,19 @@ std::vector<Saving> Plan(const std::vector<FileToSave>& files, std::vector<std::
   return plan;
 }
 
-/// Flushes the entries of a folder; 0 or an errno. Some file systems cannot, and need not.
-int FlushFolder(const std::string& folder) {
-  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return errno;
-  const int error = ::fsync(handle) == 0 || errno == EINVAL ? 0 : errno;
-  ::close(handle);
-  return error;
+/// Writes the new bytes beside the file, with the stamp that they keep when they are moved. 0 or an errno.
+int WriteBeside(Saving& saving) {
+  saving.temporary = std::make_unique<native::NewFile>(saving.target);
+  native::NewFile& file = *saving.temporary;
+  int error = file.Made();
+  if (error == 0) error = file.Write(saving.file->bytes);
+  if (error == 0) error = file.Dress();
+  if (error == 0) error = file.Finish();
+  if (error != 0) return error;
+  const auto stamp = native::FileStamp::Of(file.Path());
+  if (!stamp) return errno;
+  saving.saved = *stamp;
+  return 0;
 }
 
 std::string Names(const std::vector<Saving>& plan, std::size_t begin, std::size_t end) {
@@ -176,35 +113,32 @@ void RenameAll(std::vector<Saving>& plan, const RenameFile& rename) {
     if (rename(saving.temporary->Path().c_str(), saving.target.c_str()) != 0) {
       const int error = errno;
       if (plan.size() == 1) FailWriting(saving.file->path, error);
-      FailRenaming(plan, i, saving.file->path + ": cannot be saved: " + ErrnoText(error));
+      FailRenaming(plan, i, saving.file->path + ": cannot be saved: " + native::ErrnoText(error));
     }
-    saving.temporary->Renamed();
+    saving.temporary->Moved();
   }
   std::set<std::string> folders;
   for (const Saving& saving : plan) {
     const std::string folder = FolderOf(saving.target);
     if (!folders.insert(folder).second) continue;
-    if (const int error = FlushFolder(folder)) {
-      FailRenaming(plan, plan.size(), folder + ": the folder cannot be flushed: " + ErrnoText(error));
+    if (const int error = native::FlushFolder(folder)) {
+      FailRenaming(plan, plan.size(), folder + ": the folder cannot be flushed: " + native::ErrnoText(error));
     }
   }
 }
 
 }  // namespace
 
-std::vector<FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename) {
+std::vector<native::FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename) {
   std::vector<std::size_t> placeOf;
   std::vector<Saving> plan = Plan(files, placeOf);
   for (Saving& saving : plan) {
-    saving.temporary = std::make_unique<TemporaryFile>(saving.target);
-    if (const int error = saving.temporary->Write(saving.file->bytes, saving.found, saving.saved)) {
-      FailWriting(saving.file->path, error);
-    }
+    if (const int error = WriteBeside(saving)) FailWriting(saving.file->path, error);
   }
   for (const Saving& saving : plan) CheckUnchanged(saving);
-  RenameAll(plan, rename ? rename : RenameFile(::rename));
+  RenameAll(plan, rename ? rename : RenameFile(native::MoveOver));
 
-  std::vector<FileStamp> stamps;
+  std::vector<native::FileStamp> stamps;
   for (const std::size_t place : placeOf) stamps.push_back(plan[place].saved);
   return stamps;
 }

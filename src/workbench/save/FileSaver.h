@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "workbench/text/FileStamp.h"
+#include "native/files/FileStamp.h"
 
 namespace quorvane::workbench {
 
 struct FileToSave {
-  std::string path;   ///< as the file system has it; symbolic links are followed, the link stays
-  std::string bytes;  ///< the whole file
-  FileStamp opened;   ///< of the file that the bytes were made from
+  std::string path;          ///< as the file system has it; symbolic links are followed, the link stays
+  std::string bytes;         ///< the whole file
+  native::FileStamp opened;  ///< of the file that the bytes were made from
 };
 
 /// The system's rename(2), or what stands in for it.
@@ -28,6 +28,6 @@ using RenameFile = std::function<int(const char* from, const char* to)>;
 /// rename or the flush of a folder fails behind the first rename; that error names what was renamed and what was not.
 ///
 /// Returns the stamps of the files now, in the order of `files`.
-std::vector<FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename = {});
+std::vector<native::FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename = {});
 
 }  // namespace quorvane::workbench

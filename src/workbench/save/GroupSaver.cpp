@@ -1,7 +1,6 @@
 #include "workbench/save/GroupSaver.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <tuple>
@@ -9,11 +8,12 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "native/files/FileAccess.h"
+#include "native/files/FileBytes.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
 #include "workbench/model/Project.h"
 #include "workbench/model/Workbench.h"
-#include "workbench/project/FileLoader.h"
 #include "workbench/save/FileSaver.h"
 #include "workbench/save/UnifiedDiff.h"
 
@@ -70,9 +70,8 @@ void RefuseConflict(const std::vector<Edited>& edited) {
 }
 
 std::string RealPath(const Component& component) {
-  std::error_code failed;
-  const std::filesystem::path real = std::filesystem::canonical(component.Path(), failed);
-  return failed ? component.Path() : real.string();
+  std::string real = native::RealPath(component.Path());
+  return real.empty() ? component.Path() : real;
 }
 
 /// One target for each name of the file: a save gives bytes to a name, so that hard links become files of their own.
@@ -103,7 +102,7 @@ std::vector<std::vector<ComponentPtr>> FindFiles(const Workbench& workbench) {
   for (const auto& project : workbench.Projects()) {
     for (const ComponentPtr& component : project->Components()) {
       if (!component->TheModule()) continue;
-      const FileStamp& stamp = component->Stamp();
+      const native::FileStamp& stamp = component->Stamp();
       const std::string unknown = component->Path().empty() ? ToUtf8(component->FullName()) : std::string();
       const auto [place, isNew] = places.try_emplace({unknown, stamp.device, stamp.inode}, files.size());
       if (isNew) files.emplace_back();
@@ -143,7 +142,7 @@ void TakeOver(Module& module, const Module& source) {
 
 /// The host keeps the old text in a component that shows a file which another one has saved; saving it later would
 /// then take the other's work back without a word. So it takes over what the file now holds.
-void Settle(const Target& target, const FileStamp& stamp) {
+void Settle(const Target& target, const native::FileStamp& stamp) {
   const auto saved = std::make_shared<const SourceFile>(target.file.after);
   for (const ComponentPtr& component : target.components) {
     if (component != target.source) TakeOver(*component->TheModule(), *target.source->TheModule());
@@ -166,7 +165,7 @@ std::vector<SavedFile> SaveTargets(Workbench& workbench, const std::vector<Targe
   std::vector<FileToSave> files;
   for (const Target& target : targets) files.push_back({target.file.path, target.file.after, target.source->Stamp()});
   if (files.empty()) return {};
-  const std::vector<FileStamp> stamps = SaveFiles(files);
+  const std::vector<native::FileStamp> stamps = SaveFiles(files);
 
   workbench.Turns().Next();  // what twins take over is no part of the user's last edit
   std::vector<SavedFile> saved;
@@ -193,8 +192,8 @@ std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& compone
 }
 
 void ReloadFileOf(Workbench& workbench, const Component& component) {
-  FileBytes read = ReadFileBytes(component.Path());
-  if (read.error != 0) throw Error(kPathFileAccess, FromUtf8(component.Path() + ": " + ErrnoText(read.error)));
+  native::FileBytes read = native::ReadFileBytes(component.Path());
+  if (read.error != 0) throw Error(kPathFileAccess, FromUtf8(component.Path() + ": " + native::ErrnoText(read.error)));
   const auto held = std::make_shared<const SourceFile>(std::move(read.bytes));
   TurnClock ownTurns;
   const Module now(held, workbench.ThePage(), ownTurns);

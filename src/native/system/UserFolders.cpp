@@ -1,4 +1,4 @@
-#include "native/files/UserFolders.h"
+#include "native/system/UserFolders.h"
 
 #include <pwd.h>
 #include <unistd.h>

@@ -13,7 +13,7 @@
 
 #include "cli/Diagnostics.h"
 #include "cli/ExitStatus.h"
-#include "native/files/UserFolders.h"
+#include "native/system/UserFolders.h"
 
 namespace quorvane::cli {
 

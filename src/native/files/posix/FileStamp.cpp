@@ -1,10 +1,10 @@
-#include "workbench/text/FileStamp.h"
+#include "native/files/FileStamp.h"
 
-#include <sys/stat.h>
+#include "native/files/posix/Stat.h"
 
-namespace quorvane::workbench {
+namespace quorvane::native {
 
-FileStamp FileStamp::From(const struct stat& found) {
+FileStamp StampOf(const struct stat& found) {
   return {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino),
           static_cast<std::int64_t>(found.st_size), static_cast<std::int64_t>(found.st_mtim.tv_sec),
           static_cast<std::int64_t>(found.st_mtim.tv_nsec)};
@@ -13,7 +13,7 @@ FileStamp FileStamp::From(const struct stat& found) {
 std::optional<FileStamp> FileStamp::Of(const std::string& path) {
   struct stat found {};
   if (::stat(path.c_str(), &found) != 0) return std::nullopt;
-  return From(found);
+  return StampOf(found);
 }
 
-}  // namespace quorvane::workbench
+}  // namespace quorvane::native

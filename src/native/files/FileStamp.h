@@ -4,9 +4,7 @@
 #include <optional>
 #include <string>
 
-struct stat;
-
-namespace quorvane::workbench {
+namespace quorvane::native {
 
 /// Which file on disk it is, and which state of it.
 struct FileStamp {
@@ -16,12 +14,11 @@ struct FileStamp {
   std::int64_t modifiedSeconds = 0;
   std::int64_t modifiedNanoseconds = 0;
 
-  static FileStamp From(const struct stat& found);
-  /// Of the file at `path`, behind symbolic links; nothing, and errno set, when it cannot be found.
+  /// Of the file at `path` (UTF-8), behind symbolic links; nothing, and errno set, when it cannot be found.
   static std::optional<FileStamp> Of(const std::string& path);
 
   bool IsSameFile(const FileStamp& other) const { return device == other.device && inode == other.inode; }
   bool operator==(const FileStamp&) const = default;
 };
 
-}  // namespace quorvane::workbench
+}  // namespace quorvane::native
