@@ -22,7 +22,6 @@ if(EXISTS /usr/src/googletest/CMakeLists.txt)
   set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
   add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
 endif()
-add_library(GTest::gtest_main ALIAS gtest_main)
 
 # One file a program, wherever it is put.
 add_link_options(-static)

@@ -1,6 +1,5 @@
 #include "cli/Arguments.h"
 
-#include <shellapi.h>
 #include <windows.h>
 
 #include <memory>

@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Whether a path with a drive or a server can name something on this machine.
-constexpr bool kHasDrives = fs::path::preferred_separator == '\\';
+/// Windows: a path with a drive or a server can name something on this machine, and a name in any case finds its file.
+constexpr bool kOnWindows = fs::path::preferred_separator == '\\';
 
 std::string Join(const std::string& folder, const std::string& name) {
   if (folder.empty()) return name;
@@ -102,7 +102,7 @@ std::string PathFinder::Find(const std::string& folder, std::u16string_view wind
   const std::u16string_view path = TrimSpace(windowsPath);
   if (path.empty() || path.find(u'\0') != std::u16string_view::npos) return {};
   if (path.starts_with(u'\\') || (path.size() > 1 && path[1] == u':')) {
-    return kHasDrives && Exists(ToUtf8(path), false) ? PathText(FilePath(ToUtf8(path))) : std::string();
+    return kOnWindows && Exists(ToUtf8(path), false) ? PathText(FilePath(ToUtf8(path))) : std::string();
   }
   int climbs = 0;
   const std::vector<std::u16string_view> names = Names(path, climbs);
@@ -111,7 +111,8 @@ std::string PathFinder::Find(const std::string& folder, std::u16string_view wind
   for (; climbs > 0; --climbs) start = Parent(start);
   std::string written = start;
   for (const std::u16string_view name : names) written = Join(written, ToUtf8(name));
-  std::string found = Exists(written, false) ? std::move(written) : Walk(start, names, 0);
+  std::string found = !kOnWindows && Exists(written, false) ? written : Walk(start, names, 0);
+  if (kOnWindows && found.empty() && Exists(written, false)) found = written;  // a short name
   if (!found.starts_with("..")) return found;
   const std::string itsFolder = FolderOf(found);
   const auto [known, isNew] = shown_.try_emplace(itsFolder);
@@ -121,19 +122,22 @@ std::string PathFinder::Find(const std::string& folder, std::u16string_view wind
 
 std::string PathFinder::Walk(const std::string& folder, const std::vector<std::u16string_view>& names, std::size_t at) {
   if (at == names.size()) return folder;
-  const bool last = at + 1 == names.size();
-  const std::string written = Join(folder, ToUtf8(names[at]));
-  if (Exists(written, !last)) {
-    if (std::string found = Walk(written, names, at + 1); !found.empty()) return found;
+  const std::string written = ToUtf8(names[at]);
+  if (!kOnWindows) {
+    if (std::string found = WalkInto(folder, written, names, at); !found.empty()) return found;
   }
-  const Listing& listing = List(folder);
-  const auto [begin, end] = listing.equal_range(Folded(names[at]));
+  const auto [begin, end] = List(folder).equal_range(Folded(names[at]));
   for (auto entry = begin; entry != end; ++entry) {
-    const std::string other = Join(folder, entry->second);
-    if (other == written || !Exists(other, !last)) continue;
-    if (std::string found = Walk(other, names, at + 1); !found.empty()) return found;
+    if (!kOnWindows && entry->second == written) continue;
+    if (std::string found = WalkInto(folder, entry->second, names, at); !found.empty()) return found;
   }
   return {};
+}
+
+std::string PathFinder::WalkInto(const std::string& folder, const std::string& name,
+                                 const std::vector<std::u16string_view>& names, std::size_t at) {
+  const std::string way = Join(folder, name);
+  return Exists(way, at + 1 < names.size()) ? Walk(way, names, at + 1) : std::string();
 }
 
 const std::string& PathFinder::Parent(const std::string& folder) {

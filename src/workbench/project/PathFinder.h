@@ -26,6 +26,8 @@ class PathFinder {
   using Listing = std::multimap<std::u16string, std::string>;  ///< folded name, name on disk
 
   std::string Walk(const std::string& folder, const std::vector<std::u16string_view>& names, std::size_t at);
+  std::string WalkInto(const std::string& folder, const std::string& name,
+                       const std::vector<std::u16string_view>& names, std::size_t at);
   const std::string& Parent(const std::string& folder);
   const Listing& List(const std::string& folder);
 
