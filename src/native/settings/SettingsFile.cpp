@@ -108,9 +108,10 @@ void SettingsFile::Write() {
   const std::filesystem::path folder = FilePath(path_).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder);
   if (unreadable_) {
-    std::error_code ignored;
-    std::filesystem::remove(FilePath(path_ + ".damaged"), ignored);
-    std::filesystem::create_hard_link(FilePath(path_), FilePath(path_ + ".damaged"));
+    std::error_code failed;
+    std::filesystem::remove(FilePath(path_ + ".damaged"), failed);
+    std::filesystem::create_hard_link(FilePath(path_), FilePath(path_ + ".damaged"), failed);
+    if (failed) throw Error(kPathAccess, u"Path/File access error: " + FromUtf8(path_ + ".damaged"));
   }
   WriteFileWhole(path_, bytes);
   unreadable_ = false;
