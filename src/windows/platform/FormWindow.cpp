@@ -249,6 +249,10 @@ void FormWindow::TellPlace() {
 bool FormWindow::TakeKey(const MSG& message) {
   const auto form = form_;
   if (view_ && view_->TakeKey(message)) return true;
+  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4 && IsChild()) {
+    form->CloseByUser();  // for a child the window system would close the host
+    return true;
+  }
   if (message.message == WM_KEYDOWN && dialog_ != nullptr && !HasOpenList(message.hwnd)) {
     const auto key = static_cast<std::int16_t>(message.wParam);
     if (dialog_->PressKey(key, static_cast<std::int16_t>(InputHook::HeldModifiers()))) return true;

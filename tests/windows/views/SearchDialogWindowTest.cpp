@@ -67,10 +67,14 @@ TEST_F(SearchDialogWindowTest, IsAChildOfTheHostWithATitleBarAndTheHostsKeysStay
   Press(VK_ESCAPE);
   EXPECT_FALSE(D().Visible());
   EXPECT_FALSE(::IsWindowVisible(window));
-  ::SetFocus(hostBox);
   Type(u"x");
   EXPECT_EQ(TextOf(hostBox), u"xcode");
   EXPECT_EQ(Setting().mstrSearchStr, u"a&b");
+  ShowSearchDialog();
+  EXPECT_EQ(::GetFocus(), Edit(*D().cmbSearch));
+  Press(VK_F4, {VK_MENU});
+  EXPECT_FALSE(D().Visible());
+  EXPECT_EQ(::GetFocus(), hostBox);
 }
 
 TEST_F(SearchDialogWindowTest, TheTextIsTheModels) {
