@@ -150,12 +150,16 @@ void FormWindow::FollowPlace() {
 
 /// A form that floats and was never filled has nothing to show, and any other would lie above a window that waits for
 /// an answer, whoever asks.
+bool FormWindow::IsHeldBack() const {
+  return floats_ && (dialog_->Width() == 0 || (owner_ != nullptr && !::IsWindowEnabled(owner_)));
+}
+
 void FormWindow::Show() {
   if (floats_) {
-    const bool held = dialog_->Width() == 0 || (owner_ != nullptr && !::IsWindowEnabled(owner_));
-    if (!held) ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
     return;
   }
+  NoteFocusBefore();
   if (const HWND above = OwnerWindow(); !IsChild() && above != Handle()) {
     ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, static_cast<LONG_PTR>(reinterpret_cast<std::intptr_t>(above)));
   }
@@ -168,11 +172,26 @@ void FormWindow::Hide() {
   const bool focused = HasFocus();
   EndModal();
   ::ShowWindow(Handle(), SW_HIDE);
-  if (focused && IsChild() && owner_ != nullptr) ::SetFocus(owner_);
+  if (focused) ReturnFocus();
+}
+
+void FormWindow::NoteFocusBefore() {
+  if (!HasFocus()) focusBefore_ = ::GetFocus();
+}
+
+/// Back to where it was before this form took it; a host's main window may not remember that itself.
+void FormWindow::ReturnFocus() {
+  const HWND before = std::exchange(focusBefore_, nullptr);
+  const bool usable = before != nullptr && ::IsWindowVisible(before) && ::IsWindowEnabled(before) &&
+                      ::GetWindowThreadProcessId(before, nullptr) == ::GetCurrentThreadId();
+  if (usable) ::SetFocus(before);
+  if (usable && ::GetFocus() == before) return;
+  if (IsChild() && owner_ != nullptr) ::SetFocus(owner_);
 }
 
 void FormWindow::ComeToFront() {
   if (floats_) return;
+  NoteFocusBefore();
   if (IsChild()) {
     ::BringWindowToTop(Handle());
     if (!HasFocus()) ::SetFocus(Handle());
@@ -230,6 +249,10 @@ void FormWindow::TellPlace() {
 bool FormWindow::TakeKey(const MSG& message) {
   const auto form = form_;
   if (view_ && view_->TakeKey(message)) return true;
+  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F4 && IsChild()) {
+    form->CloseByUser();  // for a child the window system would close the host
+    return true;
+  }
   if (message.message == WM_KEYDOWN && dialog_ != nullptr && !HasOpenList(message.hwnd)) {
     const auto key = static_cast<std::int16_t>(message.wParam);
     if (dialog_->PressKey(key, static_cast<std::int16_t>(InputHook::HeldModifiers()))) return true;
@@ -263,6 +286,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS:
       if (view_) view_->TakeFocus();
       return 0;
+    case WM_WINDOWPOSCHANGING:
+      if (IsHeldBack()) reinterpret_cast<WINDOWPOS*>(lParam)->flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
+      break;
     case WM_MOUSEACTIVATE:
       if (floats_) return MA_NOACTIVATE;
       if (IsChild()) ::BringWindowToTop(Handle());

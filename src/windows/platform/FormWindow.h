@@ -45,6 +45,7 @@ class FormWindow final : public Window, public KeyTarget {
   void Follow();
   void FollowSize();
   void FollowPlace();
+  bool IsHeldBack() const;
   void Show();
   void Hide();
   void ComeToFront();
@@ -53,6 +54,8 @@ class FormWindow final : public Window, public KeyTarget {
   HWND OwnerWindow() const;
   bool IsChild() const;
   bool HasFocus() const;
+  void NoteFocusBefore();
+  void ReturnFocus();
   void NoteFocus();
   void ShowFocus(bool active);
   void TellPlace();
@@ -64,6 +67,7 @@ class FormWindow final : public Window, public KeyTarget {
   bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;
   bool looksActive_ = false;
+  HWND focusBefore_ = nullptr;  ///< what had the focus when this form last came to the front
   bool retired_ = false;
   std::optional<DisabledWindows> disabled_;  ///< while the form is shown modally
   std::unique_ptr<View> view_;

@@ -4,70 +4,15 @@
 #include <memory>
 
 #include "addin/dialogs/frmCodePreview.h"
-#include "platform/forms/TextMeasurer.h"
 #include "windows/platform/Metrics.h"
-#include "windows/platform/WideText.h"
 #include "windows/views/CodeFont.h"
-#include "windows/views/TextSize.h"
+#include "windows/views/CodeMeasurer.h"
 
 namespace quorvane::windows {
 
 namespace {
 
-constexpr int kTabColumns = 4;
 constexpr int kMargin = 3;  // pixels at 96 an inch
-
-int Advance(HDC context, std::u16string_view text) {
-  SIZE size{};
-  ::GetTextExtentPoint32W(context, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()), &size);
-  return size.cx;
-}
-
-/// Goes over a text between its tabs from the place `x` on: `take(x, part)` for each part, and gives the place behind
-/// the last. Tabs lead to the next of the columns that the start of the line begins.
-template <class Take>
-int ForEachPart(HDC context, std::u16string_view text, int x, Take take) {
-  const int stop = std::max(Advance(context, u" ") * kTabColumns, 1);
-  for (;;) {
-    const std::size_t tab = text.find(u'\t');
-    const std::u16string_view part = text.substr(0, tab);
-    take(x, part);
-    x += Advance(context, part);
-    if (tab == text.npos) return x;
-    x = (x / stop + 1) * stop;
-    text.remove_prefix(tab + 1);
-  }
-}
-
-int HeightOfLine(HDC context) {
-  TEXTMETRICW metrics{};
-  ::GetTextMetricsW(context, &metrics);
-  return metrics.tmHeight + metrics.tmExternalLeading;
-}
-
-class ScreenMeasurer final : public TextMeasurer {
- public:
-  std::int32_t LineHeight(const Font& font) const override {
-    return HeightOfLine(MeasuringContext(HandleFor(font)).Handle());
-  }
-  std::int32_t LineWidth(const Font& font, std::u16string_view line) const override {
-    const MeasuringContext context(HandleFor(font));
-    return ForEachPart(context.Handle(), line, 0, [](int, std::u16string_view) {});
-  }
-
- private:
-  /// The form asks for one font, line by line.
-  HFONT HandleFor(const Font& font) const {
-    if (!made_ || !(font == font_)) {
-      made_ = CodeFont(font);
-      font_ = font;
-    }
-    return made_.Get();
-  }
-
-  mutable Font font_;
-  mutable FontHandle made_;
-};
 
 /// Paints into a bitmap first, so that nothing flickers while the mouse moves on from match to match.
 class Buffered {
@@ -104,7 +49,7 @@ CodePreviewView::CodePreviewView(frmCodePreview& form, HWND parent) : form_(form
   making.style = WS_CHILD | WS_VISIBLE;
   making.parent = parent;
   Create(making);
-  form_.SetMeasurer(std::make_shared<ScreenMeasurer>());
+  form_.SetMeasurer(std::make_shared<CodeMeasurer>());
   Font font = form_.Font();
   plain_ = CodeFont(font);
   font.Strikethrough = true;
@@ -143,7 +88,7 @@ void CodePreviewView::Paint(HDC context, const RECT& room) const {
   ::FillRect(context, &room, ::GetSysColorBrush(COLOR_WINDOW));
   ::SetBkMode(context, 1 /* the ground stays */);
   const HGDIOBJ before = ::SelectObject(context, plain_.Get());
-  const int height = HeightOfLine(context);
+  const int height = CodeMeasurer::HeightOfLine(context);
   const int margin = Scaled(kMargin);
   const std::vector<Piece> pieces = Pieces();
   int top = margin;
@@ -162,7 +107,7 @@ void CodePreviewView::Paint(HDC context, const RECT& room) const {
     const int y = top + static_cast<int>(line) * height;
     ::SelectObject(context, piece.strikeThru ? struck_.Get() : plain_.Get());
     ::SetTextColor(context, piece.color != 0 ? piece.color : ::GetSysColor(COLOR_WINDOWTEXT));
-    x = ForEachPart(context, piece.text, x, [&](int at, std::u16string_view part) {
+    x = CodeMeasurer::ForEachPart(context, piece.text, x, [&](int at, std::u16string_view part) {
       ::TextOutW(context, margin + at, y, reinterpret_cast<const wchar_t*>(part.data()), static_cast<int>(part.size()));
     });
   }

@@ -1,5 +1,6 @@
 #include "windows/views/EditView.h"
 
+#include "base/FlagScope.h"
 #include "platform/forms/TextBox.h"
 #include "windows/platform/Metrics.h"
 #include "windows/views/CodeFont.h"
@@ -47,7 +48,7 @@ EditView::EditView(DialogView& dialog, const std::shared_ptr<TextBox>& box, HWND
 }
 
 void EditView::Show() {
-  if (text_ != box_->Text()) {
+  if (text_ != box_->Text() && !taking_) {
     text_ = box_->Text();
     SetText(box_->MultiLine() ? WithFullBreaks(text_) : text_);
   }
@@ -69,7 +70,10 @@ void EditView::OnCommand(WORD code) {
   if (code != EN_CHANGE) return;
   const std::u16string text = Text();
   if (text == (box_->MultiLine() ? WithFullBreaks(text_) : text_)) return;
-  box_->Edit(text);
+  {
+    const FlagScope taking(taking_);
+    box_->Edit(text);
+  }
   text_ = box_->Text();
 }
 

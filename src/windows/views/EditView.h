@@ -28,6 +28,7 @@ class EditView final : public ControlView {
   const int columns_;
   const int lines_;
   std::u16string text_;  ///< of the model, as it was shown or taken last
+  bool taking_ = false;  ///< what the user has typed goes to the model now
   FontHandle fixed_;     ///< of several lines
 };
 
