@@ -1,39 +1,22 @@
 #include "workbench/text/CaseFold.h"
 
 #include <array>
-#include <locale>
 #include <memory>
-#include <stdexcept>
+
+#include "workbench/text/Letters.h"
 
 namespace quorvane::workbench {
 
 namespace {
 
-/// The characters of the C library's own Unicode locale, whatever the locale of the user.
-const std::ctype<wchar_t>& Characters() {
-  static const std::locale locale = [] {
-    try {
-      return std::locale("C.UTF-8");
-    } catch (const std::runtime_error&) {
-      return std::locale::classic();  // knows ASCII alone
-    }
-  }();
-  return std::use_facet<std::ctype<wchar_t>>(locale);
-}
-
 bool IsSurrogate(char16_t c) {
   return (c & 0xF800) == 0xD800;
 }
 
-/// `changed` if it is a unit beyond ASCII, else `c`.
-char16_t BeyondAscii(wchar_t changed, char16_t c) {
-  return changed >= 0x80 && changed <= 0xFFFF ? static_cast<char16_t>(changed) : c;
-}
-
 char16_t Fold(char16_t c) {
   // By way of the capital: two small letters may share one.
-  const auto capital = static_cast<wchar_t>(CaseFold::Capital(c));
-  return BeyondAscii(Characters().tolower(capital), static_cast<char16_t>(capital));
+  const char16_t capital = CaseFold::Capital(c);
+  return capital < 0x80 || IsSurrogate(capital) ? capital : SmallOf(capital);
 }
 
 }  // namespace
@@ -41,7 +24,7 @@ char16_t Fold(char16_t c) {
 char16_t CaseFold::Capital(char16_t c) {
   if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
   if (IsSurrogate(c)) return c;
-  return BeyondAscii(Characters().toupper(static_cast<wchar_t>(c)), c);
+  return CapitalOf(c);
 }
 
 const char16_t* CaseFold::Table() {
@@ -58,7 +41,7 @@ const char16_t* CaseFold::Table() {
 
 bool IsWordUnit(char16_t c) {
   if (c < 0x80) return (c >= u'0' && c <= u'9') || c == u'_' || CaseFold::Of(c) != CaseFold::Capital(c);
-  return !IsSurrogate(c) && Characters().is(std::ctype_base::alnum, static_cast<wchar_t>(c));
+  return !IsSurrogate(c) && IsLetterOrDigit(c);
 }
 
 }  // namespace quorvane::workbench

@@ -11,6 +11,8 @@ namespace quorvane::native {
 
 namespace {
 
+constexpr DWORD kDiskQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which older headers lack
+
 constexpr std::size_t kLongest = 240;  // below MAX_PATH by what a temporary name adds
 constexpr std::wstring_view kPrefix = LR"(\\?\)";
 constexpr std::wstring_view kServerPrefix = LR"(\\?\UNC\)";
@@ -65,7 +67,7 @@ int LastErrno() {
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
       return ENOSPC;
-    case ERROR_DISK_QUOTA_EXCEEDED:
+    case kDiskQuotaExceeded:
       return ENOSPC;
     case ERROR_FILE_EXISTS:
     case ERROR_ALREADY_EXISTS:
