@@ -109,7 +109,10 @@ void Parser::AddFind() {
 void Parser::AddReplace() {
   replace_ = app_.add_subcommand("replace", "Replace all matches of the regular expression PATTERN");
   replace_->add_option("PATTERN", options_.text, "What to look for")->required();
-  replace_->add_option("REPLACEMENT", options_.replacement, "May hold $1 to $99, $&, $`, $' and $$")->required();
+  replace_
+      ->add_option("REPLACEMENT", options_.replacement,
+                   "May hold $1 to $99, $&, $`, $' and $$; without -s also \\t, \\r, \\n and \\\\")
+      ->required();
   AddCommon(*replace_);
   AddCondition(*replace_);
   AddPlace(*replace_);
@@ -138,7 +141,8 @@ void Parser::AddCondition(CLI::App& command) {
       &command == replace_ ? "How PATTERN is read (only regexp can replace)" : "How TEXT is read (default: common)");
   command.add_flag("-c,--match-case", options_.matchCase, "Upper and lower case differ");
   command.add_flag("-w,--whole-word", options_.wholeWord, "Whole words only (common and pattern)");
-  command.add_flag("-s,--single-line", options_.singleLine, "Single-line regular expressions");
+  command.add_flag("-s,--single-line", options_.singleLine,
+                   "^ and $ hold at the ends of the area alone; replace goes line by line");
   AddChoice<gsCommentStat>(command, "--comments", options_.comments,
                            {{"include", gsIncludeComment}, {"exclude", gsExcludeComment}, {"only", gsCommentOnly}},
                            "Which matches stay (default: include)");

@@ -1,5 +1,7 @@
 #include <string>
 
+#include "addin/core/Globals.h"
+#include "addin/core/Utilities.h"
 #include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/Text.h"
@@ -40,12 +42,24 @@ bool Save(workbench::Workbench& host, Output& output) {
   return !files.empty();
 }
 
+/// Tells of what the replacement loses without -s; with -s it is taken as it stands.
+void WarnOfEscapes(const Options& options) {
+  if (options.mode != gsRegular || options.singleLine) return;
+  std::string names;
+  for (const std::u16string& escape : Globals::gobjUtilities->VanishingEscapes(FromUtf8(options.replacement)))
+    names += (names.empty() ? "" : ", ") + ToUtf8(escape);
+  if (names.empty()) return;
+  TellWarning("REPLACEMENT: " + names +
+              ": only \\t, \\r, \\n and \\\\ stand for something, other escapes vanish; write \\\\ for a backslash");
+}
+
 }  // namespace
 
 int Replace(const Options& options) {
   Session session(options);
   session.Apply(options);
   session.CheckOutput(options);
+  WarnOfEscapes(options);
   CatchInterrupt();
   std::u16string module;
   {

@@ -119,6 +119,25 @@ TEST_F(CliReplaceTest, AreasAndNothingToDo) {
   EXPECT_NE(Files(), before);
 }
 
+TEST_F(CliReplaceTest, EscapesThatVanishAreNamed) {
+  struct Row {
+    std::vector<std::string> args;
+    std::string line;     ///< that comes into the diff
+    std::string warning;  ///< its beginning
+  };
+  const std::vector<Row> rows{
+      {{"Option Explicit", "C:\\dir\\xen\\"}, "+C:iren", "quorvane: warning: REPLACEMENT: \\d, \\x, \\: "},
+      {{"Option Explicit", "C:\\\\dir"}, "+C:\\dir", ""},
+      {{"-s", "Option Explicit", "C:\\dir"}, "+C:\\dir", ""},
+  };
+  for (const Row& row : rows) {
+    const Outcome outcome = Replace(row.args);
+    EXPECT_NE(outcome.out.find(row.line + "\r\n"), std::string::npos) << outcome.out;
+    EXPECT_EQ(outcome.err.substr(0, row.warning.size()), row.warning);
+    EXPECT_EQ(outcome.err.empty(), row.warning.empty()) << outcome.err;
+  }
+}
+
 TEST_F(CliReplaceTest, ErrorsWriteNothing) {
   const std::string before = Files();
   struct Row {

@@ -14,12 +14,21 @@ class TextUtilitiesTest : public SearchFixture {
 };
 
 TEST_F(TextUtilitiesTest, ReplaceSpecialChar) {
-  const std::vector<std::pair<std::u16string, std::u16string>> rows{
-      {u"", u""},        {u"a\\tb", u"a\tb"}, {u"\\r\\n", u"\r\n"},
-      {u"a\\qb", u"ab"}, {u"\\\\n", u"\\n"},  {u"\\\\\\n", u"\\\n"},
-      {u"a\\", u"a"},    {u"\\T\\N", u""},    {u"$1\\t", u"$1\t"},
+  struct Row {
+    std::u16string from, to;
+    std::vector<std::u16string> vanishing;
   };
-  for (const auto& [from, to] : rows) EXPECT_EQ(It().ReplaceSpecialChar(from), to) << ToUtf8(from);
+  const std::vector<Row> rows{
+      {u"", u"", {}},           {u"a\\tb", u"a\tb", {}},
+      {u"\\r\\n", u"\r\n", {}}, {u"a\\qb", u"ab", {u"\\q"}},
+      {u"\\\\n", u"\\n", {}},   {u"\\\\\\n", u"\\\n", {}},
+      {u"a\\", u"a", {u"\\"}},  {u"C:\\dir\\new\\N", u"C:ir\new", {u"\\d", u"\\N"}},
+      {u"$1\\t", u"$1\t", {}},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(It().ReplaceSpecialChar(row.from), row.to) << ToUtf8(row.from);
+    EXPECT_EQ(It().VanishingEscapes(row.from), row.vanishing) << ToUtf8(row.from);
+  }
 }
 
 TEST_F(TextUtilitiesTest, NormalComponents) {

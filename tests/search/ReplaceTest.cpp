@@ -62,6 +62,8 @@ TEST(Replace, MultiAndSingleLine) {
       {"a selection with its line break", u"aa\nbb", {1, 2, 2, 2}, u"\\r\\n", u"", u"aabb", u"aa\nbb"},
       {"nothing selected", u"aa", {1, 2, 1, 2}, u"a", u"x", u"aa", u"aa"},
       {"nothing selected, an empty match", u"ab", {1, 2, 1, 2}, u"^", u"x", u"axb", u"axb"},
+      {"a new line at the selection's end", u"a1\nb", {1, 1, 1, 3}, u"1$", u"X\\n", u"aX\n\nb", u"aX\\n\nb"},
+      {"a new line at the region's end", u"a\nSub", kAll, u"Sub$", u"Sub\\r", u"a\nSub\n", u"a\nSub\\r"},
       {"to the end of the module", u"aa\naa", {2, 1, 2, 3}, u"a+", u"x", u"aa\nx", u"aa\nx"},
   };
   for (const Row& row : rows) {
@@ -249,7 +251,7 @@ std::u16string ReplaceInText(const Pattern& pattern, const std::vector<std::u16s
 /// then undo must bring everything back in one step.
 TEST(ReplaceGenerated, AgreesWithPlainStringWorkAndIsUndone) {
   const auto patterns = Patterns();
-  const std::vector<std::u16string> replacements{u"", u"x", u"[$&]", u"$&$&", u"a"};
+  const std::vector<std::u16string> replacements{u"", u"x", u"[$&]", u"$&$&", u"a", u"$&\\n", u"\\r$&\\r"};
   for (std::uint32_t seed = 1; seed <= 1500; ++seed) {
     Dice dice(seed);
     auto lines = RandomLines(dice, 6, {u"a", u"b", u"c", u"ab", u" "});
@@ -284,6 +286,7 @@ TEST(ReplaceGenerated, AgreesWithPlainStringWorkAndIsUndone) {
                  std::to_string(range.StartColumn) + " to " + std::to_string(range.EndLine) + "," +
                  std::to_string(range.EndColumn) + (singleLine ? ", single line" : ""));
     workbench::Module& module = world.Module(u"M");
+    if (!singleLine) replacement = ReplaceAll(ReplaceAll(replacement, u"\\n", kCrLf), u"\\r", kCrLf);
     ASSERT_EQ(ToUtf8(module.Text()), ToUtf8(ReplaceInText(pattern, lines, range, replacement, singleLine)));
     if (module.CanUndo()) module.Undo();
     ASSERT_FALSE(module.CanUndo()) << "one replace is one step";

@@ -173,24 +173,42 @@ std::int16_t Utilities::GetOptionIndex(const OptionGroup& ctrl) const {
   return 0;
 }
 
+namespace {
+
+/// Calls `plain(text)` for what stands for itself or for an escape that is known, and `vanishing(escape)` for others.
+template <class Plain, class Vanishing>
+void ReadEscapes(std::u16string_view src, const Plain& plain, const Vanishing& vanishing) {
+  constexpr std::u16string_view names = u"trn\\";
+  constexpr std::u16string_view meanings = u"\t\r\n\\";
+  for (std::size_t i = 0; i < src.size(); ++i) {
+    if (src[i] != u'\\') {
+      plain(src.substr(i, 1));
+      continue;
+    }
+    const std::size_t known = i + 1 < src.size() ? names.find(src[i + 1]) : names.npos;
+    if (known != names.npos) {
+      plain(meanings.substr(known, 1));
+    } else {
+      vanishing(src.substr(i, 2));
+    }
+    ++i;
+  }
+}
+
+}  // namespace
+
 std::u16string Utilities::ReplaceSpecialChar(std::u16string_view src) const {
   std::u16string out;
-  out.reserve(src.size());
-  bool pending = false;
-  for (const char16_t c : src) {
-    if (pending) {
-      if (c == u't') out += u'\t';
-      if (c == u'r') out += u'\r';
-      if (c == u'n') out += u'\n';
-      if (c == u'\\') out += u'\\';
-      pending = false;
-    } else if (c == u'\\') {
-      pending = true;
-    } else {
-      out += c;
-    }
-  }
+  ReadEscapes(
+      src, [&out](std::u16string_view text) { out += text; }, [](std::u16string_view) {});
   return out;
+}
+
+std::vector<std::u16string> Utilities::VanishingEscapes(std::u16string_view src) const {
+  std::vector<std::u16string> escapes;
+  ReadEscapes(
+      src, [](std::u16string_view) {}, [&escapes](std::u16string_view escape) { escapes.emplace_back(escape); });
+  return escapes;
 }
 
 void Utilities::ActivateCodeWindow(const vbide::Window& w) const {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/NativeWindows.h"
 
@@ -81,6 +82,8 @@ class Utilities {
 
   /// Expands the escapes of a replacement text: \t \r \n \\; any other escape and a single backslash at the end vanish.
   std::u16string ReplaceSpecialChar(std::u16string_view src) const;
+  /// The escapes that vanish so, each with its backslash, in their order.
+  std::vector<std::u16string> VanishingEscapes(std::u16string_view src) const;
 
   /// Brings the code window of `w` to the front of the host's client area.
   void ActivateCodeWindow(const vbide::Window& w) const;

@@ -46,6 +46,14 @@ void DropFinalBreak(std::u16string& s) {
   if (s.ends_with(kCrLf)) s.resize(s.size() - kCrLf.size());
 }
 
+/// Makes a lone CR or LF at the end, which can only come from the replacement, a whole line break. Else it would join
+/// the break of the line behind it, which is taken off again or passes for no line of its own.
+void CompleteFinalBreak(std::u16string& s) {
+  if (s.ends_with(kCrLf) || !(s.ends_with(u'\r') || s.ends_with(u'\n'))) return;
+  s.pop_back();
+  s += kCrLf;
+}
+
 }  // namespace
 
 void TaskManager::ReplaceRegExp(PositionInfo& pos) {
@@ -61,7 +69,10 @@ void TaskManager::ReplaceMultiLine(PositionInfo& pos) {
   const std::u16string text = pos.MatchStr();
   if (!regExp.Test(text)) return;
   const std::u16string replacement = Deref(Globals::gobjUtilities).ReplaceSpecialChar(mobjCond->ReplaceStr());
-  std::u16string code = LeftOfRegion(pos) + regExp.Replace(text, replacement) + RightOfRegion(pos);
+  const std::u16string right = RightOfRegion(pos);
+  std::u16string code = LeftOfRegion(pos) + regExp.Replace(text, replacement);
+  if (right.size() <= kCrLf.size()) CompleteFinalBreak(code);
+  code += right;
   DropFinalBreak(code);
   vbide::CodeModule& module = *pos.mobjCodeObject;
   module.DeleteLines(pos.mlngY1, pos.mlngY2 - pos.mlngY1 + 1);

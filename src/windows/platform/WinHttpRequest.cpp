@@ -1,6 +1,6 @@
-// A request goes on from callback to callback: sent, headers there, a piece of the body read, and again until a piece
-// is empty. What a callback needs of this side lives in a Call of its own, which the last callback of a request frees:
-// a request that was aborted may still have callbacks to come.
+// A request goes on from callback to callback: sent, headers there, so much of the body there, that read, and again
+// until nothing is there. What a callback needs of this side lives in a Call of its own, which the last callback of a
+// request frees: a request that was aborted may still have callbacks to come.
 #include "windows/platform/WinHttpRequest.h"
 
 #include "windows/com/Win32.h"
@@ -29,10 +29,11 @@ constexpr UINT kProgress = WM_APP + 1;  // wParam: turn * kKinds + kind, lParam:
 constexpr std::uint32_t kKinds = 8;
 constexpr std::uint32_t kSent = 0;
 constexpr std::uint32_t kHeaders = 1;
-constexpr std::uint32_t kRead = 2;   // value: bytes
-constexpr std::uint32_t kError = 3;  // value: WinHTTP's number
+constexpr std::uint32_t kThere = 2;  // value: bytes that can be read
+constexpr std::uint32_t kRead = 3;   // value: bytes
+constexpr std::uint32_t kError = 4;  // value: WinHTTP's number
 constexpr std::size_t kPiece = 16384;
-constexpr int kLetGoMilliseconds = 3000;
+constexpr int kLetGoMilliseconds = 1000;
 
 std::atomic<int> openCalls{0};
 
@@ -56,6 +57,9 @@ void CALLBACK OnStatus(HINTERNET, DWORD_PTR context, DWORD status, void* informa
       break;
     case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE:
       call->Post(kHeaders, 0);
+      break;
+    case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE:
+      call->Post(kThere, *static_cast<const DWORD*>(information));
       break;
     case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
       call->Post(kRead, length);
@@ -112,8 +116,13 @@ class WinHttpRequest::Connection {
     if (!::WinHttpQueryHeaders(request, which, nullptr, text, &size, nullptr)) return {};
     return FromWide(text, size / sizeof(wchar_t));
   }
-  void Read() {
-    if (!::WinHttpReadData(request, call->piece, kPiece, nullptr)) call->Post(kError, ::GetLastError());
+  void AskForMore() {
+    if (!::WinHttpQueryDataAvailable(request, nullptr)) call->Post(kError, ::GetLastError());
+  }
+  /// No more than is there: a read that has to wait may do so on this thread.
+  void Read(std::uint32_t bytes) {
+    const DWORD length = std::min<DWORD>(bytes, kPiece);
+    if (!::WinHttpReadData(request, call->piece, length, nullptr)) call->Post(kError, ::GetLastError());
   }
 
   HINTERNET session = nullptr;
@@ -176,6 +185,7 @@ void WinHttpRequest::Send() {
   if (host_.empty()) RaiseError(ErrorNumber::InvalidProcedureCall);
   Abort();
   body_.clear();
+  answered_ = false;
   clock_ = ThePlatform().Loop().StartTimer(static_cast<std::int32_t>(limit_.count()),
                                            [this] { Fail(kHttpTimeout, u"The server did not answer in time"); });
   ++turn_;
@@ -196,7 +206,8 @@ void WinHttpRequest::Start() {
   c.request = ::WinHttpOpenRequest(c.connect, Wide(verb_), Wide(path_), nullptr, nullptr, nullptr,
                                    secure_ ? WINHTTP_FLAG_SECURE : 0);
   if (c.request == nullptr) return fail();
-  const auto limit = static_cast<int>(limit_.count());
+  // Its own limits come behind ours, which is for the whole of it.
+  const auto limit = static_cast<int>(limit_.count()) + kLetGoMilliseconds;
   ::WinHttpSetTimeouts(c.request, limit, limit, limit, limit);
   c.call = new Call{receiver_->Handle(), turn_, {}};
   ++openCalls;
@@ -218,7 +229,12 @@ void WinHttpRequest::OnProgress(std::uint32_t kind, std::uint32_t value) {
       if (!::WinHttpReceiveResponse(connection_->request, nullptr)) FailWith(::GetLastError());
       return;
     case kHeaders:
-      connection_->Read();
+      answered_ = true;
+      connection_->AskForMore();
+      return;
+    case kThere:
+      if (value == 0) return Finish();
+      connection_->Read(value);
       return;
     case kRead:
       Collect(value);
@@ -230,29 +246,28 @@ void WinHttpRequest::OnProgress(std::uint32_t kind, std::uint32_t value) {
 }
 
 void WinHttpRequest::Collect(std::uint32_t bytes) {
-  if (bytes == 0) return Finish();
   body_.append(connection_->call->piece, bytes);
   if (body_.size() > kHttpBodyLimit) return Fail(kHttpBodyTooLarge, u"The page is too large");
-  connection_->Read();
+  connection_->AskForMore();
 }
 
+/// The end of a connection looks like the end of a body.
 void WinHttpRequest::Finish() {
+  const std::u16string length = connection_->Header(WINHTTP_QUERY_CONTENT_LENGTH);
+  if (!length.empty() && length != ToText(static_cast<std::int64_t>(body_.size()))) {
+    return FailWith(ERROR_WINHTTP_CONNECTION_ERROR);
+  }
   text_ = DecodeBody(body_, connection_->Header(WINHTTP_QUERY_CONTENT_TYPE));
   Abort();
   OnResponseFinished.Raise();
 }
 
 void WinHttpRequest::FailWith(std::uint32_t windowsNumber) {
-  switch (windowsNumber) {
-    case ERROR_WINHTTP_TIMEOUT:
-      return Fail(kHttpTimeout, u"The server did not answer in time");
-    case ERROR_WINHTTP_CONNECTION_ERROR:
-    case ERROR_WINHTTP_INVALID_SERVER_RESPONSE:
-      return Fail(kHttpConnectionLost, u"The server broke the connection off");
-    default:
-      return Fail(kHttpCannotConnect,
-                  u"The server cannot be reached (" + ToText(static_cast<std::int64_t>(windowsNumber)) + u")");
-  }
+  const bool lost = answered_ || windowsNumber == ERROR_WINHTTP_CONNECTION_ERROR ||
+                    windowsNumber == ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
+  if (windowsNumber == ERROR_WINHTTP_TIMEOUT) return Fail(kHttpTimeout, u"The server did not answer in time");
+  if (lost) return Fail(kHttpConnectionLost, u"The server broke the connection off");
+  Fail(kHttpCannotConnect, u"The server cannot be reached (" + ToText(static_cast<std::int64_t>(windowsNumber)) + u")");
 }
 
 void WinHttpRequest::Fail(std::int32_t number, const std::u16string& description) {

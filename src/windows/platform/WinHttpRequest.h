@@ -41,6 +41,7 @@ class WinHttpRequest final : public HttpRequest {
   std::u16string path_;
   std::uint16_t port_ = 0;
   bool secure_ = false;
+  bool answered_ = false;  ///< headers of the response have come
   std::string body_;
   std::u16string text_;
   std::unique_ptr<Receiver> receiver_;

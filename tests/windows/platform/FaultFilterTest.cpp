@@ -66,16 +66,20 @@ TEST_F(FaultFilterTest, AtTheEndTheFilterBeforeIsInForceAgain) {
   EXPECT_EQ(InForce(), &Theirs);
 }
 
+LPTOP_LEVEL_EXCEPTION_FILTER below = nullptr;
+
+LONG WINAPI Above(EXCEPTION_POINTERS* pointers) {
+  return below(pointers) + 1;
+}
+
 /// Somebody else's filter above ours stays, and what it still calls of ours hands on.
 TEST_F(FaultFilterTest, AFilterAboveOursStaysInForce) {
-  static LPTOP_LEVEL_EXCEPTION_FILTER below = nullptr;
-  const LPTOP_LEVEL_EXCEPTION_FILTER above = [](EXCEPTION_POINTERS* pointers) -> LONG { return below(pointers) + 1; };
   {
     Win32FaultFilter faults;
     faults.SetUnhandledExceptionFilter(&GoOn);
-    below = ::SetUnhandledExceptionFilter(above);
+    below = ::SetUnhandledExceptionFilter(&Above);
   }
-  EXPECT_EQ(InForce(), above);
+  EXPECT_EQ(InForce(), &Above);
   EXPECT_EQ(Answer(), std::make_pair(78L, DWORD{1000}));
 }
 

@@ -12,7 +12,7 @@ bool Readable(SOCKET socket) {
   fd_set set;
   FD_ZERO(&set);
   FD_SET(socket, &set);
-  const timeval moment{0, 20000};
+  timeval moment{0, 20000};
   return ::select(0, &set, nullptr, nullptr, &moment) > 0;
 }
 
