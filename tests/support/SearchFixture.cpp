@@ -4,6 +4,7 @@
 #include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Seen.h"
 
 namespace quorvane::test {
 
@@ -70,7 +71,7 @@ void SearchWorld::Open(const Group& group) {
   host = group.Build(platform.AnsiCodePage());
   windows_ = std::make_unique<workbench::WindowTable>(*host);
   platform.windows = windows_.get();
-  Globals::gobjVBE = std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), host.get());
+  Globals::gobjVBE = Seen(*host);
 }
 
 void SearchWorld::OpenModule(std::u16string_view code) {

@@ -8,6 +8,7 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Seen.h"
 #include "workbench/model/Module.h"
 #include "workbench/text/CaseFold.h"
 
@@ -19,11 +20,12 @@ using vbide::Selection;
 constexpr std::int32_t kFar = 30000;
 
 /// All matches from the start of `range` on, each search beginning where the last match ended.
-std::vector<Selection> FindAll(const Module& module, std::u16string_view target, const MatchOptions& options,
+std::vector<Selection> FindAll(Module& searched, std::u16string_view target, const MatchOptions& options,
                                const Selection& range) {
+  const auto module = test::Seen(searched);
   std::vector<Selection> found;
   Selection next = range;
-  while (module.Find(target, next, options.wholeWord, options.matchCase, options.patternSearch)) {
+  while (module->Find(target, next, options.wholeWord, options.matchCase, options.patternSearch)) {
     found.push_back(next);
     next = {next.EndLine, next.EndColumn, range.EndLine, range.EndColumn};
     if (found.size() > 5000) break;
@@ -51,7 +53,7 @@ const std::string kLines =
 TEST_P(FindTest, GivesTheMatchesOfTheModule) {
   const TwoBytePage page;
   TurnClock clock;
-  const Module module(std::make_shared<SourceFile>(kLines), page, clock);
+  Module module(std::make_shared<SourceFile>(kLines), page, clock);
   const std::string& options = GetParam().options;
   const auto has = [&options](char c) { return options.find(c) != options.npos; };
   std::string text;
@@ -88,24 +90,26 @@ INSTANTIATE_TEST_SUITE_P(Pattern, FindTest,
 TEST(Find, RefusesAnInvalidPattern) {
   const LatinPage page;
   TurnClock clock;
-  const Module module(std::make_shared<SourceFile>("x"), page, clock);
+  Module whole(std::make_shared<SourceFile>("x"), page, clock);
+  const auto module = test::Seen(whole);
   for (const std::u16string pattern : {u"a[", u"[a", u"a[!", u"x[b-a]", u"[!9-0]"}) {
     Selection range{1, 1, 1, 2};
     try {
-      module.Find(pattern, range, false, false, true);
+      module->Find(pattern, range, false, false, true);
       FAIL() << ToUtf8(pattern);
     } catch (const Error& error) {
       EXPECT_EQ(error.Number, 93);
       EXPECT_EQ(error.Description, u"Invalid pattern string: " + pattern);
     }
-    EXPECT_FALSE(module.Find(pattern, range, false, false, false));
+    EXPECT_FALSE(module->Find(pattern, range, false, false, false));
   }
 }
 
 TEST(Find, StaysInItsRange) {
   const TwoBytePage page;
   TurnClock clock;
-  const Module module(std::make_shared<SourceFile>("xx\x95\x41xx\r\nxx\r\n"), page, clock);
+  Module whole(std::make_shared<SourceFile>("xx\x95\x41xx\r\nxx\r\n"), page, clock);
+  const auto module = test::Seen(whole);
   struct Row {
     Selection range;
     std::u16string target;
@@ -129,7 +133,7 @@ TEST(Find, StaysInItsRange) {
   };
   for (std::size_t i = 0; i < rows.size(); ++i) {
     Selection range = rows[i].range;
-    const bool found = module.Find(rows[i].target, range, false, false, false);
+    const bool found = module->Find(rows[i].target, range, false, false, false);
     EXPECT_EQ(found, rows[i].expected.has_value()) << i;
     EXPECT_EQ(range, rows[i].expected.value_or(rows[i].range)) << i;
   }

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "native/codepages/CodePages.h"
+#include "support/Seen.h"
 #include "workbench/model/CommandButton.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/HostAddins.h"
@@ -32,25 +33,26 @@ std::int32_t NumberOf(const Call& call) {
 
 class HostObjectsTest : public testing::Test {
  protected:
-  std::shared_ptr<vbide::CodePane> PaneOf(const Workbench& host, std::size_t project, std::size_t component) {
-    return host.Projects()[project]->Components()[component]->CodeModule()->CodePane();
+  static std::shared_ptr<vbide::CodePane> PaneOf(const vbide::VBE& host, std::size_t project, std::size_t component) {
+    return host.VBProjects()[project]->VBComponents()->Items()[component]->CodeModule()->CodePane();
   }
 
   std::unique_ptr<CodePage> page = native::NewCodePage("932");
 };
 
 TEST_F(HostObjectsTest, ABuiltGroupReadsLikeAnOpenedOne) {
-  const auto host = Group{}
-                        .Project(u"P")
-                        .Module(u"M", u"one\r\ntwo")
-                        .Class(u"C", u"")
-                        .Form(u"F", u"\r\n")
-                        .Component(u"T", ComponentType::VBMDIForm, u"x")
-                        .Resource(u"R.res")
-                        .Project(u"Q")
-                        .Active()
-                        .File(u"Raw", ComponentType::StdModule, "a\nAttribute a.VB_Description = \"d\"\nb\n")
-                        .Build(*page);
+  const auto built = Group{}
+                         .Project(u"P")
+                         .Module(u"M", u"one\r\ntwo")
+                         .Class(u"C", u"")
+                         .Form(u"F", u"\r\n")
+                         .Component(u"T", ComponentType::VBMDIForm, u"x")
+                         .Resource(u"R.res")
+                         .Project(u"Q")
+                         .Active()
+                         .File(u"Raw", ComponentType::StdModule, "a\nAttribute a.VB_Description = \"d\"\nb\n")
+                         .Build(*page);
+  const auto host = test::Seen(*built);
   std::u16string seen;
   for (const auto& project : host->VBProjects()) {
     for (const auto& component : project->VBComponents()->Items()) {
@@ -71,7 +73,8 @@ TEST_F(HostObjectsTest, ABuiltGroupReadsLikeAnOpenedOne) {
 }
 
 TEST_F(HostObjectsTest, SelectionIsClippedToTheText) {
-  const auto host = Group{}.Module(u"M", u"ab\r\n\u8868c\r\n").Module(u"Empty", u"").Build(*page);
+  const auto built = Group{}.Module(u"M", u"ab\r\n\u8868c\r\n").Module(u"Empty", u"").Build(*page);
+  const auto host = test::Seen(*built);
   const auto pane = PaneOf(*host, 0, 0);
   const auto module = pane->CodeModule();
   const struct {
@@ -94,12 +97,13 @@ TEST_F(HostObjectsTest, SelectionIsClippedToTheText) {
 }
 
 TEST_F(HostObjectsTest, TheFrontmostVisiblePaneIsActive) {
-  const auto host =
+  const auto built =
       Group{}.Project(u"P").Module(u"A", u"").Module(u"B", u"").Project(u"Q").Module(u"C", u"").Build(*page);
+  const auto host = test::Seen(*built);
   const auto a = PaneOf(*host, 0, 0);
   const auto c = PaneOf(*host, 1, 0);
   int raised = 0;
-  const Subscription counting = host->ActivePaneChanged.Subscribe([&] { ++raised; });
+  const Subscription counting = built->ActivePaneChanged.Subscribe([&] { ++raised; });
   a->Show();
   a->Show();
   EXPECT_EQ(raised, 1);
@@ -113,10 +117,10 @@ TEST_F(HostObjectsTest, TheFrontmostVisiblePaneIsActive) {
   EXPECT_EQ(host->ActiveVBProject()->Name(), u"P");
   a->Window()->SetVisible(false);
   EXPECT_EQ(host->ActiveCodePane(), nullptr);
-  host->SetActivePane(c);
+  c->Show();
   EXPECT_TRUE(c->Window()->Visible());
   EXPECT_EQ(raised, 5);
-  EXPECT_EQ(NumberOf([&] { host->SetActivePane(nullptr); }), 91);
+  EXPECT_EQ(NumberOf([&] { built->SetActivePane(nullptr); }), 91);
 }
 
 TEST_F(HostObjectsTest, WhatIsHeldOutlivesItsProjectAndTheWorkbench) {

@@ -8,6 +8,7 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Seen.h"
 #include "workbench/model/Module.h"
 
 namespace quorvane::workbench {
@@ -58,29 +59,30 @@ TEST_F(ModuleTextTest, InsertsTheLinesOfAText) {
 }
 
 TEST_F(ModuleTextTest, RefusesLinesThatDoNotExist) {
-  Module module = Make("A\r\nB\r\nC");
-  const std::uint64_t revision = module.Revision();
-  EXPECT_EQ(ErrorOf([&] { module.InsertLines(0, u"x"); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module.DeleteLines(0, 1); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module.DeleteLines(3, 2); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module.DeleteLines(2, 0x7FFFFFFF); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module.DeleteLines(2, -1); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module.DeleteLines(2, 0); }), 0);
-  EXPECT_EQ(module.Revision(), revision);
-  EXPECT_FALSE(module.CanUndo());
+  Module whole = Make("A\r\nB\r\nC");
+  const auto module = test::Seen(whole);
+  const std::uint64_t revision = whole.Revision();
+  EXPECT_EQ(ErrorOf([&] { module->InsertLines(0, u"x"); }), 9);
+  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(0, 1); }), 9);
+  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(3, 2); }), 9);
+  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, 0x7FFFFFFF); }), 9);
+  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, -1); }), 9);
+  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, 0); }), 0);
+  EXPECT_EQ(whole.Revision(), revision);
+  EXPECT_FALSE(whole.CanUndo());
 
-  EXPECT_EQ(module.Lines(-1, 3), u"A");
-  EXPECT_EQ(module.Lines(2, 0x7FFFFFFF), u"B\r\nC");
-  EXPECT_EQ(module.Lines(2, 0), u"");
-  EXPECT_EQ(module.Lines(2, -3), u"");
-  EXPECT_EQ(module.Lines(4, 1), u"");
+  EXPECT_EQ(module->Lines(-1, 3), u"A");
+  EXPECT_EQ(module->Lines(2, 0x7FFFFFFF), u"B\r\nC");
+  EXPECT_EQ(module->Lines(2, 0), u"");
+  EXPECT_EQ(module->Lines(2, -3), u"");
+  EXPECT_EQ(module->Lines(4, 1), u"");
 }
 
 /// A module and a plain list of lines, edited alike; what undo gives is looked up among the states of before.
 class Twin {
  public:
   Twin(Module& module, TurnClock& clock, Rows rows, unsigned seed)
-      : module_(module), clock_(clock), rows_(std::move(rows)), random_(seed) {}
+      : module_(module), seen_(test::Seen(module)), clock_(clock), rows_(std::move(rows)), random_(seed) {}
 
   void Act() {
     const auto what = random_() % 10;
@@ -101,11 +103,11 @@ class Twin {
   }
 
   void Compare() {
-    ASSERT_EQ(module_.CountOfLines(), static_cast<std::int32_t>(rows_.size()));
+    ASSERT_EQ(seen_->CountOfLines(), static_cast<std::int32_t>(rows_.size()));
     ASSERT_EQ(module_.Text(), Join(rows_));
     const std::size_t first = random_() % (rows_.size() + 2);
     const std::size_t count = random_() % 5;
-    ASSERT_EQ(module_.Lines(static_cast<std::int32_t>(first) + 1, static_cast<std::int32_t>(count)),
+    ASSERT_EQ(seen_->Lines(static_cast<std::int32_t>(first) + 1, static_cast<std::int32_t>(count)),
               Join(rows_, first, count));
     ASSERT_EQ(module_.CanUndo(), !undo_.empty());
     ASSERT_EQ(module_.CanRedo(), !redo_.empty());
@@ -130,19 +132,20 @@ class Twin {
     const std::size_t at = random_() % (rows_.size() + 2);
     Rows fresh;
     for (auto n = 1 + random_() % 3; n > 0; --n) fresh.push_back(u"new " + ToText(++serial_));
-    module_.InsertLines(static_cast<std::int32_t>(at) + 1, Join(fresh));
+    seen_->InsertLines(static_cast<std::int32_t>(at) + 1, Join(fresh));
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(std::min(at, rows_.size())), fresh.begin(), fresh.end());
   }
   void Delete() {
     Note();
     const std::size_t at = random_() % rows_.size();
     const std::size_t count = 1 + random_() % std::min<std::size_t>(rows_.size() - at, 4);
-    module_.DeleteLines(static_cast<std::int32_t>(at) + 1, static_cast<std::int32_t>(count));
+    seen_->DeleteLines(static_cast<std::int32_t>(at) + 1, static_cast<std::int32_t>(count));
     const auto first = rows_.begin() + static_cast<std::ptrdiff_t>(at);
     rows_.erase(first, first + static_cast<std::ptrdiff_t>(count));
   }
 
   Module& module_;
+  std::shared_ptr<vbide::CodeModule> seen_;
   TurnClock& clock_;
   Rows rows_;
   std::vector<Rows> undo_;

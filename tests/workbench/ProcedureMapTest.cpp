@@ -8,6 +8,7 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Seen.h"
 #include "workbench/model/Module.h"
 
 namespace quorvane::workbench {
@@ -31,24 +32,25 @@ std::string Describe(const Module& module) {
 }
 
 /// Each line is in the declarations or in the procedure that covers it.
-void ExpectCovered(const Module& module) {
-  std::int32_t next = module.CountOfDeclarationLines() + 1;
-  for (const Procedure& p : module.Procedures()) {
+void ExpectCovered(Module& whole) {
+  const auto module = test::Seen(whole);
+  std::int32_t next = module->CountOfDeclarationLines() + 1;
+  for (const Procedure& p : whole.Procedures()) {
     EXPECT_EQ(p.startLine, next);
     EXPECT_GE(p.countOfLines, 0);
     next = p.startLine + p.countOfLines;
     for (std::int32_t line = p.startLine; line < next; ++line) {
       ProcKind kind = ProcKind::Proc;
-      EXPECT_EQ(module.ProcOfLine(line, kind), p.name);
+      EXPECT_EQ(module->ProcOfLine(line, kind), p.name);
       EXPECT_EQ(kind, p.kind);
-      EXPECT_EQ(module.ProcStartLine(p.name, kind), p.startLine);
-      EXPECT_EQ(module.ProcCountLines(p.name, kind), p.countOfLines);
+      EXPECT_EQ(module->ProcStartLine(p.name, kind), p.startLine);
+      EXPECT_EQ(module->ProcCountLines(p.name, kind), p.countOfLines);
     }
   }
-  EXPECT_EQ(next, module.CountOfLines() + 1);
-  for (const std::int32_t line : {-1, 0, module.CountOfDeclarationLines(), module.CountOfLines() + 1}) {
+  EXPECT_EQ(next, module->CountOfLines() + 1);
+  for (const std::int32_t line : {-1, 0, module->CountOfDeclarationLines(), module->CountOfLines() + 1}) {
     ProcKind kind = ProcKind::Get;
-    EXPECT_EQ(module.ProcOfLine(line, kind), u"") << line;
+    EXPECT_EQ(module->ProcOfLine(line, kind), u"") << line;
     EXPECT_EQ(kind, ProcKind::Proc);
   }
 }
