@@ -56,14 +56,15 @@ std::u16string BridgedModule::Lines(std::int32_t start, std::int32_t count) cons
   try {
     return ReadLines(start, count);
   } catch (const Error& e) {
-    const std::int64_t first = std::max(start, 1);
-    const std::int64_t end = std::min<std::int64_t>(std::int64_t{start} + count - 1, CountOfLines());
-    if (first == start && end == std::int64_t{start} + count - 1) throw;  // these lines exist
     if (e.Number != static_cast<std::int32_t>(ErrorNumber::SubscriptOutOfRange) &&
         e.Number != static_cast<std::int32_t>(ErrorNumber::InvalidProcedureCall)) {
       throw;
     }
+    const std::int64_t last = std::int64_t{start} + count - 1;
+    const std::int64_t first = std::max(start, 1);
+    const std::int64_t end = std::min<std::int64_t>(last, CountOfLines());
     if (end < first) return {};
+    if (first == start && end == last) throw;  // these lines exist
     return ReadLines(static_cast<std::int32_t>(first), static_cast<std::int32_t>(end - first + 1));
   }
 }

@@ -18,7 +18,9 @@ void Nothing(AddInObject&, DispatchCall&) {}
 std::u16string NameOf(REFIID iid) {
   wchar_t text[40] = {};
   if (StringFromGUID2(iid, text, 40) == 0) return {};
-  return ReadText(HKEY_CLASSES_ROOT, u"Interface\\" + FromWide(text), u"");
+  const std::u16string key = u"Interface\\" + FromWide(text);
+  const std::u16string own = ReadText(HKEY_CURRENT_USER, u"Software\\Classes\\" + key, u"");
+  return own.empty() ? ReadText(HKEY_CLASSES_ROOT, key, u"") : own;
 }
 
 }  // namespace

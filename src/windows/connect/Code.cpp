@@ -23,6 +23,7 @@
 #include "windows/platform/Fonts.h"
 #include "windows/platform/Window.h"
 #include "windows/views/RegisterFormViews.h"
+#include "windows/views/ResultView.h"
 
 namespace quorvane::windows {
 
@@ -60,6 +61,7 @@ Code::Code() {
   PageManager::SetPageFactory([] { return std::make_shared<Page>(); });
   RegisterDialogs();
   RegisterFormViews(platform_.Views());
+  ResultView::Register(platform_.Views());
   RouteKeys();
   removed_ = platform_.Input().Removed.Subscribe([this](const MSG& message) { epoch_.Follow(message.message); });
 }

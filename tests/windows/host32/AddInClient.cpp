@@ -8,7 +8,7 @@
 #include "windows/com/IDTExtensibility2.h"
 #include "windows/com/LateBound.h"
 #include "windows/com/RegistryKey.h"
-#include "windows/com/WideText.h"
+#include "windows/host32/Classes.h"
 
 namespace quorvane::container {
 
@@ -54,9 +54,7 @@ AddInClient::~AddInClient() {
 
 void AddInClient::Connect(const std::u16string& progId, const ComPtr<IDispatch>& application, long mode,
                           const ComPtr<IDispatch>& addIn) {
-  CLSID classId{};
-  com::Check(CLSIDFromProgID(com::Wide(progId), &classId));
-  com::Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object_.PutVoid()));
+  object_ = MakeByProgId(progId);
   try {
     Tell(u"OnConnection", application, mode, addIn);
   } catch (...) {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Error.h"
-#include "windows/com/ErrorTranslation.h"
+#include "windows/host32/Classes.h"
 #include "workbench/model/CommandButton.h"
 #include "workbench/model/HostCommandBars.h"
 #include "workbench/model/HostWindow.h"
@@ -96,9 +96,7 @@ void MainFrame::EnableEntries(bool enabled) {
 
 std::shared_ptr<vbide::Window> MainFrame::MakeToolWindow(const std::u16string& progId, const std::u16string& caption,
                                                          com::ComPtr<IUnknown>& document) {
-  CLSID classId{};
-  com::Check(CLSIDFromProgID(com::Wide(progId), &classId));
-  com::Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, document.PutVoid()));
+  document = MakeByProgId(progId);
   auto model = std::make_shared<workbench::HostWindow>(workbench_->TheDesk()->NewHandle(), caption, false);
   tools_.push_back(std::make_unique<ToolFrame>(handle_, model, document));
   followed_.push_back(tools_.back()->LayoutChanged.Subscribe([this] { Layout(); }));
