@@ -170,6 +170,7 @@ void ResultTabBar::FollowTab(std::size_t index) {
   item.mask = TCIF_TEXT;
   item.pszText = const_cast<wchar_t*>(Wide(shown.text));
   ::SendMessageW(Handle(), TCM_SETITEMW, index, reinterpret_cast<LPARAM>(&item));
+  ::InvalidateRect(Handle(), nullptr, TRUE);  // a narrower tab leaves its old edge beside the last one
 }
 
 // --- what the user does ---

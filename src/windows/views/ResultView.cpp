@@ -149,6 +149,8 @@ std::u16string ResultView::NameOfList(const Control& list) const {
 std::unique_ptr<Window> ResultView::MakeList(Shown& shown, HWND container) {
   const auto model = std::static_pointer_cast<OwnerDrawList>(shown.control);
   auto list = std::make_unique<ResultListView>(model, container, memory_->PlaceOf(model));
+  ::SetWindowPos(list->Handle(), HWND_TOP, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);  // over the status line
   list->Name = [this, model] { return NameOfList(*model); };
   shown.subscriptions.push_back(list->TabPressed.Subscribe([this] { MoveFocusOn(); }));
   return list;
