@@ -1,3 +1,6 @@
+#include <set>
+#include <string>
+
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/search/ResultCollection.h"
@@ -9,6 +12,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Interrupt.h"
 #include "cli/Output.h"
+#include "cli/Places.h"
 #include "cli/Reporter.h"
 #include "cli/ResultPage.h"
 #include "cli/Session.h"
@@ -67,6 +71,16 @@ int Find(const Options& options) {
   ResultPage& page = KeepUntilExit<ResultPage>();
   std::u16string module;
   const auto scanning = page.mobjTask.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
+  std::set<std::string> cutShort;
+  const auto failing =
+      page.mobjTask.OnModuleError.Subscribe([&cutShort](const PositionInfo& where, const Error& error, bool& goOn) {
+        if (error.Number != static_cast<std::int32_t>(ErrorNumber::Overflow)) return;
+        const FilePlace place = PlaceOf(where);
+        if (cutShort.insert(place.path).second)
+          TellWarning(place.path + ":" + std::to_string(place.line) +
+                      ": the line has more than 32767 columns; the rest of the file is not searched");
+        goOn = true;
+      });
   const auto reporter = NewReporter(options, page, output);
   CatchInterrupt();
   const bool canceled = [&] {
@@ -81,7 +95,7 @@ int Find(const Options& options) {
   reporter->Finish();
   output.Finish();
   if (canceled && Interrupted()) return kStatusCanceled;
-  return page.Result()->Count() > 0 ? kStatusFound : kStatusNothing;
+  return page.CountOfTold() > 0 ? kStatusFound : kStatusNothing;
 }
 
 }  // namespace quorvane::cli

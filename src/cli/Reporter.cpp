@@ -14,6 +14,7 @@
 #include "cli/Output.h"
 #include "cli/Places.h"
 #include "cli/ResultPage.h"
+#include "platform/Platform.h"
 #include "platform/XmlDocument.h"
 
 namespace quorvane::cli {
@@ -23,6 +24,29 @@ namespace {
 constexpr std::string_view kBold = "\033[1m";
 constexpr std::string_view kPrefixColor = "\033[36m";
 constexpr std::string_view kPlain = "\033[0m";
+
+/// What an element of the result document tells, in its order.
+struct Attribute {
+  std::string_view name;
+  bool isNumber;
+};
+constexpr std::array<Attribute, 17> kAttributes{{{"ID", true},
+                                                 {"Y1", true},
+                                                 {"Y2", true},
+                                                 {"X1", true},
+                                                 {"X2", true},
+                                                 {"ScreenX1", true},
+                                                 {"ScreenX2", true},
+                                                 {"StartPos", true},
+                                                 {"EndPos", true},
+                                                 {"MatchStr", false},
+                                                 {"ComponentName", false},
+                                                 {"ProjectName", false},
+                                                 {"RelativeStartPos", true},
+                                                 {"RelativeEndPos", true},
+                                                 {"ProcName", false},
+                                                 {"ProcType", false},
+                                                 {"Line", false}}};
 
 /// A whole number as an attribute holds it.
 std::int32_t NumberOf(const XmlElement& item, std::string_view name) {
@@ -89,28 +113,6 @@ class JsonReporter final : public Reporter {
   }
 
  private:
-  struct Attribute {
-    std::string_view name;
-    bool isNumber;
-  };
-  static constexpr std::array<Attribute, 17> kAttributes{{{"ID", true},
-                                                          {"Y1", true},
-                                                          {"Y2", true},
-                                                          {"X1", true},
-                                                          {"X2", true},
-                                                          {"ScreenX1", true},
-                                                          {"ScreenX2", true},
-                                                          {"StartPos", true},
-                                                          {"EndPos", true},
-                                                          {"MatchStr", false},
-                                                          {"ComponentName", false},
-                                                          {"ProjectName", false},
-                                                          {"RelativeStartPos", true},
-                                                          {"RelativeEndPos", true},
-                                                          {"ProcName", false},
-                                                          {"ProcType", false},
-                                                          {"Line", false}}};
-
   void Tell(const XmlElement& item, const FilePlace& place) {
     json_.BeginObject();
     for (const Attribute& attribute : kAttributes) {
@@ -131,12 +133,27 @@ class XmlReporter final : public Reporter {
   XmlReporter(ResultPage& page, Output& output) : page_(page), output_(output) {}
 
   void Finish() override {
-    std::string xml = page_.mobjFilter.Document().Xml();
+    std::string xml = page_.Untold().empty() ? page_.mobjFilter.Document().Xml() : ToldElements();
     if (!xml.ends_with('\n')) xml += '\n';
     output_.Write(xml);
   }
 
  private:
+  /// The document without the elements of matches that were not told, which are incomplete.
+  std::string ToldElements() const {
+    const auto document = ThePlatform().NewXmlDocument();
+    const auto root = document->CreateElement("SearchResult");
+    document->SetDocumentElement(*root);
+    for (std::int32_t id = 1; id <= page_.Result()->Count(); ++id) {
+      if (page_.Untold().contains(id)) continue;
+      const auto element = document->CreateElement("MatchItem");
+      for (const Attribute& attribute : kAttributes)
+        element->SetAttribute(attribute.name, page_.mobjFilter.Item(id)->GetAttribute(attribute.name));
+      root->AppendChild(*element);
+    }
+    return document->Xml();
+  }
+
   ResultPage& page_;
   Output& output_;
 };
@@ -145,7 +162,7 @@ class CountReporter final : public Reporter {
  public:
   CountReporter(ResultPage& page, Output& output) : page_(page), output_(output) {}
 
-  void Finish() override { output_.Write(std::to_string(page_.Result()->Count()) + '\n'); }
+  void Finish() override { output_.Write(std::to_string(page_.CountOfTold()) + '\n'); }
 
  private:
   ResultPage& page_;

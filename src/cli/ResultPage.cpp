@@ -38,10 +38,18 @@ void ResultPage::AddListItem(const std::u16string& line, std::int32_t id) {
   if (OnLine && !TrimBlanks(line).empty()) OnLine(line, id);
 }
 
-void ResultPage::CheckElement(const PositionInfo& pi) const {
-  pi.ScreenX1();
-  pi.ScreenX2();
-  mobjFilter.Item(pi.mlngID);
+void ResultPage::CheckElement(const PositionInfo& pi) {
+  try {
+    pi.ScreenX1();
+    pi.ScreenX2();
+  } catch (const Error&) {
+    untold_.insert(pi.mlngID);
+    throw;
+  }
+}
+
+std::int32_t ResultPage::CountOfTold() const {
+  return result_->Count() - static_cast<std::int32_t>(untold_.size());
 }
 
 void ResultPage::CheckLines() {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "addin/results/FilterManager.h"
@@ -33,6 +34,10 @@ class ResultPage final : public IPage {
   /// Raises the stylesheet's own error when it failed for a match.
   void CheckLines();
 
+  /// The matches that could not be told, by ID: their elements are incomplete.
+  const std::set<std::int32_t>& Untold() const { return untold_; }
+  std::int32_t CountOfTold() const;
+
  private:
   std::shared_ptr<ResultCollection> result_;
   std::shared_ptr<ConditionSnap> condSnap_;
@@ -42,10 +47,10 @@ class ResultPage final : public IPage {
   FilterManager mobjFilter;
 
  private:
-  /// Raises the error that kept a match out of the result document, such as that of a line too long for a screen
-  /// column; all elements behind it would stand at wrong numbers.
-  void CheckElement(const PositionInfo& pi) const;
+  /// Raises the error that left a match's element incomplete, such as that of a line too long for a screen column.
+  void CheckElement(const PositionInfo& pi);
 
+  std::set<std::int32_t> untold_;
   std::int32_t lastLine_ = 0;     ///< the match that the last line came for, shown or not
   std::int32_t firstFailed_ = 0;  ///< the first match without a line; 0: none
   Subscription filterAdd_;

@@ -70,6 +70,15 @@ TEST_F(FilterManagerTest, ANewDocumentIsAnEmptyElement) {
   EXPECT_THROW(page->filter.Save(FromUtf8(folder / "no/such/folder.xml")), Error);
 }
 
+TEST_F(FilterManagerTest, AMatchWithoutAScreenColumnKeepsItsPlace) {
+  OpenModule(CrLf(u"x\n" + std::u16string(33000, u'a') + u"x\nx"));
+  Condition(gsAllProjects, gsRegular, u"x");
+  EXPECT_EQ(Search(), "");
+  EXPECT_EQ(Ids(), "1 2 3 ");
+  EXPECT_EQ(page->filter.Item(3)->GetAttribute("Y1"), u"3");
+  EXPECT_EQ(page->list.size(), 2u);
+}
+
 TEST(FilterManagerWide, AllAttributesInTheirOrder) {
   SearchWorld world("932");
   world.Open(Group{}.Project(u"Lager").Class(

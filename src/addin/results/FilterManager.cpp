@@ -116,7 +116,13 @@ void FilterManager::Refresh(IPage& p) {
 void FilterManager::mcolResult_OnAdd(const PositionInfo& pi) {
   try {
     const auto item = mobjDoc->CreateElement("MatchItem");
-    WriteAttributes(*item, pi);
+    try {
+      WriteAttributes(*item, pi);
+    } catch (...) {
+      // Without this element those of later matches would stand at wrong numbers. It ends with its last attribute.
+      Deref(mobjDoc->DocumentElement()).AppendChild(*item);
+      throw;
+    }
     Deref(mobjDoc->DocumentElement()).AppendChild(*item);
     const std::u16string line = item->TransformNode(StyleSheet());
     OnAdd.Raise(line, pi.mlngID);

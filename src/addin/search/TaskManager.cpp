@@ -119,6 +119,20 @@ bool TaskManager::SurelyLacksMatches(const vbide::CodeModule& code) {
 
 void TaskManager::ScanModule(PositionInfo& pos) {
   OnScanModule.Raise(Deref(pos.component()).Name());
+  line_ = pos.mlngY1;
+  try {
+    ScanRegion(pos);
+  } catch (const Error& error) {
+    bool goOn = false;
+    PositionInfo where;
+    where.mobjCodeObject = pos.mobjCodeObject;
+    where.mlngY1 = where.mlngY2 = line_;
+    if (error.Number != kErrUserCanceled) OnModuleError.Raise(where, error, goOn);
+    if (!goOn) throw;
+  }
+}
+
+void TaskManager::ScanRegion(PositionInfo& pos) {
   const bool replace = (mlngTaskType & kReplaceBit) != 0;
   const bool find = (mlngTaskType & kFindBit) != 0;
   if (mobjCond->Mode() == gsRegular) {
@@ -135,7 +149,19 @@ void TaskManager::ScanModule(PositionInfo& pos) {
 }
 
 void TaskManager::ScanFind(PositionInfo& pos) {
-  const std::int32_t limit = pos.ScreenX2();
+  std::int32_t limit = 1;
+  try {
+    limit = pos.ScreenX2();
+  } catch (const Error&) {
+    ScanFindTo(pos, limit);  // what stands above the line without a last column
+    line_ = pos.mlngY2;
+    throw;
+  }
+  ScanFindTo(pos, limit);
+}
+
+/// Up to screen column `limit` of the region's last line.
+void TaskManager::ScanFindTo(PositionInfo& pos, std::int32_t limit) {
   vbide::Selection range{pos.mlngY1, pos.ScreenX1(), pos.mlngY2, limit};
   for (;;) {
     const bool found = Deref(pos.mobjCodeObject)
@@ -145,7 +171,7 @@ void TaskManager::ScanFind(PositionInfo& pos) {
     if (range.EndLine > pos.mlngY2 || (range.EndLine == pos.mlngY2 && range.EndColumn > limit)) return;
     const auto match = std::make_shared<PositionInfo>();
     match->mobjCodeObject = pos.mobjCodeObject;
-    match->mlngY1 = range.StartLine;
+    match->mlngY1 = line_ = range.StartLine;
     match->mlngY2 = range.EndLine;
     match->SetScreenX1(range.StartColumn);
     match->SetScreenX2(range.EndColumn);

@@ -11,6 +11,7 @@
 namespace quorvane {
 
 class ConditionSnap;
+class Error;
 class GlobalSetting;
 class IPage;
 class PositionInfo;
@@ -53,6 +54,9 @@ class TaskManager {
   Event<std::int32_t> TaskDone;               ///< TaskType
   Event<bool&> Query;                         ///< Cancel; behind each match
   Event<const std::u16string&> OnScanModule;  ///< name of the component, before each module
+  /// An error in a module, with the place where it happened; one who sets `goOn` takes it over, and the next module
+  /// follows. Not raised for a cancel.
+  Event<const PositionInfo&, const Error&, bool&> OnModuleError;
 
  private:
   void ScanArea();
@@ -60,7 +64,9 @@ class TaskManager {
   void ScanComponents(PositionInfo& pos, const Components& components);
   void ScanModule(PositionInfo& pos);
   bool SurelyLacksMatches(const vbide::CodeModule& code);
+  void ScanRegion(PositionInfo& pos);
   void ScanFind(PositionInfo& pos);
+  void ScanFindTo(PositionInfo& pos, std::int32_t limit);
   void CheckCancel();
 
   // Regular expressions and comment filter
@@ -75,6 +81,7 @@ class TaskManager {
   RegExp& Prepared(std::unique_ptr<RegExp>& regExp, bool multiline);
 
   std::int32_t mlngTaskType = 0;
+  std::int32_t line_ = 1;  ///< that the scan has come to
   bool mblnRunning = false;
   std::shared_ptr<ConditionSnap> mobjCondSnap;
   std::shared_ptr<ResultCollection> mcolResult;

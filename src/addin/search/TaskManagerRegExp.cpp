@@ -22,6 +22,7 @@ void TaskManager::ScanRegExp(PositionInfo& pos) {
     match->mobjCodeObject = pos.mobjCodeObject;
     match->SetStartPos(baseLine, Checked32(std::int64_t{first} + found.FirstIndex), index);
     match->SetEndPos(baseLine, Checked32(std::int64_t{first} + found.FirstIndex + found.Length), index);
+    line_ = match->mlngY1;
     Take(match);
   }
 }

@@ -191,6 +191,10 @@ TEST_F(ModalWindowsTest, KeysAreEditedAndATakenOneIsTold) {
     EXPECT_EQ(Cell(list, 0, 0) + u" " + Cell(list, 0, 1), u"Open Quorvane Ctrl+Q");
     Press(VK_TAB);
     EXPECT_EQ(::GetFocus(), list);
+    ::SetFocus(WindowOf(*options.cmd取消));
+    ::SetFocus(list);
+    Press(VK_RETURN);
+    EXPECT_TRUE(options.Loaded()) << "the focus has left that button";
     Press(VK_END);
     EXPECT_EQ(options.ChordTrapControl1.Selected(), 5);
     EXPECT_FALSE(::IsWindowEnabled(add) || ::IsWindowEnabled(remove));
@@ -210,6 +214,8 @@ TEST_F(ModalWindowsTest, KeysAreEditedAndATakenOneIsTold) {
     Press(VK_SPACE);
     EXPECT_EQ(Cell(list, 4, 1), u"Alt+Shift+F4");
     EXPECT_TRUE(::IsWindowEnabled(remove));
+    options.ChordTrapControl1.Press({VK_F4, chordtrap::kAlt | chordtrap::kShift});
+    EXPECT_EQ(TextOf(warning), u"") << "its own key";
     Click(WindowOf(*options.cmd确定));
   });
   EXPECT_EQ(Keys(), before.substr(0, before.size() - 1) + u"Alt+Shift+F4|");
