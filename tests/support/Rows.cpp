@@ -85,7 +85,8 @@ std::int32_t Row::Number(std::size_t cell) const {
 std::vector<std::string> Row::List(std::size_t cell) const {
   std::vector<std::string> parts;
   if (cell >= cells_.size() || cells_[cell] == "\"\"") return parts;
-  for (const auto& part : Split(FromUtf8(cells_[cell]), u"|")) parts.push_back(Row({}, ToUtf8(part)).Bytes(0));
+  const std::u16string all = FromUtf8(cells_[cell]);
+  for (const auto& part : Split(all, u"|")) parts.push_back(Row({}, ToUtf8(part)).Bytes(0));
   return parts;
 }
 
