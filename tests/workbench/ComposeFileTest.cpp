@@ -18,11 +18,11 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-/// The lines of `text`, each ended by LF.
+/// The lines of `text` between LF; what follows the last LF is one when it is not empty.
 Strings LinesOf(std::string_view text) {
   Strings lines;
   while (!text.empty()) {
-    const std::size_t feed = text.find('\n');
+    const std::size_t feed = std::min(text.find('\n'), text.size());
     lines.emplace_back(text.substr(0, feed));
     text.remove_prefix(std::min(text.size(), feed + 1));
   }
