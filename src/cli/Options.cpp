@@ -76,6 +76,7 @@ CLI::Option* AddChoice(CLI::App& command, const std::string& name, T& target, st
 Parser::Parser() {
   app_.set_version_flag("--version", std::string("quorvane ") + QUORVANE_VERSION);
   app_.require_subcommand(1);
+  app_.allow_windows_style_options(false);  // a slash begins a text or a path there as well
   app_.get_formatter()->column_width(36);
   AddFind();
   AddReplace();

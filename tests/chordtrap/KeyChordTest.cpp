@@ -4,7 +4,7 @@
 
 #include "base/Text.h"
 #include "chordtrap/KeyChord.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane::chordtrap {
 
@@ -50,10 +50,10 @@ TEST(KeyChord, ReadsAndWrites) {
   for (const Row& row : read) EXPECT_EQ(ParseKey(row.text), row.chord) << ToUtf8(row.text);
   for (const char16_t* text : {u"Ctrl", u"Ctrl+", u"+Q", u"Ctrl+Ctrl+Q", u"Q+Ctrl", u"Hyper+Q", u"Ctrl+Foo", u"Ctrl++",
                                u"Key0", u"Key256", u"Key81", u"F25", u"Ctrl-Q"}) {
-    EXPECT_EQ(ErrorOf([&] { ParseKey(text); }), 13) << ToUtf8(text);
+    EXPECT_EQ(Raised([&] { ParseKey(text); }), 13) << ToUtf8(text);
   }
   for (const KeyChord chord : {KeyChord{256, 0}, KeyChord{-1, 0}, KeyChord{81, 8}}) {
-    EXPECT_EQ(ErrorOf([&] { KeyText(chord); }), 5);
+    EXPECT_EQ(Raised([&] { KeyText(chord); }), 5);
   }
 }
 

@@ -9,8 +9,7 @@
 
 namespace quorvane::test {
 
-pid_t Program::Spawn(const std::vector<std::string>& words,
-                     const std::vector<std::pair<std::string, std::string>>& variables, int outFile) {
+pid_t Program::Spawn(const std::vector<std::string>& words, int outFile) {
   std::vector<char*> argv;
   argv.reserve(words.size() + 1);
   for (const std::string& word : words) argv.push_back(const_cast<char*>(word.c_str()));
@@ -25,7 +24,6 @@ pid_t Program::Spawn(const std::vector<std::string>& words,
   if (!ready) _exit(126);
   setenv("LC_ALL", "C", 1);
   setenv("Q", QUORVANE_PROGRAM, 1);
-  for (const auto& [name, value] : variables) setenv(name.c_str(), value.c_str(), 1);
   execvp(argv[0], argv.data());
   _exit(127);
 }
@@ -39,22 +37,10 @@ Outcome Program::Wait(pid_t child) {
   return outcome;
 }
 
-Outcome Program::Call(const std::vector<std::string>& args,
-                      const std::vector<std::pair<std::string, std::string>>& variables) {
-  std::vector<std::string> words{QUORVANE_PROGRAM};
-  words.insert(words.end(), args.begin(), args.end());
-  const int outFile = open((own_ / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-  if (outFile < 0) throw std::runtime_error("cannot write standard output");
-  Outcome outcome = Wait(Spawn(words, variables, outFile));
-  close(outFile);
-  outcome.out = own_.Read("out");
-  return outcome;
-}
-
 Outcome Program::Shell(const std::string& command) {
   const int outFile = open((own_ / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   if (outFile < 0) throw std::runtime_error("cannot write standard output");
-  Outcome outcome = Wait(Spawn({"bash", "-c", command}, {}, outFile));
+  Outcome outcome = Wait(Spawn({"bash", "-c", command}, outFile));
   close(outFile);
   outcome.out = own_.Read("out");
   return outcome;
@@ -63,7 +49,7 @@ Outcome Program::Shell(const std::string& command) {
 pid_t Program::Start(const std::vector<std::string>& args, int outFile) {
   std::vector<std::string> words{QUORVANE_PROGRAM};
   words.insert(words.end(), args.begin(), args.end());
-  return Spawn(words, {}, outFile);
+  return Spawn(words, outFile);
 }
 
 void WriteShop(const TempFolder& folder) {

@@ -3,7 +3,6 @@
 #include <sys/types.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "support/TempFolder.h"
@@ -20,10 +19,7 @@ struct Outcome {
 /// The real program as a child process, in a folder of its own.
 class Program {
  public:
-  /// Runs the program to its end. The locale is "C" unless `variables` says otherwise.
-  Outcome Call(const std::vector<std::string>& args,
-               const std::vector<std::pair<std::string, std::string>>& variables = {});
-  /// Runs a shell command with the program in $Q.
+  /// Runs commands of bash to their end, in the locale "C" and with the program in $Q.
   Outcome Shell(const std::string& command);
 
   /// Starts the program with its standard output on `outFile`, a descriptor that stays the caller's.
@@ -34,8 +30,7 @@ class Program {
   TempFolder folder;  ///< the working directory of all runs
 
  private:
-  pid_t Spawn(const std::vector<std::string>& words, const std::vector<std::pair<std::string, std::string>>& variables,
-              int outFile);
+  pid_t Spawn(const std::vector<std::string>& words, int outFile);
 
   TempFolder own_;  ///< what the runs wrote
 };

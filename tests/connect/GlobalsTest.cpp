@@ -15,7 +15,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "support/ConnectionFixture.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 #include "workbench/model/HostAddins.h"
 #include "workbench/model/HostWindows.h"
@@ -25,8 +25,8 @@
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
 using test::Log;
+using test::Raised;
 
 class Recorded final : public ILib {
  public:
@@ -76,8 +76,8 @@ TEST_F(GlobalsTest, BothWalksGoInTheOrderOfRegisteringAndOneEndsAtAFailure) {
   Globals::Registry().Add("Plain", std::make_shared<int>(1), nullptr);
   Register("B", true);
   Register("C");
-  EXPECT_EQ(ErrorOf([&] { Register("A"); }), 457);
-  EXPECT_EQ(ErrorOf([] { Globals::SetupObjects(); }), 6);
+  EXPECT_EQ(Raised([&] { Register("A"); }), 457);
+  EXPECT_EQ(Raised([] { Globals::SetupObjects(); }), 6);
   Globals::TearDownObjects();
   EXPECT_EQ(log_, (Log{"A Setup", "B Setup", "A TearDown", "B TearDown", "C TearDown"}));
   Globals::ReleaseObjects();
@@ -108,19 +108,19 @@ TEST_F(GlobalsTest, UnloadFormsTriesAsOftenAsThereAreForms) {
 }
 
 TEST_F(GlobalsTest, TheResultDialogNeedsTheHostItsRecordAndADocument) {
-  EXPECT_EQ(ErrorOf([] { Globals::CreateResultDialog(); }), 91);
+  EXPECT_EQ(Raised([] { Globals::CreateResultDialog(); }), 91);
   const std::shared_ptr<workbench::Workbench> host = workbench::Group{}.Build(platform_.AnsiCodePage());
   Globals::gobjVBE = host;
-  EXPECT_EQ(ErrorOf([] { Globals::CreateResultDialog(); }), 91) << "no connection";
+  EXPECT_EQ(Raised([] { Globals::CreateResultDialog(); }), 91) << "no connection";
   Globals::gobjConnect = std::make_shared<Connect>();
-  EXPECT_EQ(ErrorOf([] { Globals::CreateResultDialog(); }), 9) << "no record of the add-in";
+  EXPECT_EQ(Raised([] { Globals::CreateResultDialog(); }), 9) << "no record of the add-in";
   host->TheAddins()->Register(u"QuorvaneForVB6.Connect");
-  EXPECT_EQ(ErrorOf([] { Globals::CreateResultDialog(); }), 429) << "no such document";
+  EXPECT_EQ(Raised([] { Globals::CreateResultDialog(); }), 429) << "no such document";
   const auto makes = [&](std::function<std::shared_ptr<vbide::Document>()> factory) {
     host->TheWindows()->RegisterDocumentFactory(u"QuorvaneForVB6.ResultDialog", std::move(factory));
   };
   makes([] { return std::make_shared<vbide::Document>(); });
-  EXPECT_EQ(ErrorOf([] { Globals::CreateResultDialog(); }), 13) << "no result list";
+  EXPECT_EQ(Raised([] { Globals::CreateResultDialog(); }), 13) << "no result list";
   makes([&] { return std::make_shared<test::RecordedDoc>(log_); });
   const auto doc = Globals::CreateResultDialog();
   ASSERT_NE(doc, nullptr);

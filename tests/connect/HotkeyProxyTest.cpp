@@ -8,7 +8,7 @@
 #include "base/Text.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "chordtrap/Manager.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -32,12 +32,12 @@ TEST_F(HotkeyProxyTest, TheFiveCommands) {
             "ShowSearchDialog=Open Quorvane=Ctrl+Q\nLocatePrevResult=Locate last result=Ctrl+,\n"
             "LocateNextResult=Locate next result=Ctrl+.\nShowResultList=Show result list=\n"
             "RefreshResult=Repeat search=\n");
-  EXPECT_EQ(ErrorOf([&] { proxy.Invoke(u"Nonsense"); }), 438);
+  EXPECT_EQ(Raised([&] { proxy.Invoke(u"Nonsense"); }), 438);
 }
 
 TEST_F(HotkeyProxyTest, WithoutAPageTheThreeRaise) {
   for (const char16_t* command : {u"LocatePrevResult", u"LocateNextResult", u"RefreshResult"}) {
-    EXPECT_EQ(ErrorOf([&] { proxy.Invoke(command); }), 91) << ToUtf8(command);
+    EXPECT_EQ(Raised([&] { proxy.Invoke(command); }), 91) << ToUtf8(command);
   }
 }
 

@@ -7,7 +7,7 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -160,9 +160,9 @@ TEST_F(UpdaterTest, FailedRequests) {
 
 TEST_F(UpdaterTest, AnErrorOfTheSendingReachesTheCaller) {
   platform.web.RefuseSend = 5;
-  EXPECT_EQ(ErrorOf([&] { updater().StartCheck(); }), 5);
+  EXPECT_EQ(Raised([&] { updater().StartCheck(); }), 5);
   updater().menumUpdateInterval = 0;
-  EXPECT_EQ(ErrorOf([&] { updater().ScheduleUpdate(); }), 5);
+  EXPECT_EQ(Raised([&] { updater().ScheduleUpdate(); }), 5);
   EXPECT_EQ(events, "");
 }
 

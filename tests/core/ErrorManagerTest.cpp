@@ -11,6 +11,7 @@
 #include "addin/search/PositionInfo.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -29,12 +30,8 @@ class ErrorManagerTest : public ::testing::Test {
     return platform.prompts.Shown.empty() ? "" : ToUtf8(platform.prompts.Shown.back().text);
   }
 
-  Error Raised(const std::u16string& message, const std::vector<std::u16string>& args) {
-    try {
-      errors.Raise(7, message, args);
-    } catch (const Error& error) {
-      return error;
-    }
+  Error RaisedBy(const std::u16string& message, const std::vector<std::u16string>& args) {
+    return Raised([&] { errors.Raise(7, message, args); });
   }
 
   static std::string Fields(const Error& error) {
@@ -77,26 +74,24 @@ TEST_F(ErrorManagerTest, SpeaksTheLanguageOfTheMoment) {
 }
 
 TEST_F(ErrorManagerTest, RaiseFillsUpward) {
-  EXPECT_EQ(Raised(u"%0 and %1", {u"a", u"b"}).Description, u"a and b");
-  EXPECT_EQ(Raised(u"%0 and %1", {u"a"}).Description, u"a and %1") << "an argument that was not given";
-  EXPECT_EQ(Raised(u"%0", {u"%1", u"b"}).Description, u"b") << "upward: what came in is filled too";
+  EXPECT_EQ(RaisedBy(u"%0 and %1", {u"a", u"b"}).Description, u"a and b");
+  EXPECT_EQ(RaisedBy(u"%0 and %1", {u"a"}).Description, u"a and %1") << "an argument that was not given";
+  EXPECT_EQ(RaisedBy(u"%0", {u"%1", u"b"}).Description, u"b") << "upward: what came in is filled too";
   std::vector<std::u16string> many(11, u"x");
-  EXPECT_EQ(Raised(u"%10", many).Description, u"x0") << "%1 goes first";
-  EXPECT_EQ(Fields(Raised(u"words", {})), "7 words VBQuorvane  0");
+  EXPECT_EQ(RaisedBy(u"%10", many).Description, u"x0") << "%1 goes first";
+  EXPECT_EQ(Fields(RaisedBy(u"words", {})), "7 words VBQuorvane  0");
 }
 
 TEST_F(ErrorManagerTest, RaiseAgainKeepsEveryField) {
   errors.RaiseAgain();  // nothing to raise
-  try {
+  const auto again = Raised([&] {
     try {
       throw Error(9, u"words", u"someone", u"help.hlp", 4);
     } catch (...) {
       errors.RaiseAgain();
     }
-    FAIL() << "nothing was raised";
-  } catch (const Error& error) {
-    EXPECT_EQ(Fields(error), "9 words someone help.hlp 4");
-  }
+  });
+  EXPECT_EQ(Fields(again), "9 words someone help.hlp 4");
 }
 
 TEST_F(ErrorManagerTest, ErrBufferHoldsAgainstALaterError) {
@@ -110,11 +105,7 @@ TEST_F(ErrorManagerTest, ErrBufferHoldsAgainstALaterError) {
   try {
     throw Error(13, u"later");
   } catch (const Error&) {
-    try {
-      buffer.Raise();
-    } catch (const Error& error) {
-      raised = Fields(error);
-    }
+    raised = Fields(Raised([&] { buffer.Raise(); }));
   }
   EXPECT_EQ(raised, "9 first someone help.hlp 4");
 }

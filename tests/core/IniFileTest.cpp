@@ -3,7 +3,7 @@
 #include "addin/core/IniFile.h"
 #include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "support/TestPlatform.h"
 
@@ -63,7 +63,7 @@ TEST_F(IniFileTest, DeletesKeysAndSections) {
   ini.WriteIniKey(u"A", u"x", u"1");  // lost without a word
   EXPECT_EQ(ini.GetIniKey(u"A", u"x", u"d"), u"d");
   platform.iniFiles = nullptr;
-  EXPECT_EQ(ErrorOf([&] { ini.GetIniKey(u"A", u"x"); }), 445);
+  EXPECT_EQ(Raised([&] { ini.GetIniKey(u"A", u"x"); }), 445);
 }
 
 }  // namespace quorvane::test

@@ -8,7 +8,7 @@
 #include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -79,18 +79,12 @@ TEST_F(LanguageManagerTest, AFileThatCannotBeWrittenLosesTheChoiceSilently) {
 
 TEST_F(LanguageManagerTest, ADamagedFile) {
   Config() = "[Language Setting]\nLanguage=English\n";
-  try {
-    LanguageManager();
-    FAIL() << "taken";
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 13);
-    EXPECT_EQ(error.Description, u"Type mismatch: Language = \"English\" (/opt/quorvane/config.ini)");
-  }
+  EXPECT_EQ(Raised([] { LanguageManager(); }), "13 Type mismatch: Language = \"English\" (/opt/quorvane/config.ini)");
   EXPECT_EQ(Config(), "[Language Setting]\nLanguage=English\n") << "stays as it is";
 
   for (const char* number : {"2", "-1", "2147483647", "536870912"}) {
     Config() = std::string("[Language Setting]\nLanguage=") + number + "\n";
-    EXPECT_EQ(ErrorOf([] { LanguageManager().GetString(104); }), 326) << number;
+    EXPECT_EQ(Raised([] { LanguageManager().GetString(104); }), 326) << number;
   }
 }
 

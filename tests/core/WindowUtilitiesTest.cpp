@@ -7,8 +7,8 @@
 #include "addin/core/Globals.h"
 #include "addin/core/Utilities.h"
 #include "base/Text.h"
-#include "support/ErrorOf.h"
 #include "support/FakeWindows.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 #include "vbide/VBIDE.h"
 #include "workbench/model/Workbench.h"
@@ -17,7 +17,7 @@
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 using workbench::Group;
 
 class WindowUtilitiesTest : public testing::Test {
@@ -44,8 +44,8 @@ TEST_F(WindowUtilitiesTest, PassesItsCallsOnToTheWindowSystem) {
             (std::vector<std::string>{"ShowWindowAsync 7 9", "SetWindowPos 7 -1 0 0 0 0 19", "ShowWindow 7 0",
                                       "ShowWindow 7 4", "ShowWindow 7 4", "SetParent 7 8", "SendMessage 7 425 0 262146",
                                       "SendMessage 7 425 0 -1"}));
-  EXPECT_EQ(ErrorOf([&] { U().GetListIndex(7, 0, 32768); }), 6);
-  EXPECT_EQ(ErrorOf([&] { U().GetListIndex(7, 1e300, 0); }), 6);
+  EXPECT_EQ(Raised([&] { U().GetListIndex(7, 0, 32768); }), 6);
+  EXPECT_EQ(Raised([&] { U().GetListIndex(7, 1e300, 0); }), 6);
 }
 
 TEST_F(WindowUtilitiesTest, ParentsOfAWindow) {
@@ -95,7 +95,7 @@ TEST(UtilitiesWideTest, AWideCharacterTakesTwoBytesOfATitle) {
 
 TEST_F(WindowUtilitiesTest, FindsTheWindowsOfTheHostAndBringsCodeForward) {
   const auto host = Group{}.Project(u"P").Module(u"A", u"x").Module(u"B", u"y").Build(platform_.AnsiCodePage());
-  EXPECT_EQ(ErrorOf([&] { U().GetMDIClientWindowHandle(); }), 91) << "no host yet";
+  EXPECT_EQ(Raised([&] { U().GetMDIClientWindowHandle(); }), 91) << "no host yet";
   Globals::gobjVBE = std::shared_ptr<vbide::VBE>(host.get(), [](vbide::VBE*) {});
   windows_.Windows = {{1, {u"wndclass_desked_gsk", u"Elsewhere", 0, {}}},
                       {2, {u"wndclass_desked_gsk", host->MainWindow()->Caption(), 0, {}}},

@@ -9,13 +9,13 @@
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
 using test::Group;
+using test::Raised;
 
 constexpr WindowHandle kPreview = 77;
 constexpr WindowHandle kHost = 500;
@@ -134,7 +134,7 @@ TEST_F(CodePreviewTest, SizeAndItsLimits) {
   Preview().SetMode(2);
   Setting().mstrReplaceStr = u"12345";
   Preview().SetMeasurer(std::make_shared<WideMeasurer>());
-  EXPECT_EQ(ErrorOf([&] { Preview().SetMeasurer(nullptr); }), 91);
+  EXPECT_EQ(Raised([&] { Preview().SetMeasurer(nullptr); }), 91);
   Preview().Move(0, 10);
   Update();
   // 3 lines and 18 characters: 900 * 1.1 + 100 and 2700 * 1.3 + 100 twips, in whole pixels.
@@ -199,8 +199,8 @@ TEST_F(CodePreviewTest, WhenItMayBeOnTheScreen) {
     EXPECT_EQ(Preview().CanShow(), row.allowed) << row.what;
   }
   Globals::gobjPageManager->mcolPages->RemoveAll();
-  EXPECT_EQ(ErrorOf([&] { Preview().CanShow(); }), 91);
-  EXPECT_EQ(ErrorOf([&] { Preview().UpdatePreviewPos(); }), 91);
+  EXPECT_EQ(Raised([&] { Preview().CanShow(); }), 91);
+  EXPECT_EQ(Raised([&] { Preview().UpdatePreviewPos(); }), 91);
 }
 
 TEST_F(CodePreviewTest, TheTimerFollowsTheMouseAndGivesUpWithoutAPage) {

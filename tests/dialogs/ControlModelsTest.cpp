@@ -10,12 +10,12 @@
 #include "platform/forms/RichTextBox.h"
 #include "platform/forms/TabStrip.h"
 #include "platform/forms/TextBox.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 using Log = std::vector<std::string>;
 
 /// A combo box that writes down its events with its state: text, picked entry, selection.
@@ -69,11 +69,11 @@ TEST_F(ComboTest, SelectionStaysInsideTheText) {
   EXPECT_EQ(State(), "abcd -1 2+2");
   combo.SetSelStart(99);
   EXPECT_EQ(State(), "abcd -1 4+0");
-  EXPECT_EQ(ErrorOf([&] { combo.SetSelStart(-1); }), 380);
-  EXPECT_EQ(ErrorOf([&] { combo.SetSelLength(-1); }), 380);
-  EXPECT_EQ(ErrorOf([&] { combo.RemoveItem(3); }), 5);
-  EXPECT_EQ(ErrorOf([&] { combo.AddItem(u"", 4); }), 5);
-  EXPECT_EQ(ErrorOf([&] { combo.SetListIndex(3); }), 380);
+  EXPECT_EQ(Raised([&] { combo.SetSelStart(-1); }), 380);
+  EXPECT_EQ(Raised([&] { combo.SetSelLength(-1); }), 380);
+  EXPECT_EQ(Raised([&] { combo.RemoveItem(3); }), 5);
+  EXPECT_EQ(Raised([&] { combo.AddItem(u"", 4); }), 5);
+  EXPECT_EQ(Raised([&] { combo.SetListIndex(3); }), 380);
 }
 
 TEST_F(ComboTest, ADisabledBoxTakesNoInput) {
@@ -100,7 +100,7 @@ TEST(CheckBoxTest, RaisesClickForEveryOtherValue) {
   box.SetValue(2);
   box.Press();
   EXPECT_EQ(values, "1020");
-  EXPECT_EQ(ErrorOf([&] { box.SetValue(3); }), 380);
+  EXPECT_EQ(Raised([&] { box.SetValue(3); }), 380);
   box.SetEnabled(false);
   box.Press();
   EXPECT_EQ(box.Value(), 0);
@@ -110,7 +110,7 @@ TEST(OptionButtonTest, AGroupHasOneSetButtonAndTellsAllOfThem) {
   OptionGroup group;
   OptionButton a(group, 3);
   OptionButton b(group, 0);
-  EXPECT_EQ(ErrorOf([&] { OptionButton(group, 3); }), 457);
+  EXPECT_EQ(Raised([&] { OptionButton(group, 3); }), 457);
   Log log;
   const auto onClick =
       group.Click.Subscribe([&](std::int16_t index) { log.push_back("click " + std::to_string(index)); });
@@ -202,8 +202,8 @@ TEST(RichTextBoxTest, BehavesLikeOneLookForEachCharacter) {
     EXPECT_EQ(box.SelText().size(), length);
     EXPECT_EQ(static_cast<std::size_t>(box.SelStart()), start);
   }
-  EXPECT_EQ(ErrorOf([&] { box.SetSelStart(-1); }), 380);
-  EXPECT_EQ(ErrorOf([&] { box.SetSelLength(-1); }), 380);
+  EXPECT_EQ(Raised([&] { box.SetSelStart(-1); }), 380);
+  EXPECT_EQ(Raised([&] { box.SetSelLength(-1); }), 380);
 }
 
 TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
@@ -271,8 +271,8 @@ TEST(DialogTest, KeysReachOnlyWhatIsOnTheScreen) {
   dialog->tabs->Pick(1);
   dialog->PressAccessKey(u'x');
   dialog->PressAccessKey(u'x');
-  EXPECT_EQ(ErrorOf([&] { dialog->SetFocus(dialog->first); }), 5) << "on the other tab";
-  EXPECT_EQ(ErrorOf([&] { dialog->tabs->SetTab(2); }), 380);
+  EXPECT_EQ(Raised([&] { dialog->SetFocus(dialog->first); }), 5) << "on the other tab";
+  EXPECT_EQ(Raised([&] { dialog->tabs->SetTab(2); }), 380);
   EXPECT_TRUE(dialog->PressKey(13, 0)) << "the button that has the focus";
   dialog->cancel->SetEnabled(false);
   EXPECT_FALSE(dialog->PressKey(27, 0));

@@ -11,7 +11,7 @@
 #include "base/Text.h"
 #include "chordtrap/Manager.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {

@@ -6,12 +6,12 @@
 #include "DialogWorld.h"
 #include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 
 class SearchDialogFormTest : public test::DialogFixture {
  protected:
@@ -97,7 +97,7 @@ TEST_F(SearchDialogFormTest, EnterPressesTheButtonThatHasTheFocus) {
   d.optModeButtons[gsCommon]->Press();
   EXPECT_TRUE(d.PressKey(13, 0));
   EXPECT_EQ(Globals::gobjPageManager->mcolPages->Count(), 1) << "a disabled one leaves Enter to the default button";
-  EXPECT_EQ(ErrorOf([&] { d.SetFocus(d.cmdCancel); }), 5) << "invisible";
+  EXPECT_EQ(Raised([&] { d.SetFocus(d.cmdCancel); }), 5) << "invisible";
 }
 
 TEST_F(SearchDialogFormTest, AccessKeysReachEveryControl) {

@@ -5,11 +5,11 @@
 
 #include "base/Error.h"
 #include "native/codepages/CodePages.h"
+#include "support/Raised.h"
+#include "support/Rows.h"
 
 namespace quorvane::native {
 namespace {
-
-using namespace std::string_literals;
 
 std::u16string Decoded(const CodePage& page, std::string_view bytes) {
   std::u16string text = u"<";
@@ -27,41 +27,18 @@ std::string Encoded(const CodePage& page, std::u16string_view text) {
 }
 
 TEST(CodePagesTest, Names) {
-  const std::pair<const char*, const char*> names[] = {
-      {"1252", "1252"},   {"cp1251", "1251"},      {"Windows-1250", "1250"}, {"932", "932"},  {"Shift_JIS", "932"},
-      {"SJIS", "932"},    {"gbk", "936"},          {"cp949", "949"},         {"BIG5", "950"}, {"utf8", "UTF-8"},
-      {"65001", "UTF-8"}, {"ISO-8859-1", "28591"}, {"latin1", "28591"},      {"874", "874"},  {"ms932", "932"},
-  };
-  for (const auto& [name, usual] : names) EXPECT_EQ(NewCodePage(name)->Name(), usual) << name;
-  try {
-    NewCodePage("klingon");
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_NE(std::string(error.what()).find("klingon"), std::string::npos);
-    EXPECT_NE(std::string(error.what()).find("936"), std::string::npos);
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "Names")) {
+    EXPECT_EQ(NewCodePage(row.Bytes(0))->Name(), row.Bytes(1)) << row.Where();
   }
+  const auto error = test::Raised([] { NewCodePage("klingon"); });
+  EXPECT_TRUE(error.Says("klingon") && error.Says("936")) << error;
 }
 
 TEST(CodePagesTest, SingleBytes) {
-  struct Case {
-    const char* Page;
-    std::string Bytes;
-    std::u16string Text;
-  };
-  const Case cases[] = {
-      {"1252", "a\x80\x81\x8D\xE9\xFF~"s, u"a\u20AC\u0081\u008Dé\u00FF~"},
-      {"1251", "\xC0\x98\xFF"s, u"А\u0098я"},
-      {"1250", "\xA5\x81"s, u"Ą\u0081"},
-      {"1253", "\xE1\xAA\xD2"s, u"α\xDCAA\xDCD2"},
-      {"1255", "\xE0\xD4\xC8\xD9"s, u"א\u05F0\u05B8\xDCD9"},
-      {"1258", "A\xCC\xFE\xD2"s, u"A\u0300\u20AB\u0309"},
-      {"874", "\xA1\xDB"s, u"ก\xDCDB"},
-      {"28591", "\x80\xFF"s, u"\u0080\u00FF"},
-  };
-  for (const Case& c : cases) {
-    const auto page = NewCodePage(c.Page);
-    EXPECT_EQ(Decoded(*page, c.Bytes), c.Text) << c.Page;
-    EXPECT_EQ(Encoded(*page, c.Text), c.Bytes) << c.Page;
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "SingleBytes")) {
+    const auto page = NewCodePage(row.Bytes(0));
+    EXPECT_EQ(Decoded(*page, row.Bytes(1)), row.Text(2)) << row.Where();
+    EXPECT_EQ(Encoded(*page, row.Text(2)), row.Bytes(1)) << row.Where();
     EXPECT_FALSE(page->AsciiTrailBytes());
     EXPECT_FALSE(page->IsWide(u'é'));
   }
@@ -91,21 +68,10 @@ TEST(CodePagesTest, EveryPairOfBytesComesBack) {
 }
 
 TEST(CodePagesTest, DoubleBytes) {
-  struct Case {
-    const char* Page;
-    std::string Bytes;
-    std::u16string Text;
-  };
-  const Case cases[] = {
-      {"932", "\x83\x5C\\\xB1~"s, u"ソ\\ｱ~"},      {"932", "\x80\xA0\xFD\xFF\x85"s, u"\u0080\u00A0\uF8F1\uF8F3\xDC85"},
-      {"932", "\x81\xCA\x87\x54"s, u"￢Ⅰ"},        {"936", "\xD6\xD0\x80\xA1\xAA\xFF"s, u"中\u20AC—\xDCFF"},
-      {"936", "\x81\x0D\x81"s, u"\xDC81\r\xDC81"}, {"949", "\xB0\xA1\\"s, u"가\\"},
-      {"950", "\xA4\xA4\xB3\x5C"s, u"中許"},
-  };
-  for (const Case& c : cases) {
-    const auto page = NewCodePage(c.Page);
-    EXPECT_EQ(Decoded(*page, c.Bytes), c.Text) << c.Page;
-    EXPECT_EQ(Encoded(*page, c.Text), c.Bytes) << c.Page;
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "DoubleBytes")) {
+    const auto page = NewCodePage(row.Bytes(0));
+    EXPECT_EQ(Decoded(*page, row.Bytes(1)), row.Text(2)) << row.Where();
+    EXPECT_EQ(Encoded(*page, row.Text(2)), row.Bytes(1)) << row.Where();
     EXPECT_TRUE(page->AsciiTrailBytes());
   }
   const auto japanese = NewCodePage("932");
@@ -118,27 +84,10 @@ TEST(CodePagesTest, DoubleBytes) {
 }
 
 TEST(CodePagesTest, Utf8) {
-  struct Case {
-    std::string Bytes;
-    std::u16string Text;
-  };
-  const Case cases[] = {
-      {"aé中\xF0\x9F\x98\x80z"s, u"aé中\xD83D\xDE00z"},
-      {"\xC0\x80"s, u"\xDCC0\xDC80"},
-      {"\xE0\x80\x80"s, u"\xDCE0\xDC80\xDC80"},
-      {"\xED\xA0\x80"s, u"\xDCED\xDCA0\xDC80"},
-      {"\xEE\x80\x80\xED\x9F\xBF"s, u"\uE000\uD7FF"},
-      {"\xF4\x8F\xBF\xBF\xF4\x90\x80\x80"s, u"\xDBFF\xDFFF\xDCF4\xDC90\xDC80\xDC80"},
-      {"\xF0\x8F\xBF\xBF"s, u"\xDCF0\xDC8F\xDCBF\xDCBF"},
-      {"\xF5\x80\xFF"s, u"\xDCF5\xDC80\xDCFF"},
-      {"\xE4\xB8"s, u"\xDCE4\xDCB8"},
-      {"\xE4\xB8\x41\xE4"s, u"\xDCE4\xDCB8\x41\xDCE4"},
-      {"\xDF\xBF\xC2\x80"s, u"\u07FF\u0080"},
-  };
   const auto page = NewCodePage("utf-8");
-  for (const Case& c : cases) {
-    EXPECT_EQ(Decoded(*page, c.Bytes), c.Text);
-    EXPECT_EQ(Encoded(*page, c.Text), c.Bytes);
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "Utf")) {
+    EXPECT_EQ(Decoded(*page, row.Bytes(0)), row.Text(1)) << row.Where();
+    EXPECT_EQ(Encoded(*page, row.Text(1)), row.Bytes(0)) << row.Where();
   }
   EXPECT_EQ(Encoded(*page, u"ab\xD83D"), "!2ab");
   EXPECT_EQ(Encoded(*page, u"\xDE00"), "!0");

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
 #include "native/settings/IniText.h"
+#include "support/Rows.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
@@ -13,39 +14,17 @@ using native::FilePrivateProfile;
 using native::IniText;
 
 TEST(IniText, ChangesNothingElse) {
-  struct Row {
-    const char* before;
-    const char* section;
-    const char* key;
-    const char* value;  // nothing: the key goes
-    const char* after;
-  };
-  const Row rows[] = {
-      {"", "S", "k", "v", "[S]\r\nk=v\r\n"},
-      {"[S]\nk=1", "S", "k", "v", "[S]\nk=v"},
-      {"[S]\nk=1", "S", "l", "v", "[S]\nk=1\nl=v\n"},
-      {"; note\r\n[S]\r\n\r\n[T]\r\n", "S", "k", "v", "; note\r\n[S]\r\nk=v\r\n\r\n[T]\r\n"},
-      {"[S]\nk=1\n\n; k=2\n[T]\nk=3\n", "T", "K", "v", "[S]\nk=1\n\n; k=2\n[T]\nk=v\n"},
-      {"[S]\n;k=0\n k = 1\n", "S", "k", "v", "[S]\n;k=0\n k =v\n"},
-      {"[S]\nk=1\nk=2\n[S]\nk=3\n", "S", "k", "v", "[S]\nk=v\nk=2\n[S]\nk=3\n"},
-      {"k=1\n[S]\n", "S", "k", "v", "k=1\n[S]\nk=v\n"},
-      {"[S]\nk\nk2=1\n", "S", "k", "v", "[S]\nk\nk2=1\nk=v\n"},
-      {"[\x95\x5D]\nk=1\n", "\x95\x5D", "k", "v", "[\x95\x5D]\nk=v\n"},
-      {"[S]\nk=1\n[T]\nk=2\n", "S", "k", nullptr, "[S]\n[T]\nk=2\n"},
-      {"[S]\nk=1\n", "S", "l", nullptr, "[S]\nk=1\n"},
-      {"[S]\nk=1\n", "T", "k", nullptr, "[S]\nk=1\n"},
-      {"[S\nk=1\n\xFF\x00", "S", "k", nullptr, "[S\nk=1\n\xFF"},
-  };
-  for (const Row& row : rows) {
-    IniText text(row.before);
-    EXPECT_EQ(text.Bytes(), row.before);
-    if (row.value != nullptr) {
-      text.Set(row.section, row.key, row.value);
-      EXPECT_EQ(text.Get(row.section, row.key), row.value);
+  for (const Row& row : Rows("native/IniText.rows", "Edits")) {
+    SCOPED_TRACE(row.Where());
+    IniText text(row.Bytes(0));
+    EXPECT_EQ(text.Bytes(), row.Bytes(0));
+    if (row.Bytes(3) != "(gone)") {
+      text.Set(row.Bytes(1), row.Bytes(2), row.Bytes(3));
+      EXPECT_EQ(text.Get(row.Bytes(1), row.Bytes(2)), row.Bytes(3));
     } else {
-      text.RemoveKey(row.section, row.key);
+      text.RemoveKey(row.Bytes(1), row.Bytes(2));
     }
-    EXPECT_EQ(text.Bytes(), row.after);
+    EXPECT_EQ(text.Bytes(), row.Bytes(4));
   }
 }
 

@@ -9,7 +9,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/settings/FileSettingsStore.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
@@ -40,7 +40,7 @@ TEST_F(FileSettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
   EXPECT_EQ(Stored(u"k"), u"2");
   store.SaveSetting(u"Other", u"S", u"k", u"3");
   store.DeleteSetting(u"App", u"S");
-  EXPECT_EQ(ErrorOf([&] { store.DeleteSetting(u"App", u"S"); }), 5);
+  EXPECT_EQ(Raised([&] { store.DeleteSetting(u"App", u"S"); }), 5);
   EXPECT_EQ(Stored(u"k"), u"2");
   store.Commit();
   EXPECT_EQ(Stored(u"k"), u"none");
@@ -80,9 +80,9 @@ TEST_F(FileSettingsStoreTest, ADamagedFileIsNamedAndKept) {
                             "[App/S]\nk=\\u12g4\n", "[App/S]\nk=\\"}) {
     folder.Write("deep/settings", bytes);
     FileSettingsStore store(path);
-    EXPECT_EQ(ErrorOf([&] { store.GetSetting(u"App", u"S", u"k", u""); }), 321) << bytes;
+    EXPECT_EQ(Raised([&] { store.GetSetting(u"App", u"S", u"k", u""); }), 321) << bytes;
     EXPECT_EQ(folder.Read("deep/settings"), bytes);
-    EXPECT_EQ(ErrorOf([&] { store.DeleteSetting(u"App", u"S"); }), 5);
+    EXPECT_EQ(Raised([&] { store.DeleteSetting(u"App", u"S"); }), 5);
     store.SaveSetting(u"App", u"S", u"k", u"new");
     store.Commit();
     EXPECT_EQ(Stored(u"k"), u"new");
@@ -91,13 +91,7 @@ TEST_F(FileSettingsStoreTest, ADamagedFileIsNamedAndKept) {
   std::filesystem::remove(path);
   std::filesystem::create_directories(path);
   FileSettingsStore store(path);
-  try {
-    store.GetSetting(u"App", u"S", u"k", u"");
-    FAIL() << "a folder was read";
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 75);
-    EXPECT_EQ(error.Description, u"Path/File access error: " + FromUtf8(path));
-  }
+  EXPECT_EQ(test::Raised([&] { store.GetSetting(u"App", u"S", u"k", u""); }), "75 Path/File access error: " + path);
 }
 
 TEST_F(FileSettingsStoreTest, ACommitThatFailsCanBeRepeated) {
@@ -111,8 +105,8 @@ TEST_F(FileSettingsStoreTest, ACommitThatFailsCanBeRepeated) {
 
   FileSettingsStore unwritable(folder / std::string(300, 'x'));  // too long for any file
   unwritable.SaveSetting(u"App", u"S", u"k", u"1");
-  EXPECT_EQ(ErrorOf([&] { unwritable.Commit(); }), 75);
-  EXPECT_EQ(ErrorOf([&] { unwritable.Commit(); }), 75);
+  EXPECT_EQ(Raised([&] { unwritable.Commit(); }), 75);
+  EXPECT_EQ(Raised([&] { unwritable.Commit(); }), 75);
 }
 
 }  // namespace quorvane::test

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/xml/LibXmlDocument.h"
+#include "support/Rows.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::native {
@@ -96,26 +98,10 @@ TEST_F(TransformTest, TheElementStandsInItsDocument) {
 
 /// Each stylesheet run over the elements forth and back gives what a document and a stylesheet of their own give.
 TEST_F(TransformTest, RunsLeaveNoTrace) {
-  const std::u16string sheets[] = {
-      kDefaultStylesheet,
-      Sheet(u"<xsl:value-of select='@v'/><xsl:text disable-output-escaping='yes'>&lt;</xsl:text>"),
-      Sheet(u"<xsl:value-of select='$g'/>", u"<xsl:variable name='g' select='count(//e)'/>"),
-      Sheet(u"<xsl:value-of select='$g'/>",
-            u"<xsl:param name='g'><b><xsl:value-of select='//e[last()]/@n'/></b></xsl:param>"),
-      Sheet(u"<xsl:value-of select=\"key('k', @n)/@v\"/>", u"<xsl:key name='k' match='e' use='@n'/>"),
-      Sheet(u"<xsl:value-of select='generate-id()'/>;<xsl:value-of select='generate-id(..)'/>"),
-      Sheet(u"<xsl:variable name='t'><a><xsl:value-of select='@v'/></a></xsl:variable><xsl:value-of select='$t'/>"),
-      Sheet(u"<b a='{@v}'><xsl:value-of select='@n'/></b>"),
-      Sheet(u"<xsl:if test='@n = 2'><!-- x --><xsl:comment>c</xsl:comment></xsl:if>t"),
-      Sheet(u"<xsl:if test='@n != 2'>shown</xsl:if>"),
-      Sheet(u"<xsl:for-each select='../e'><xsl:sort select='@n' order='descending'/><xsl:value-of "
-            u"select='@n'/></xsl:for-each>"),
-      Sheet(u"<xsl:number/>-<xsl:number level='any' count='e|r'/>"),
-      Sheet(u"<xsl:apply-templates select='..' mode='m'/>", u"<xsl:template match='r' mode='m'>R</xsl:template>"),
-      Sheet(u"<xsl:message>heard</xsl:message><xsl:value-of select='@n'/>"),
-      Sheet(u"<xsl:copy-of select='.'/>"),
-      u"<x xsl:version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'><xsl:value-of select='@n'/></x>",
-  };
+  std::vector<std::u16string> sheets = {kDefaultStylesheet};
+  for (const test::Row& row : test::Rows("native/Transform.rows", "Traces")) {
+    sheets.push_back(row.Text(2).empty() ? Sheet(row.Text(0), row.Text(1)) : row.Text(2));
+  }
   const auto last = [this] { return mobjDocument.DocumentElement()->ChildCount() - 1; };
   for (int round = 0; round < 3; ++round) {
     for (const std::u16string& sheet : sheets) {
@@ -155,55 +141,22 @@ TEST_F(TransformTest, PlainTextIsWrittenAsTheLibraryWritesIt) {
 }
 
 TEST_F(TransformTest, OutputMethods) {
-  struct Case {
-    std::u16string_view Output;
-    std::u16string_view Body;
-    std::string_view Expected;
-  };
-  const Case cases[] = {
-      {u"", u"é<b/>", "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\né<b/>"},
-      {u"<xsl:output encoding='gb2312'/>", u"中", "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n中"},
-      {u"<xsl:output omit-xml-declaration='yes' encoding='iso-8859-1'/>", u"<b a='中'>中</b>", "<b a=\"中\">中</b>"},
-      {u"<xsl:output method='text' encoding='us-ascii' indent='no'/>", u"<b>&lt;中</b>", "<中"},
-      {u"<xsl:output method='html'/>", u"<p>中<br/></p>", "<p>中<br></p>\n"},
-      {u"<xsl:output omit-xml-declaration='yes'/>", u"<html><br/></html>", "<html><br></html>\n"},
-      {u"<xsl:output omit-xml-declaration='yes' doctype-system='s.dtd'/>", u"<b/>",
-       "<!DOCTYPE b SYSTEM \"s.dtd\"><b/>"},
-      {u"<xsl:output method='text'/>", u"", ""},
-  };
-  for (const Case& c : cases) {
+  for (const test::Row& row : test::Rows("native/Transform.rows", "OutputMethods")) {
     const std::u16string sheet = u"<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" +
-                                 std::u16string(c.Output) + u"<xsl:template match='e'>" + std::u16string(c.Body) +
+                                 row.Text(0) + u"<xsl:template match='e'>" + row.Text(1) +
                                  u"</xsl:template></xsl:stylesheet>";
-    EXPECT_EQ(Run(0, sheet), c.Expected) << ToUtf8(c.Output) << ToUtf8(c.Body);
+    EXPECT_EQ(Run(0, sheet), row.Bytes(2)) << row.Where();
   }
 }
 
 TEST_F(TransformTest, ErrorsCarryTheLibrarysWords) {
-  struct Case {
-    std::u16string Sheet;
-    std::string_view Words;
-  };
-  const Case cases[] = {
-      {u"<a>\n<b></a>", "mismatch"},
-      {u"<a/>", "stylesheet"},
-      {Sheet(u"<xsl:value-of select='@@'/>"), "compile"},
-      {Sheet(u"<xsl:nonsense/>"), "nonsense"},
-      {Sheet(u"\n\n<xsl:value-of/>"), "line 3"},
-      {Sheet(u"<xsl:value-of select='nope()'/>"), "nope"},
-      {Sheet(u"<xsl:value-of select='$nope'/>"), "nope"},
-      {Sheet(u"<xsl:call-template name='nope'/>"), "nope"},
-      {Sheet(u"<xsl:message terminate='yes'>stop here</xsl:message>"), "stop here"},
-      {Sheet(u"<xsl:apply-templates select='.'/>"), "depth"},
-      {Sheet(u"<xsl:call-template name='r'/>", u"<xsl:template name='r'>x<xsl:call-template name='r'/></xsl:template>"),
-       "depth"},
-  };
   testing::internal::CaptureStderr();
-  for (const Case& c : cases) {
+  for (const test::Row& row : test::Rows("native/Transform.rows", "Errors")) {
+    const std::u16string sheet = row.Bytes(3) == "whole" ? row.Text(0) : Sheet(row.Text(0), row.Text(1));
     for (int again = 0; again < 2; ++again) {
-      const std::string words = RunError(c.Sheet);
-      EXPECT_FALSE(words.starts_with("no error")) << ToUtf8(c.Sheet) << words;
-      EXPECT_NE(words.find(c.Words), std::string::npos) << ToUtf8(c.Sheet) << "\n" << words;
+      const std::string words = RunError(sheet);
+      EXPECT_FALSE(words.starts_with("no error")) << row.Where() << words;
+      EXPECT_NE(words.find(row.Bytes(2)), std::string::npos) << row.Where() << "\n" << words;
       EXPECT_EQ(words.find('\n'), std::string::npos) << words;
     }
     EXPECT_EQ(Run(0, Sheet(u"ok")), "ok");

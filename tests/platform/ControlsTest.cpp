@@ -2,12 +2,12 @@
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Controls.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 
 TEST(ControlsTest, MakesByProgIdAndKeepsByName) {
   Controls controls;
@@ -17,16 +17,16 @@ TEST(ControlsTest, MakesByProgIdAndKeepsByName) {
   EXPECT_FALSE(one->Visible());
   EXPECT_EQ(one->Name(), u"mobjLabelSearch1");
   EXPECT_EQ(controls.All(), (std::vector<std::shared_ptr<Control>>{one, two}));
-  EXPECT_EQ(ErrorOf([&] { controls.Add(u"VB.Label", u"MOBJLABELSEARCH1"); }), 727);
-  EXPECT_EQ(ErrorOf([&] { controls.Add(u"VB.Other", u"x"); }), 429);
+  EXPECT_EQ(Raised([&] { controls.Add(u"VB.Label", u"MOBJLABELSEARCH1"); }), 727);
+  EXPECT_EQ(Raised([&] { controls.Add(u"VB.Other", u"x"); }), 429);
 
   bool gone = false;
   const Subscription removed = controls.Removed.Subscribe([&](Control& c) { gone = &c == one.get(); });
   controls.Remove(u"mobjlabelsearch1");
   EXPECT_TRUE(gone);
   EXPECT_EQ(controls.All(), (std::vector<std::shared_ptr<Control>>{two}));
-  EXPECT_EQ(ErrorOf([&] { controls.Remove(u"mobjLabelSearch1"); }), 730);
-  EXPECT_EQ(ErrorOf([&] { controls.Item(u"mobjLabelSearch1"); }), 730);
+  EXPECT_EQ(Raised([&] { controls.Remove(u"mobjLabelSearch1"); }), 730);
+  EXPECT_EQ(Raised([&] { controls.Item(u"mobjLabelSearch1"); }), 730);
 }
 
 }  // namespace

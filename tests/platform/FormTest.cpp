@@ -8,13 +8,13 @@
 #include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 using Log = std::vector<std::string>;
 
 /// A form that writes down its events and does in them what a test asks for.
@@ -84,8 +84,8 @@ TEST_F(FormTest, LoadsAtTheFirstShowAndStandsInTheListUntilUnloaded) {
   a->Show();
   EXPECT_EQ(TheForms().Open(), (std::vector<std::shared_ptr<Form>>{b, a}));
   EXPECT_EQ(log_, (Log{"a load", "b load", "a query 1", "a unload", "a load"}));
-  EXPECT_EQ(ErrorOf([] { TheForms().Item(2); }), 9);
-  EXPECT_EQ(ErrorOf([] { TheForms().Item(-1); }), 9);
+  EXPECT_EQ(Raised([] { TheForms().Item(2); }), 9);
+  EXPECT_EQ(Raised([] { TheForms().Item(-1); }), 9);
 }
 
 TEST_F(FormTest, UnloadAsksTwiceAndEitherMayCancel) {
@@ -110,11 +110,11 @@ TEST_F(FormTest, UnloadAsksTwiceAndEitherMayCancel) {
 TEST_F(FormTest, AFailingLoadLeavesNoForm) {
   const auto form = Make(u"f");
   form->onLoad = [] { RaiseError(ErrorNumber::Overflow); };
-  EXPECT_EQ(ErrorOf([&] { form->Show(); }), 6);
+  EXPECT_EQ(Raised([&] { form->Show(); }), 6);
   EXPECT_FALSE(form->Loaded());
   EXPECT_EQ(TheForms().Count(), 0);
   form->onLoad = [&] { form->Unload(); };
-  EXPECT_EQ(ErrorOf([&] { form->Show(); }), 364);
+  EXPECT_EQ(Raised([&] { form->Show(); }), 364);
   EXPECT_FALSE(form->Visible());
 }
 
@@ -125,7 +125,7 @@ TEST_F(FormTest, AModalShowReturnsWhenTheFormIsHiddenOrUnloaded) {
   platform_.loop.Steps = {[&] {
                             EXPECT_TRUE(form->ShownModal());
                             EXPECT_EQ(form->Owner(), owner);
-                            EXPECT_EQ(ErrorOf([&] { form->Show(FormModal::Modal); }), 400);
+                            EXPECT_EQ(Raised([&] { form->Show(FormModal::Modal); }), 400);
                           },
                           [&] { form->Hide(); }};
   form->Show(FormModal::Modal, owner);
@@ -139,7 +139,7 @@ TEST_F(FormTest, AModalShowReturnsWhenTheFormIsHiddenOrUnloaded) {
   EXPECT_EQ(form->Owner(), nullptr);
 
   platform_.loop.Steps = {[] { RaiseError(ErrorNumber::Overflow); }};
-  EXPECT_EQ(ErrorOf([&] { form->Show(FormModal::Modal); }), 6);
+  EXPECT_EQ(Raised([&] { form->Show(FormModal::Modal); }), 6);
   EXPECT_FALSE(form->Visible()) << "nothing waits for it any more";
 }
 
@@ -166,7 +166,7 @@ TEST_F(FormTest, ThereIsOneInstanceOfAFormUntilItIsUnloaded) {
   EXPECT_EQ(TheForms().Instance(u"frm"), first);
   first->Unload();
   EXPECT_NE(TheForms().Instance(u"frm"), first);
-  EXPECT_EQ(ErrorOf([] { TheForms().Instance(u"frmOther"); }), 429);
+  EXPECT_EQ(Raised([] { TheForms().Instance(u"frmOther"); }), 429);
 }
 
 }  // namespace

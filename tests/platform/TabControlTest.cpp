@@ -6,12 +6,12 @@
 #include "base/Text.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 
 class TabControlTest : public testing::Test {
  protected:
@@ -58,7 +58,7 @@ TEST_F(TabControlTest, OneTabIsSelectedAndItsPanelAloneIsVisible) {
   bar_.Remove(u"A");
   EXPECT_EQ(Bar(), "[*b] new ");
   EXPECT_FALSE(a->Panel()->Visible());
-  EXPECT_EQ(ErrorOf([&] { a->Select(); }), 91);
+  EXPECT_EQ(Raised([&] { a->Select(); }), 91);
   bar_.Remove(2);
   EXPECT_EQ(Bar(), "[*b] ");
   const auto last = bar_.Item(1);
@@ -79,11 +79,11 @@ TEST_F(TabControlTest, WhenTheSelectedTabGoesTheNextOneTakesItsPlace) {
 
 TEST_F(TabControlTest, KeysAndPositionsThatAreNotThere) {
   Add(u"a");
-  EXPECT_EQ(ErrorOf([&] { Add(u"A"); }), 457);
-  EXPECT_EQ(ErrorOf([&] { Add(u"b", u"zz"); }), 5);
-  EXPECT_EQ(ErrorOf([&] { bar_.Item(u"b"); }), 5);
-  EXPECT_EQ(ErrorOf([&] { bar_.Remove(0); }), 9);
-  EXPECT_EQ(ErrorOf([&] { bar_.Remove(2); }), 9);
+  EXPECT_EQ(Raised([&] { Add(u"A"); }), 457);
+  EXPECT_EQ(Raised([&] { Add(u"b", u"zz"); }), 5);
+  EXPECT_EQ(Raised([&] { bar_.Item(u"b"); }), 5);
+  EXPECT_EQ(Raised([&] { bar_.Remove(0); }), 9);
+  EXPECT_EQ(Raised([&] { bar_.Remove(2); }), 9);
   EXPECT_EQ(Bar(), "[*a] ");
 }
 
@@ -137,7 +137,7 @@ TEST_F(TabControlTest, ATabOutlivesItsControl) {
   bar.reset();
   tab->SetCaption(u"x");
   EXPECT_FALSE(tab->Selected());
-  EXPECT_EQ(ErrorOf([&] { tab->Select(); }), 91);
+  EXPECT_EQ(Raised([&] { tab->Select(); }), 91);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/forms/Timer.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane {
@@ -59,7 +59,7 @@ TEST_F(TimerTest, MayBeSwitchedOffOrDestroyedByItsOwnTick) {
 TEST_F(TimerTest, RefusesAnIntervalOutOfRangeAndKeepsItsOwn) {
   Timer timer(10, false);
   for (const std::int32_t bad : {-1, 65536}) {
-    EXPECT_EQ(test::ErrorOf([&] { timer.SetInterval(bad); }), 380) << bad;
+    EXPECT_EQ(test::Raised([&] { timer.SetInterval(bad); }), 380) << bad;
   }
   EXPECT_EQ(timer.Interval(), 10);
 }

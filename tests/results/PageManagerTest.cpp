@@ -9,14 +9,14 @@
 #include "addin/results/PageManager.h"
 #include "base/Text.h"
 #include "support/ConnectionFixture.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane {
 namespace {
 
-using test::ErrorOf;
 using test::Log;
+using test::Raised;
 
 /// A manager on a tab bar with the plus tab alone; every change of the current page is written down.
 class World {
@@ -80,7 +80,7 @@ TEST_F(PageManagerTest, ANewPageIsReadyBeforeItIsSelected) {
   EXPECT_EQ(State(), "Search1 [Fixed] AddNewTab | Search1 Fixed");
   EXPECT_FALSE(fixed->tab->CanClose());
   EXPECT_FALSE(page->panel->Visible());
-  EXPECT_EQ(ErrorOf([&] { manager_.Add(u"Fixed", true); }), 457);
+  EXPECT_EQ(Raised([&] { manager_.Add(u"Fixed", true); }), 457);
 }
 
 TEST_F(PageManagerTest, ThePlusTabMakesAPageAndIsNoRestingPlace) {
@@ -186,7 +186,7 @@ TEST_F(PageManagerTest, TheCounterEndsInAnOverflow) {
     manager_.AddNewPage();
     manager_.mcolPages->RemoveAll();
   }
-  EXPECT_EQ(ErrorOf([&] { manager_.AddNewPage(); }), 6);
+  EXPECT_EQ(Raised([&] { manager_.AddNewPage(); }), 6);
   EXPECT_EQ(State(), "[AddNewTab] |");
 }
 
@@ -203,7 +203,7 @@ TEST_F(PageManagerTest, ThePlusTabStaysUnclosableWhenTheBarGoesOffAndOn) {
 
 TEST_F(PageManagerTest, AFailureInAnEventIsShownAndGoesNoFurther) {
   PageManager::SetPageFactory(nullptr);
-  EXPECT_EQ(ErrorOf([&] { manager_.AddNewPage(); }), 429) << "a caller gets the error";
+  EXPECT_EQ(Raised([&] { manager_.AddNewPage(); }), 429) << "a caller gets the error";
   platform_.prompts.Answers = {1};
   doc_->tabControl->PressTab(TabOf(u"AddNewTab"), 1, 0, 0, 0);
   ASSERT_EQ(platform_.prompts.Shown.size(), 1U);
@@ -214,19 +214,19 @@ TEST_F(PageManagerTest, AFailureInAnEventIsShownAndGoesNoFurther) {
   manager_.AddNewPage();
   platform_.prompts.Answers = {1};
   doc_->tabControl->Remove(u"Search3");  // the page stays without its tab
-  EXPECT_EQ(ErrorOf([&] { manager_.mcolPages->Item(u"Search1"); }), 5);
-  EXPECT_EQ(ErrorOf([&] { manager_.mcolPages->Item(2); }), 9);
+  EXPECT_EQ(Raised([&] { manager_.mcolPages->Item(u"Search1"); }), 5);
+  EXPECT_EQ(Raised([&] { manager_.mcolPages->Item(2); }), 9);
   EXPECT_EQ(platform_.prompts.Shown.size(), 2U) << "the selection that follows finds no page";
 }
 
 TEST_F(PageManagerTest, WithoutATabBarAMemberRaises) {
   PageManager alone;
   EXPECT_EQ(alone.ActivePage(), nullptr);
-  EXPECT_EQ(ErrorOf([&] { alone.BarEnabled(); }), 91);
-  EXPECT_EQ(ErrorOf([&] { alone.AddNewPage(); }), 91);
+  EXPECT_EQ(Raised([&] { alone.BarEnabled(); }), 91);
+  EXPECT_EQ(Raised([&] { alone.AddNewPage(); }), 91);
   EXPECT_EQ(alone.mcolPages->Count(), 0);
   Globals::gobjResultDoc.reset();
-  EXPECT_EQ(ErrorOf([&] { alone.Setup(); }), 91);
+  EXPECT_EQ(Raised([&] { alone.Setup(); }), 91);
 }
 
 }  // namespace

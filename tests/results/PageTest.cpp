@@ -6,7 +6,7 @@
 #include "addin/search/ConditionSnap.h"
 #include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "support/SearchFixture.h"
 #include "vbide/VBIDE.h"
 
@@ -68,7 +68,7 @@ TEST_F(PageTest, ItsControlsStandInTheDocumentUntilItCloses) {
             "mobjPanelSearch1; mobjLabelSearch1 in mobjPanelSearch1; mlstResultListSearch1 in mobjPanelSearch1; ");
   EXPECT_EQ(closed->mobjTask, nullptr);
   EXPECT_EQ(closed->mlstResultList, nullptr);
-  EXPECT_EQ(ErrorOf([&] { closed->ListHWnd(); }), 91);
+  EXPECT_EQ(Raised([&] { closed->ListHWnd(); }), 91);
 }
 
 TEST_F(PageTest, AClosedPageLeavesNothingBehind) {
@@ -203,8 +203,8 @@ TEST_F(PageTest, ALocateCommandDoesNotEnterItselfButTheOther) {
 
   Active().mcolResult->Clear();
   List().AddItem(u"stale", 1);
-  EXPECT_EQ(ErrorOf([&] { Active().LocateNextResult(); }), 9);
-  EXPECT_EQ(ErrorOf([&] { Active().LocateNextResult(); }), 9) << "free again behind a failure";
+  EXPECT_EQ(Raised([&] { Active().LocateNextResult(); }), 9);
+  EXPECT_EQ(Raised([&] { Active().LocateNextResult(); }), 9) << "free again behind a failure";
 }
 
 TEST_F(PageTest, ClosingThePageDuringAJumpIsSafe) {

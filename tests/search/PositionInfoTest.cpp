@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/search/PositionInfo.h"
@@ -7,6 +10,8 @@
 #include "base/Text.h"
 #include "search/NaiveModule.h"
 #include "support/PassingModule.h"
+#include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/SearchFixture.h"
 #include "workbench/model/HostWindow.h"
 #include "workbench/model/Pane.h"
@@ -28,16 +33,6 @@ PositionInfo& Set(PositionInfo& pi, std::int32_t y1, std::int32_t x1, std::int32
 std::string Range(const PositionInfo& pi) {
   return std::to_string(pi.mlngY1) + "," + std::to_string(pi.mlngX1) + "-" + std::to_string(pi.mlngY2) + "," +
          std::to_string(pi.mlngX2);
-}
-
-template <class Action>
-std::int32_t ErrorOf(Action action) {
-  try {
-    action();
-  } catch (const Error& error) {
-    return error.Number;
-  }
-  return 0;
 }
 
 }  // namespace
@@ -82,11 +77,11 @@ TEST_F(PositionInfoFixture, NumbersOutOfRangeOverflow) {
   pi.mlngX1 = 32767;
   EXPECT_EQ(pi.ScreenX1(), 32767);
   pi.mlngX1 = 32768;
-  EXPECT_EQ(ErrorOf([&] { pi.ScreenX1(); }), kOverflow);
-  EXPECT_EQ(ErrorOf([&] { pi.SetScreenX2(32768); }), kOverflow);
+  EXPECT_EQ(Raised([&] { pi.ScreenX1(); }), kOverflow);
+  EXPECT_EQ(Raised([&] { pi.SetScreenX2(32768); }), kOverflow);
   pi.mlngY1 = 2;
   pi.mlngX1 = INT32_MAX;
-  EXPECT_EQ(ErrorOf([&] { pi.StartPos(1); }), kOverflow);
+  EXPECT_EQ(Raised([&] { pi.StartPos(1); }), kOverflow);
 }
 
 TEST_F(PositionInfoFixture, RelativeTextClampsItsStartAlone) {
@@ -126,54 +121,15 @@ TEST_F(PositionInfoFixture, NamesTheProcedureOfItsFirstLine) {
 }
 
 TEST_F(PositionInfoFixture, RegionsOfTheAreas) {
-  struct Row {
-    const char* what;
-    const char16_t* code;
-    vbide::Selection selection;
-    gsArea area;
-    std::string range;
-    std::u16string text;
-  };
-  const char16_t* const code = u"Dim a\n\nSub A()\nEnd Sub\n\n' B\nSub B()\n  b\nEnd Sub\n' end";
-  const char16_t* const bare = u"Sub A()\nEnd Sub";
-  const char16_t* const twice = u"#If X Then\nSub A()\nEnd Sub\n#Else\nSub A()\nEnd Sub\n#End If";
-  const char16_t* const cases = u"Sub ä()\nEnd Sub\nSub Ä()\nEnd Sub";
-  const std::vector<Row> rows{
-      {"the whole module", code, {3, 1, 3, 1}, gsCurModule, "1,1-10,7", CrLf(code)},
-      {"the procedure with the comment above it and the lines behind the last one",
-       code,
-       {8, 2, 8, 2},
-       gsCurProcedure,
-       "5,1-10,7",
-       u"\r\n' B\r\nSub B()\r\n  b\r\nEnd Sub\r\n' end"},
-      {"a procedure that another one follows",
-       code,
-       {3, 1, 9, 1},
-       gsCurProcedure,
-       "2,1-4,9",
-       u"\r\nSub A()\r\nEnd Sub"},
-      {"the declarations", code, {1, 3, 1, 3}, gsCurProcedure, "1,1-1,7", u"Dim a"},
-      {"a name that stands twice, the first",
-       twice,
-       {2, 1, 2, 1},
-       gsCurProcedure,
-       "1,1-3,9",
-       u"#If X Then\r\nSub A()\r\nEnd Sub"},
-      {"and the second", twice, {5, 1, 5, 1}, gsCurProcedure, "4,1-7,9", u"#Else\r\nSub A()\r\nEnd Sub\r\n#End If"},
-      {"and in the other case", cases, {4, 1, 4, 1}, gsCurProcedure, "3,1-4,9", u"Sub Ä()\r\nEnd Sub"},
-      {"no declarations at all", bare, {1, 1, 1, 1}, gsCurProcedure, "1,1-2,9", CrLf(bare)},
-      {"inside a line", code, {3, 2, 3, 4}, gsSelection, "3,2-3,4", u"ub"},
-      {"over lines", code, {7, 5, 9, 4}, gsSelection, "7,5-9,4", u"B()\r\n  b\r\nEnd"},
-      {"to the end of a line", code, {7, 5, 7, 8}, gsSelection, "7,5-7,8", u"B()"},
-      {"the caret alone", code, {7, 5, 7, 5}, gsSelection, "7,5-7,5", u""},
-  };
-  for (const Row& row : rows) {
-    OpenModule(CrLf(row.code));
-    Activate(u"M", row.selection);
+  const std::map<std::string, gsArea> areas = {
+      {"module", gsCurModule}, {"procedure", gsCurProcedure}, {"selection", gsSelection}};
+  for (const Row& row : Rows("search/PositionInfo.rows", "Regions")) {
+    OpenModule(CrLf(row.Text(1)));
+    Activate(u"M", row.Range(2));
     PositionInfo pi;
-    pi.GetSelInfo(row.area);
-    EXPECT_EQ(Range(pi), row.range) << row.what;
-    EXPECT_EQ(pi.MatchStr(), row.text) << row.what;
+    pi.GetSelInfo(areas.at(row.Bytes(3)));
+    EXPECT_EQ(Range(pi), row.Bytes(4)) << row.Where();
+    EXPECT_EQ(pi.MatchStr(), row.Text(5)) << row.Where();
   }
 }
 
@@ -203,7 +159,7 @@ TEST_F(PositionInfoFixture, AProcedureThatDoesNotHoldTheCaretIsAnError) {
   odd->self = odd;
   PositionInfo pi;
   for (odd->line = 1; odd->line <= 4; ++odd->line) {
-    EXPECT_EQ(ErrorOf([&] { pi.GetProcedure(*odd); }), odd->line < 3 ? 0 : 5) << odd->line;
+    EXPECT_EQ(Raised([&] { pi.GetProcedure(*odd); }), odd->line < 3 ? 0 : 5) << odd->line;
   }
 }
 
@@ -212,7 +168,7 @@ TEST_F(PositionInfoFixture, WithoutAnActivePaneTheRegionStays) {
   PositionInfo pi;
   Set(pi, 7, 7, 8, 8);
   for (const gsArea area : {gsCurModule, gsCurProcedure, gsSelection}) {
-    EXPECT_EQ(ErrorOf([&] { pi.GetSelInfo(area); }), kErrNoCodePane) << area;
+    EXPECT_EQ(Raised([&] { pi.GetSelInfo(area); }), kErrNoCodePane) << area;
   }
   pi.GetSelInfo(gsCurProject);
   pi.GetSelInfo(gsAllProjects);
@@ -242,7 +198,7 @@ TEST(PositionInfoWide, ShowSelectsInScreenColumnsAndComesToTheFront) {
 TEST_F(PositionInfoFixture, AfterTearDownItsTextIsNothing) {
   PositionInfo& pi = InModule(u"x");
   pi.TearDown();
-  EXPECT_EQ(ErrorOf([&] { pi.MatchStr(); }), static_cast<std::int32_t>(ErrorNumber::ObjectNotSet));
+  EXPECT_EQ(Raised([&] { pi.MatchStr(); }), static_cast<std::int32_t>(ErrorNumber::ObjectNotSet));
 }
 
 /// Every conversion on every place of generated modules, against the long way.

@@ -3,64 +3,31 @@
 #include "addin/search/PositionInfo.h"
 #include "base/Text.h"
 #include "search/NaiveModule.h"
+#include "support/Rows.h"
 #include "support/SearchFixture.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 
 TEST(RegExpSearch, LineBreaksAndEmptyMatches) {
-  struct Row {
-    const char16_t* code;
-    const char16_t* pattern;
-    bool singleLine;
-    std::string matches;
-  };
-  const std::vector<Row> rows{
-      {u"ab\ncd", u"b\\r\\nc", false, "M 1,2-2,2 b\\r\\nc"},
-      {u"ab\ncd", u"b\\r\\nc", true, "M 1,2-2,2 b\\r\\nc"},
-      {u"ab\ncd", u"b\\s+c", false, "M 1,2-2,2 b\\r\\nc"},
-      {u"ab\ncd", u"^..$", false, "M 1,1-1,3 ab\nM 2,1-2,3 cd"},
-      {u"ab\ncd", u"^..", true, "M 1,1-1,3 ab"},
-      {u"ab\ncd", u"..$", true, "M 2,1-2,3 cd"},
-      {u"ab\ncd", u".+", false, "M 1,1-1,3 ab\nM 2,1-2,3 cd"},
-      {u"ab\ncd", u"$", false, "M 1,3-1,3 \nM 2,3-2,3 "},
-      {u"ab\ncd", u"^", false, "M 1,1-1,1 \nM 2,1-2,1 "},
-      {u"ab\ncd", u"\\b", false, "M 1,1-1,1 \nM 1,3-1,3 \nM 2,1-2,1 \nM 2,3-2,3 "},
-      {u"ab\n\ncd", u"\\n", false, "M 1,4-2,1 \\n\nM 2,2-3,1 \\n"},  // the LF belongs to its line: length + 2
-      {u"ab\ncd", u"[^x]*", true, "M 1,1-2,3 ab\\r\\ncd\nM 2,3-2,3 "},
-      {u"x\n\n", u"x[\\s\\S]*", false, "M 1,1-2,1 x\\r\\n"},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : Rows("search/RegExpSearch.rows", "LineBreaksAndEmptyMatches")) {
     SearchWorld world;
-    world.OpenModule(CrLf(row.code));
-    world.Condition(gsAllProjects, gsRegular, row.pattern);
-    world.Setting().mblnRegSingleLine = row.singleLine;
+    world.OpenModule(CrLf(row.Text(0)));
+    world.Condition(gsAllProjects, gsRegular, row.Text(1));
+    world.Setting().mblnRegSingleLine = row.Number(2) == 1;
     EXPECT_EQ(world.Search(), "");
-    EXPECT_EQ(world.Matches(), row.matches) << ToUtf8(row.pattern) << " single line " << row.singleLine;
+    EXPECT_EQ(world.Matches(), row.Bytes(3)) << row.Where();
   }
 }
 
 TEST(RegExpSearch, ASelectionIsTheWholeText) {
-  struct Row {
-    const char16_t* pattern;
-    vbide::Selection selection;
-    std::string matches;
-  };
-  const std::vector<Row> rows{
-      {u"^.", {1, 3, 2, 3}, "M 1,3-1,4 c\nM 2,1-2,2 e"},
-      {u".$", {1, 3, 2, 3}, "M 1,4-1,5 d\nM 2,2-2,3 f"},
-      {u"^..$", {2, 2, 2, 4}, "M 2,2-2,4 fg"},
-      {u"\\w+", {1, 3, 3, 2}, "M 1,3-1,5 cd\nM 2,1-2,5 efgh\nM 3,1-3,2 i"},
-      {u"d\\r\\n", {1, 3, 2, 1}, "M 1,4-2,1 d\\r\\n"},
-      {u"$", {1, 2, 1, 5}, "M 1,5-1,5 "},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : Rows("search/RegExpSearch.rows", "Selections")) {
     SearchWorld world;
     world.OpenModule(CrLf(u"abcd\nefgh\nijkl"));
-    world.Activate(u"M", row.selection);
-    world.Condition(gsSelection, gsRegular, row.pattern);
+    world.Activate(u"M", row.Range(1));
+    world.Condition(gsSelection, gsRegular, row.Text(0));
     EXPECT_EQ(world.Search(), "");
-    EXPECT_EQ(world.Matches(), row.matches) << ToUtf8(row.pattern);
+    EXPECT_EQ(world.Matches(), row.Bytes(2)) << row.Where();
   }
 }
 

@@ -6,32 +6,22 @@
 #include "addin/search/PositionInfo.h"
 #include "base/Text.h"
 #include "search/NaiveModule.h"
+#include "support/Rows.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
 
 namespace {
 
-struct Row {
-  const char* what;
-  const char16_t* code;
-  vbide::Selection selection;  ///< the module as a whole when it is the caret at the start
-  const char16_t* pattern;
-  const char16_t* replacement;
-  const char16_t* multiLine;   ///< the module behind a multi-line replace
-  const char16_t* singleLine;  ///< and behind a single-line one
-};
-
-constexpr vbide::Selection kAll{1, 1, 1, 1};
-
 std::u16string Replaced(const Row& row, bool singleLine) {
+  const bool whole = row.Bytes(2).empty();
   SearchWorld world;
-  world.OpenModule(CrLf(row.code));
-  world.Activate(u"M", row.selection);
-  world.Condition(row.selection == kAll ? gsCurModule : gsSelection, gsRegular, row.pattern);
-  world.Setting().mstrReplaceStr = row.replacement;
+  world.OpenModule(CrLf(row.Text(1)));
+  world.Activate(u"M", whole ? vbide::Selection{1, 1, 1, 1} : row.Range(2));
+  world.Condition(whole ? gsCurModule : gsSelection, gsRegular, row.Text(3));
+  world.Setting().mstrReplaceStr = row.Text(4);
   world.Setting().mblnRegSingleLine = singleLine;
-  EXPECT_EQ(world.Replace(), "") << row.what;
+  EXPECT_EQ(world.Replace(), "") << row.Where();
   EXPECT_EQ(world.platform.loop.Yields, 0) << "a replace never yields";
   return world.Module(u"M").Text();
 }
@@ -39,36 +29,9 @@ std::u16string Replaced(const Row& row, bool singleLine) {
 }  // namespace
 
 TEST(Replace, MultiAndSingleLine) {
-  const std::vector<Row> rows{
-      {"all matches, any case, strings and comments too", u"A = \"a\" ' a\nb", kAll, u"a", u"x", u"x = \"x\" ' x\nb",
-       u"x = \"x\" ' x\nb"},
-      {"groups", u"f(a, b)\nf(c, d)", kAll, u"(\\w), (\\w)", u"$2, $1", u"f(b, a)\nf(d, c)", u"f(b, a)\nf(d, c)"},
-      {"no match", u"a\nb", kAll, u"z", u"x", u"a\nb", u"a\nb"},
-      {"to nothing", u"a\nb", kAll, u"a", u"", u"\nb", u"\nb"},
-      {"the last line to nothing", u"a\nb", kAll, u"b", u"", u"a\n", u"a\n"},
-      {"new lines need the multi-line way", u"a b\nc", kAll, u" ", u"\\r\\n", u"a\nb\nc", u"a\\r\\nb\nc"},
-      {"escapes", u"a", kAll, u"a", u"\\t\\\\n\\q$&\\", u"\t\\na", u"\\t\\\\n\\qa\\"},
-      {"joining lines", u"a _\nb\nc", kAll, u" _\\r\\n", u" ", u"a b\nc", u"a _\nb\nc"},
-      {"the start of lines, of the text for the test in single-line mode", u"xa\nxb\nx", kAll, u"^x", u"-",
-       u"-a\n-b\n-", u"-a\n-b\n-"},
-      {"the test runs over the whole region", u"a\nxb", kAll, u"^x", u"-", u"a\n-b", u"a\nxb"},
-      {"the end of lines", u"a\nb", kAll, u"$", u";", u"a;\nb;", u"a;\nb;"},
-      {"inside a line", u"aaaaa", {1, 2, 1, 4}, u"a", u"x", u"axxaa", u"axxaa"},
-      {"anchored at the selection's edges", u"aaaa", {1, 2, 1, 4}, u"^a", u"x", u"axaa", u"axaa"},
-      {"anchored at its end", u"aaaa", {1, 2, 1, 4}, u"a$", u"x", u"aaxa", u"aaxa"},
-      {"over lines", u"aaa\naaa\naaa", {1, 3, 3, 2}, u"a", u"x", u"aax\nxxx\nxaa", u"aax\nxxx\nxaa"},
-      {"to a line's end", u"aa\naa\nb", {1, 2, 2, 3}, u"a", u"x", u"ax\nxx\nb", u"ax\nxx\nb"},
-      {"to the start of a line", u"aa\naa", {1, 2, 2, 1}, u"a", u"x", u"ax\naa", u"ax\naa"},
-      {"a selection with its line break", u"aa\nbb", {1, 2, 2, 2}, u"\\r\\n", u"", u"aabb", u"aa\nbb"},
-      {"nothing selected", u"aa", {1, 2, 1, 2}, u"a", u"x", u"aa", u"aa"},
-      {"nothing selected, an empty match", u"ab", {1, 2, 1, 2}, u"^", u"x", u"axb", u"axb"},
-      {"a new line at the selection's end", u"a1\nb", {1, 1, 1, 3}, u"1$", u"X\\n", u"aX\n\nb", u"aX\\n\nb"},
-      {"a new line at the region's end", u"a\nSub", kAll, u"Sub$", u"Sub\\r", u"a\nSub\n", u"a\nSub\\r"},
-      {"to the end of the module", u"aa\naa", {2, 1, 2, 3}, u"a+", u"x", u"aa\nx", u"aa\nx"},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(ToUtf8(Replaced(row, false)), ToUtf8(CrLf(row.multiLine))) << row.what << ", multi-line";
-    EXPECT_EQ(ToUtf8(Replaced(row, true)), ToUtf8(CrLf(row.singleLine))) << row.what << ", single-line";
+  for (const Row& row : Rows("search/Replace.rows", "MultiAndSingleLine")) {
+    EXPECT_EQ(Replaced(row, false), CrLf(row.Text(5))) << row.Where();
+    EXPECT_EQ(Replaced(row, true), CrLf(row.Text(6))) << row.Where();
   }
 }
 

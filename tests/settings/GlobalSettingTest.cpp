@@ -6,6 +6,7 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Raised.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -128,14 +129,9 @@ TEST_F(GlobalSettingTest, ADamagedValueEndsTheLoadAndStays) {
     Stored() = {{u"SearchItem", u"kept"}, {row.key, row.text}};
     const MemorySettings::Sections before = platform.settings.Now;
     Setting().mcolSearchHistory.RemoveAll();
-    try {
-      Setting().Load();
-      ADD_FAILURE() << ToUtf8(row.key) << " was taken";
-    } catch (const Error& error) {
-      EXPECT_EQ(error.Number, row.error) << ToUtf8(row.key);
-      const std::u16string told = u": " + std::u16string(row.key) + u" = \"" + row.text + u"\"";
-      EXPECT_TRUE(error.Description.ends_with(told)) << ToUtf8(error.Description);
-    }
+    const auto error = Raised([&] { Setting().Load(); });
+    EXPECT_EQ(error, row.error) << ToUtf8(row.key);
+    EXPECT_TRUE(error.Says(": " + ToUtf8(row.key) + " = \"" + ToUtf8(row.text) + "\"")) << error;
     EXPECT_EQ(platform.settings.Now, before);
     EXPECT_EQ(Setting().mcolSearchHistory.Join(), u"kept") << "what stands before is taken";
   }

@@ -8,7 +8,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/HostWindows.h"
 #include "workbench/model/Workbench.h"
@@ -17,7 +17,7 @@
 namespace quorvane::workbench {
 namespace {
 
-using test::ErrorOf;
+using test::Raised;
 using vbide::ConnectMode;
 using vbide::DisconnectMode;
 
@@ -91,17 +91,12 @@ TEST_F(AddInLoaderTest, LoadsOnceAndLetsGoOnce) {
 }
 
 TEST_F(AddInLoaderTest, WhatCannotBeMadeIsNamed) {
-  try {
-    loader->Load(u"No.Such", ConnectMode::Startup);
-    FAIL() << "loaded";
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 429);
-    EXPECT_NE(error.Description.find(u"No.Such"), std::u16string::npos);
-  }
+  const auto error = Raised([&] { loader->Load(u"No.Such", ConnectMode::Startup); });
+  EXPECT_TRUE(error == 429 && error.Says("No.Such")) << error;
   loader->Register(u"Empty.Connect", [] { return nullptr; });
-  EXPECT_EQ(ErrorOf([&] { loader->Load(u"Empty.Connect", ConnectMode::Startup); }), 91);
+  EXPECT_EQ(Raised([&] { loader->Load(u"Empty.Connect", ConnectMode::Startup); }), 91);
   loader->Register(u"Bad.Connect", []() -> std::shared_ptr<vbide::AddInInstance> { throw Error(3, u"making"); });
-  EXPECT_EQ(ErrorOf([&] { loader->Load(u"Bad.Connect", ConnectMode::Startup); }), 3);
+  EXPECT_EQ(Raised([&] { loader->Load(u"Bad.Connect", ConnectMode::Startup); }), 3);
   loader->UnloadAll(DisconnectMode::HostShutdown);
   EXPECT_EQ(log, "");
 }
@@ -109,7 +104,7 @@ TEST_F(AddInLoaderTest, WhatCannotBeMadeIsNamed) {
 TEST_F(AddInLoaderTest, AConnectionThatRaisesLeavesNothingBehind) {
   failing = "A+";
   windows = 2;
-  EXPECT_EQ(ErrorOf([&] { loader->Load(u"A.Connect", ConnectMode::Startup); }), 1);
+  EXPECT_EQ(Raised([&] { loader->Load(u"A.Connect", ConnectMode::Startup); }), 1);
   EXPECT_EQ(Log(), "onA1 -A -A ~A ");
   EXPECT_FALSE(loader->Loaded(u"A.Connect"));
   EXPECT_TRUE(host->TheWindows()->ToolWindows().empty());
@@ -122,7 +117,7 @@ TEST_F(AddInLoaderTest, AConnectionThatRaisesLeavesNothingBehind) {
 TEST_F(AddInLoaderTest, ADisconnectionThatRaisesKeepsNobodyFromGoing) {
   failing = "B-A-";
   LoadAll();
-  EXPECT_EQ(ErrorOf([&] { loader->Unload(u"B.Connect", DisconnectMode::UserClosed); }), 2);
+  EXPECT_EQ(Raised([&] { loader->Unload(u"B.Connect", DisconnectMode::UserClosed); }), 2);
   EXPECT_EQ(Log(), "offB1 -B ~B ");
   EXPECT_EQ(host->TheWindows()->ToolWindows().size(), 2U) << "those of the others stay";
   loader->Load(u"B.Connect", ConnectMode::Startup);

@@ -8,6 +8,8 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/Seen.h"
 #include "workbench/model/Module.h"
 #include "workbench/text/CaseFold.h"
@@ -33,15 +35,6 @@ std::vector<Selection> FindAll(Module& searched, std::u16string_view target, con
   return found;
 }
 
-struct Case {
-  std::u16string target;
-  std::string options;   ///< w, c, p
-  std::string expected;  ///< line:column-end of each match
-};
-
-/// Searches the lines below in the two-byte page; 表 stands for any of its characters.
-class FindTest : public testing::TestWithParam<Case> {};
-
 const std::string kLines =
     "Sub Alpha()\r\n"
     "Attribute Alpha.VB_X = 1\r\n"
@@ -50,42 +43,22 @@ const std::string kLines =
     "\r\n"
     "aaaa #12 ? * ]";
 
-TEST_P(FindTest, GivesTheMatchesOfTheModule) {
+TEST(Find, GivesTheMatchesOfTheModule) {
   const TwoBytePage page;
   TurnClock clock;
   Module module(std::make_shared<SourceFile>(kLines), page, clock);
-  const std::string& options = GetParam().options;
-  const auto has = [&options](char c) { return options.find(c) != options.npos; };
-  std::string text;
-  for (const Selection& s : FindAll(module, GetParam().target, {has('w'), has('c'), has('p')}, {1, 1, 99, 1})) {
-    EXPECT_EQ(s.StartLine, s.EndLine);
-    text += (text.empty() ? "" : " ") + std::to_string(s.StartLine) + ":" + std::to_string(s.StartColumn) + "-" +
-            std::to_string(s.EndColumn);
+  for (const test::Row& row : test::Rows("workbench/Find.rows", "Matches")) {
+    const std::string options = row.Bytes(1);
+    const auto has = [&options](char c) { return options.find(c) != options.npos; };
+    std::string text;
+    for (const Selection& s : FindAll(module, row.Text(0), {has('w'), has('c'), has('p')}, {1, 1, 99, 1})) {
+      EXPECT_EQ(s.StartLine, s.EndLine);
+      text += (text.empty() ? "" : " ") + std::to_string(s.StartLine) + ":" + std::to_string(s.StartColumn) + "-" +
+              std::to_string(s.EndColumn);
+    }
+    EXPECT_EQ(text, row.Bytes(2)) << row.Where();
   }
-  EXPECT_EQ(text, GetParam().expected);
 }
-
-INSTANTIATE_TEST_SUITE_P(Plain, FindTest,
-                         testing::Values(Case{u"alpha", "", "1:5-10 2:3-8 2:11-16 3:10-15 3:18-23"},
-                                         Case{u"alpha", "c", "2:3-8 3:10-15 3:18-23"},
-                                         Case{u"ALPHA", "w", "1:5-10 2:3-8"}, Case{u"lpha", "w", ""},
-                                         Case{u"lpha\u5DDC", "", "3:3-9"}, Case{u"\u5DDC", "", "3:7-9"},
-                                         Case{u"a\u5DDC ", "", "3:6-10"}, Case{u"\u5DC1", "", "3:1-3"},
-                                         Case{u"aa", "", "5:1-3 5:3-5"}, Case{u"", "", ""}, Case{u"x = 1", "", ""},
-                                         Case{u"]", "", "2:26-27 5:14-15"}, Case{u")\r\n", "", ""}, Case{u"\\", "", ""},
-                                         Case{u"?", "", "5:10-11"}));
-
-INSTANTIATE_TEST_SUITE_P(Pattern, FindTest,
-                         testing::Values(Case{u"a*a", "p", "1:5-10 2:3-24 3:6-23 5:1-5"}, Case{u"##", "p", "5:7-9"},
-                                         Case{u"[#]#", "p", "5:6-8"}, Case{u"*", "p", "1:1-12 2:1-30 3:1-23 5:1-15"},
-                                         Case{u"**?", "p", "1:1-12 2:1-30 3:1-23 5:1-15"},
-                                         Case{u"[?] [*] ]", "p", "5:10-15"}, Case{u"[a-b]lpha", "pw", "1:5-10 2:3-8"},
-                                         Case{u"[A-Z]lpha", "pc", "1:5-10"}, Case{u"[!a-z ]alpha", "p", "3:17-23"},
-                                         Case{u"[[]?]", "p", "2:24-27"}, Case{u"[-1]*[x-]", "p", "2:25-29"},
-                                         Case{u"[\u5DDC-\u5DDD]", "p", "3:7-9"}, Case{u"\u5DC1?*\u5DDC", "p", "3:1-9"},
-                                         Case{u"[]alpha[]", "pw", "1:5-10 2:3-8"}, Case{u"a[!]", "p", ""},
-                                         Case{u"*alpha", "pw", "1:1-10 2:1-8 3:1-23"}, Case{u"", "p", ""},
-                                         Case{u"[]", "p", ""}, Case{u"a*", "pw", "1:5-12 2:3-30 3:10-23 5:1-15"}));
 
 TEST(Find, RefusesAnInvalidPattern) {
   const LatinPage page;
@@ -94,13 +67,8 @@ TEST(Find, RefusesAnInvalidPattern) {
   const auto module = test::Seen(whole);
   for (const std::u16string pattern : {u"a[", u"[a", u"a[!", u"x[b-a]", u"[!9-0]"}) {
     Selection range{1, 1, 1, 2};
-    try {
-      module->Find(pattern, range, false, false, true);
-      FAIL() << ToUtf8(pattern);
-    } catch (const Error& error) {
-      EXPECT_EQ(error.Number, 93);
-      EXPECT_EQ(error.Description, u"Invalid pattern string: " + pattern);
-    }
+    EXPECT_EQ(test::Raised([&] { module->Find(pattern, range, false, false, true); }),
+              "93 Invalid pattern string: " + ToUtf8(pattern));
     EXPECT_FALSE(module->Find(pattern, range, false, false, false));
   }
 }
@@ -110,32 +78,12 @@ TEST(Find, StaysInItsRange) {
   TurnClock clock;
   Module whole(std::make_shared<SourceFile>("xx\x95\x41xx\r\nxx\r\n"), page, clock);
   const auto module = test::Seen(whole);
-  struct Row {
-    Selection range;
-    std::u16string target;
-    std::optional<Selection> expected;
-  };
-  const std::vector<Row> rows = {
-      {{1, 2, 1, 3}, u"x", Selection{1, 2, 1, 3}},
-      {{1, 2, 1, 3}, u"xx", {}},
-      {{1, 4, 2, 9}, u"x", Selection{1, 5, 1, 6}},
-      {{1, 4, 2, 9}, u"\u5DC1", {}},
-      {{1, 1, 1, 4}, u"\u5DC1", {}},
-      {{1, 1, 1, 5}, u"\u5DC1", Selection{1, 3, 1, 5}},
-      {{-3, 9, 9, 0}, u"xx", Selection{1, 1, 1, 3}},
-      {{1, 7, 2, 3}, u"xx", Selection{2, 1, 2, 3}},
-      {{1, 7, 2, 2}, u"xx", {}},
-      {{2, 1, 1, 9}, u"x", {}},
-      {{1, 3, 1, 3}, u"x", {}},
-      {{3, 1, 5, 1}, u"x", {}},
-      {{1, 2, 1, -5}, u"x", {}},
-      {{2, 1, 0x7FFFFFFF, 0x7FFFFFFF}, u"x", Selection{2, 1, 2, 2}},
-  };
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    Selection range = rows[i].range;
-    const bool found = module->Find(rows[i].target, range, false, false, false);
-    EXPECT_EQ(found, rows[i].expected.has_value()) << i;
-    EXPECT_EQ(range, rows[i].expected.value_or(rows[i].range)) << i;
+  for (const test::Row& row : test::Rows("workbench/Find.rows", "Ranges")) {
+    const Selection range = row.Range(0);
+    const Selection expected = row.Bytes(2).empty() ? range : row.Range(2);
+    Selection found = range;
+    EXPECT_EQ(module->Find(row.Text(1), found, false, false, false), !row.Bytes(2).empty()) << row.Where();
+    EXPECT_EQ(found, expected) << row.Where();
   }
 }
 

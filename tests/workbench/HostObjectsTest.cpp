@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "native/codepages/CodePages.h"
+#include "support/Raised.h"
 #include "support/Seen.h"
 #include "workbench/model/CommandButton.h"
 #include "workbench/model/Component.h"
@@ -18,18 +19,9 @@
 namespace quorvane::workbench {
 namespace {
 
+using test::Raised;
 using vbide::ComponentType;
 using vbide::Selection;
-
-template <class Call>
-std::int32_t NumberOf(const Call& call) {
-  try {
-    call();
-  } catch (const Error& e) {
-    return e.Number;
-  }
-  return 0;
-}
 
 class HostObjectsTest : public testing::Test {
  protected:
@@ -69,7 +61,7 @@ TEST_F(HostObjectsTest, ABuiltGroupReadsLikeAnOpenedOne) {
   EXPECT_EQ(host->ActiveVBProject()->Name(), u"Q");
   EXPECT_EQ(host->ActiveCodePane(), nullptr);
   EXPECT_EQ(Group{}.Build(*page)->ActiveVBProject(), nullptr);
-  EXPECT_EQ(NumberOf([&] { (void)Group{}.Module(u"M", u"\u0E01").Build(*page); }), 5);
+  EXPECT_EQ(Raised([&] { (void)Group{}.Module(u"M", u"\u0E01").Build(*page); }), 5);
 }
 
 TEST_F(HostObjectsTest, SelectionIsClippedToTheText) {
@@ -120,7 +112,7 @@ TEST_F(HostObjectsTest, TheFrontmostVisiblePaneIsActive) {
   c->Show();
   EXPECT_TRUE(c->Window()->Visible());
   EXPECT_EQ(raised, 5);
-  EXPECT_EQ(NumberOf([&] { built->SetActivePane(nullptr); }), 91);
+  EXPECT_EQ(Raised([&] { built->SetActivePane(nullptr); }), 91);
 }
 
 TEST_F(HostObjectsTest, WhatIsHeldOutlivesItsProjectAndTheWorkbench) {
@@ -141,7 +133,7 @@ TEST_F(HostObjectsTest, WhatIsHeldOutlivesItsProjectAndTheWorkbench) {
   pane->Show();
   late->CodePane()->Show();
   EXPECT_EQ(host->ActiveCodePane(), nullptr);
-  EXPECT_EQ(NumberOf([&] { host->SetActiveProject(project); }), 5);
+  EXPECT_EQ(Raised([&] { host->SetActiveProject(project); }), 5);
   const auto openPane = other->CodePane();
   host.reset();
   other->InsertLines(1, u"edited");
@@ -181,12 +173,12 @@ TEST_F(HostObjectsTest, ButtonsOfTheCommandBars) {
   ASSERT_NE(bar, nullptr);
   EXPECT_EQ(host->CommandBars()->Item(u"Tools"), nullptr);
   EXPECT_EQ(Group{}.NoAddInsBar().Build(*page)->CommandBars()->Item(u"Add-Ins"), nullptr);
-  EXPECT_EQ(NumberOf([&] { bar->AddControl(2); }), 5);
+  EXPECT_EQ(Raised([&] { bar->AddControl(2); }), 5);
   const auto control = bar->AddControl(1);
   const auto button = std::dynamic_pointer_cast<CommandButton>(control);
   const auto source = host->Events()->CommandBarEvents(control);
   EXPECT_EQ(source, host->Events()->CommandBarEvents(control));
-  EXPECT_EQ(NumberOf([&] { host->Events()->CommandBarEvents(nullptr); }), 91);
+  EXPECT_EQ(Raised([&] { host->Events()->CommandBarEvents(nullptr); }), 91);
   int clicks = 0;
   const Subscription clicked = source->Click.Subscribe([&](const auto& which, bool&, bool&) {
     EXPECT_EQ(which, control);
@@ -212,21 +204,16 @@ TEST_F(HostObjectsTest, ToolWindowsAreMadeByProgId) {
   host->TheWindows()->RegisterDocumentFactory(u"P.Doc", [] { return std::make_shared<Hosted>(); });
   const auto addIn = host->TheAddins()->Register(u"P.Connect");
   EXPECT_EQ(host->Addins()->Item(u"p.connect"), addIn);
-  EXPECT_EQ(NumberOf([&] { host->Addins()->Item(u"P.Other"); }), 9);
+  EXPECT_EQ(Raised([&] { host->Addins()->Item(u"P.Other"); }), 9);
   std::shared_ptr<vbide::Document> document;
   const auto window = host->Windows()->CreateToolWindow(addIn, u"P.doc", u"Title", u"{1}", document);
   EXPECT_NE(std::dynamic_pointer_cast<Hosted>(document), nullptr);
   EXPECT_EQ(window->Caption(), u"Title");
   EXPECT_FALSE(window->Visible());
   EXPECT_EQ(host->TheWindows()->ToolWindows()[0]->TheDocument(), document);
-  EXPECT_EQ(NumberOf([&] { window->SetWindowState(3); }), 5);
-  try {
-    host->Windows()->CreateToolWindow(addIn, u"P.Unknown", u"", u"", document);
-    ADD_FAILURE() << "made";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number, 429);
-    EXPECT_NE(e.Description.find(u"P.Unknown"), std::u16string::npos);
-  }
+  EXPECT_EQ(Raised([&] { window->SetWindowState(3); }), 5);
+  const auto error = Raised([&] { host->Windows()->CreateToolWindow(addIn, u"P.Unknown", u"", u"", document); });
+  EXPECT_TRUE(error == 429 && error.Says("P.Unknown")) << error;
 }
 
 }  // namespace

@@ -8,11 +8,14 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Raised.h"
 #include "support/Seen.h"
 #include "workbench/model/Module.h"
 
 namespace quorvane::workbench {
 namespace {
+
+using test::Raised;
 
 using Rows = std::vector<std::u16string>;
 
@@ -30,15 +33,6 @@ std::u16string Join(const Rows& rows, std::size_t first = 0, std::size_t count =
   std::u16string text;
   for (std::size_t i = first; i < rows.size() && i - first < count; ++i) text += (i > first ? u"\r\n" : u"") + rows[i];
   return text;
-}
-
-std::int32_t ErrorOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    return error.Number;
-  }
-  return 0;
 }
 
 TEST_F(ModuleTextTest, InsertsTheLinesOfAText) {
@@ -62,12 +56,12 @@ TEST_F(ModuleTextTest, RefusesLinesThatDoNotExist) {
   Module whole = Make("A\r\nB\r\nC");
   const auto module = test::Seen(whole);
   const std::uint64_t revision = whole.Revision();
-  EXPECT_EQ(ErrorOf([&] { module->InsertLines(0, u"x"); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(0, 1); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(3, 2); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, 0x7FFFFFFF); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, -1); }), 9);
-  EXPECT_EQ(ErrorOf([&] { module->DeleteLines(2, 0); }), 0);
+  EXPECT_EQ(Raised([&] { module->InsertLines(0, u"x"); }), 9);
+  EXPECT_EQ(Raised([&] { module->DeleteLines(0, 1); }), 9);
+  EXPECT_EQ(Raised([&] { module->DeleteLines(3, 2); }), 9);
+  EXPECT_EQ(Raised([&] { module->DeleteLines(2, 0x7FFFFFFF); }), 9);
+  EXPECT_EQ(Raised([&] { module->DeleteLines(2, -1); }), 9);
+  EXPECT_EQ(Raised([&] { module->DeleteLines(2, 0); }), 0);
   EXPECT_EQ(whole.Revision(), revision);
   EXPECT_FALSE(whole.CanUndo());
 
@@ -264,13 +258,7 @@ TEST_F(ModuleTextTest, ComposeKnowsAnUntouchedLineAmongNewOnes) {
 TEST_F(ModuleTextTest, ComposeNamesACharacterThatThePageLacks) {
   Module module = Make("A\r\nB\r\n", &twoByte);
   module.InsertLines(2, u"ab\u00E9");
-  try {
-    module.Compose();
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 5);
-    EXPECT_EQ(ToUtf8(error.Description), "Line 2, column 3: code page two has no character \u00E9 (U+00E9)");
-  }
+  EXPECT_EQ(Raised([&] { module.Compose(); }), "5 Line 2, column 3: code page two has no character \u00E9 (U+00E9)");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "TextPages.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "support/Raised.h"
 #include "support/Seen.h"
 #include "workbench/model/Module.h"
 
@@ -185,13 +186,7 @@ TEST(ProcedureLookup, IgnoresCaseAndFollowsEdits) {
       page, clock);
   EXPECT_EQ(module.ProcStartLine(u"\u00E9T\u00C9", ProcKind::Proc), 2);
   EXPECT_EQ(module.ProcCountLines(u"p", ProcKind::Let), 2);
-  try {
-    module.ProcStartLine(u"P", ProcKind::Get);
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Number, 35);
-    EXPECT_EQ(error.Description, u"Sub or Function not defined: P");
-  }
+  EXPECT_EQ(test::Raised([&] { module.ProcStartLine(u"P", ProcKind::Get); }), "35 Sub or Function not defined: P");
   module.InsertLines(2, u"Sub New1()\r\nEnd Sub");
   EXPECT_EQ(module.ProcStartLine(u"P", ProcKind::Let), 6);
   module.Undo();

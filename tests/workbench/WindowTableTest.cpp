@@ -5,7 +5,7 @@
 
 #include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "workbench/model/HostAddins.h"
 #include "workbench/model/HostWindow.h"
 #include "workbench/model/HostWindows.h"
@@ -79,8 +79,8 @@ TEST_F(WindowTableTest, TheMainWindowIsInFrontWhileVisibleAndPlacesAreNotKept) {
   host_->MainWindow()->SetVisible(false);
   EXPECT_EQ(table_.GetForegroundWindow(), 0);
   ScreenRect rect;
-  EXPECT_EQ(test::ErrorOf([&] { table_.GetWindowRect(main_, rect); }), 445);
-  EXPECT_EQ(test::ErrorOf([&] { table_.GetCursorPos(); }), 445);
+  EXPECT_EQ(test::Raised([&] { table_.GetWindowRect(main_, rect); }), 445);
+  EXPECT_EQ(test::Raised([&] { table_.GetCursorPos(); }), 445);
 }
 
 }  // namespace

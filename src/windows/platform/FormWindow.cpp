@@ -286,6 +286,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SETFOCUS:
       if (view_) view_->TakeFocus();
       return 0;
+    case WM_ENABLE:
+      if (floats_ && wParam == FALSE) ::ShowWindow(Handle(), SW_HIDE);  // above a form that is shown modally now
+      break;
     case WM_WINDOWPOSCHANGING:
       if (IsHeldBack()) reinterpret_cast<WINDOWPOS*>(lParam)->flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
       break;

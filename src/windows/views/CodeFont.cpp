@@ -5,6 +5,7 @@
 #include <string>
 
 #include "windows/platform/Metrics.h"
+#include "windows/views/TextSize.h"
 
 namespace quorvane::windows {
 
@@ -29,19 +30,31 @@ bool IsInstalled(const std::u16string& name) {
   return found;
 }
 
-}  // namespace
-
-FontHandle CodeFont(const Font& wanted) {
-  const bool asked = IsInstalled(wanted.Name);
-  const std::u16string name = asked ? wanted.Name : IsInstalled(u"Consolas") ? u"Consolas" : u"Courier New";
+FontHandle Make(const Font& wanted, const std::u16string& name, BYTE charset) {
   LOGFONTW font{};
   font.lfHeight = -static_cast<LONG>(std::lround(wanted.Size * Dpi() / kPointsOfInch));
   font.lfWeight = wanted.Weight;
   font.lfStrikeOut = wanted.Strikethrough ? 1 : 0;
-  font.lfCharSet = asked ? static_cast<BYTE>(wanted.Charset) : static_cast<BYTE>(DEFAULT_CHARSET);
+  font.lfCharSet = charset;
   font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
   std::memcpy(font.lfFaceName, name.c_str(), (name.size() + 1) * sizeof(wchar_t));
   return FontHandle(::CreateFontIndirectW(&font));
+}
+
+/// A font of that name may be another one that the system has put in its place.
+bool IsFixed(HFONT font) {
+  const LONG blanks = SizeOfLine(font, u"    ").cx;
+  return SizeOfLine(font, u"iiii").cx == blanks && SizeOfLine(font, u"MMMM").cx == blanks;
+}
+
+}  // namespace
+
+FontHandle CodeFont(const Font& wanted) {
+  if (IsInstalled(wanted.Name)) {
+    FontHandle asked = Make(wanted, wanted.Name, static_cast<BYTE>(wanted.Charset));
+    if (IsFixed(asked.Get())) return asked;
+  }
+  return Make(wanted, IsInstalled(u"Consolas") ? u"Consolas" : u"Courier New", ANSI_CHARSET);
 }
 
 }  // namespace quorvane::windows

@@ -9,7 +9,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "windows/bridge/Session.h"
 #include "windows/com/DispatchObject.h"
 #include "windows/com/HostedDocument.h"
@@ -93,7 +93,7 @@ TEST_P(BridgeTest, NothingComesAsNothing) {
   }
   EXPECT_TRUE(host_->VBProjects().empty());
   EXPECT_EQ(host_->CommandBars()->Item(u"Add-Ins"), nullptr);
-  EXPECT_EQ(test::ErrorOf([&] { host_->Addins()->Item(u"No.Such"); }), 9);
+  EXPECT_EQ(test::Raised([&] { host_->Addins()->Item(u"No.Such"); }), 9);
 }
 
 /// What a call gave, or the error that it raised.
@@ -174,7 +174,7 @@ TEST_P(BridgeTest, TheRevisionMovesWhenTheTextMayHave) {
   }
   m->InsertLines(1, u"z");
   EXPECT_GT(m->Revision(), seen.back());
-  EXPECT_EQ(test::ErrorOf([&] { m->DeleteLines(9, 9); }), 9);
+  EXPECT_EQ(test::Raised([&] { m->DeleteLines(9, 9); }), 9);
 }
 
 TEST_P(BridgeTest, ClicksComeUntilTheEnd) {
@@ -184,7 +184,7 @@ TEST_P(BridgeTest, ClicksComeUntilTheEnd) {
     return;
   }
   const auto control = host_->CommandBars()->Item(u"Add-Ins")->AddControl(1);
-  EXPECT_EQ(test::ErrorOf([&] { host_->CommandBars()->Item(u"Add-Ins")->AddControl(2); }), 5);
+  EXPECT_EQ(test::Raised([&] { host_->CommandBars()->Item(u"Add-Ins")->AddControl(2); }), 5);
   const std::shared_ptr<workbench::CommandButton> button = workbench_->TheCommandBars()->Bars()[0]->Buttons().at(0);
   control->SetCaption(u"搜索");
   EXPECT_EQ(button->Caption(), u"搜索");
@@ -208,12 +208,12 @@ TEST_P(BridgeTest, ClicksComeUntilTheEnd) {
   another.reset();
   button->Click();
   EXPECT_EQ(clicks, 2);
-  EXPECT_EQ(test::ErrorOf([&] { host_->Events()->CommandBarEvents(nullptr); }), 91);
+  EXPECT_EQ(test::Raised([&] { host_->Events()->CommandBarEvents(nullptr); }), 91);
   session_->End();
   button->Click();
   EXPECT_EQ(clicks, 2);
   EXPECT_EQ(exporter_->Living.Text(), "");
-  EXPECT_EQ(test::ErrorOf([&] { control->Delete(); }), 91);
+  EXPECT_EQ(test::Raised([&] { control->Delete(); }), 91);
 }
 
 TEST_P(BridgeTest, NothingOfTheHostIsLeftBehindTheEnd) {
@@ -227,9 +227,9 @@ TEST_P(BridgeTest, NothingOfTheHostIsLeftBehindTheEnd) {
   const auto again = std::make_unique<Session>(
       exporter_->Export(std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), workbench_.get())), epoch_, nullptr);
   session_->End();
-  EXPECT_EQ(test::ErrorOf([&] { code->Lines(1, 1); }), 91);
-  EXPECT_EQ(test::ErrorOf([&] { pane->GetSelection(); }), 91);
-  EXPECT_EQ(test::ErrorOf([&] { host_->MainWindow(); }), 91);
+  EXPECT_EQ(test::Raised([&] { code->Lines(1, 1); }), 91);
+  EXPECT_EQ(test::Raised([&] { pane->GetSelection(); }), 91);
+  EXPECT_EQ(test::Raised([&] { host_->MainWindow(); }), 91);
   EXPECT_EQ(again->Application()->ActiveCodePane()->CodeModule()->Lines(1, 1), u"x");
   EXPECT_NE(exporter_->Living.Text(), "");
   again->End();
@@ -271,10 +271,10 @@ TEST_P(BridgeTest, TheDocumentIsFoundBehindWhatTheHostHandsOut) {
   EXPECT_EQ(document, object->document_);
   window->SetVisible(false);
   EXPECT_FALSE(workbench_->MainWindow()->Visible());
-  EXPECT_EQ(test::ErrorOf([&] { window->SetWindowState(7); }), 5);
-  EXPECT_EQ(test::ErrorOf([&] { host_->Windows()->CreateToolWindow(nullptr, u"", u"", u"", document); }), 91);
+  EXPECT_EQ(test::Raised([&] { window->SetWindowState(7); }), 5);
+  EXPECT_EQ(test::Raised([&] { host_->Windows()->CreateToolWindow(nullptr, u"", u"", u"", document); }), 91);
   exporter_->MakeToolWindow = nullptr;
-  EXPECT_EQ(test::ErrorOf([&] { host_->Windows()->CreateToolWindow(known, u"", u"", u"", document); }), 445);
+  EXPECT_EQ(test::Raised([&] { host_->Windows()->CreateToolWindow(known, u"", u"", u"", document); }), 445);
 }
 
 }  // namespace

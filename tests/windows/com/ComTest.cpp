@@ -7,7 +7,7 @@
 
 #include "addin/core/RegistrationData.h"
 #include "base/Text.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "windows/com/AddInObject.h"
 #include "windows/com/Bstr.h"
 #include "windows/com/ClassFactory.h"
@@ -44,12 +44,12 @@ TEST(Variant, ReadsWhatAHostMayGive) {
   EXPECT_EQ(Raw(VT_I4, 5).ToText(), u"5");
   EXPECT_EQ(Variant::To(text).ToText(), u"12");
   EXPECT_EQ(Variant::Of(std::u16string_view(u"a\0b", 3)).ToText(), std::u16string_view(u"a\0b", 3));
-  EXPECT_EQ(test::ErrorOf([] { Variant::Of(u"x").ToInt32(); }), 13);
-  EXPECT_EQ(test::ErrorOf([] { Raw(VT_R8, 1ll << 40).ToInt32(); }), 6);
+  EXPECT_EQ(test::Raised([] { Variant::Of(u"x").ToInt32(); }), 13);
+  EXPECT_EQ(test::Raised([] { Raw(VT_R8, 1ll << 40).ToInt32(); }), 6);
   for (const VARTYPE type : {VT_EMPTY, VT_NULL, VT_DISPATCH, VT_UNKNOWN, VT_ERROR}) {
     EXPECT_FALSE(Raw(static_cast<VARTYPE>(type), 0).ToObject()) << type;
   }
-  EXPECT_EQ(test::ErrorOf([] { Variant::Of(u"x").ToObject(); }), 13);
+  EXPECT_EQ(test::Raised([] { Variant::Of(u"x").ToObject(); }), 13);
 }
 
 HRESULT STDAPICALLTYPE FillLater(EXCEPINFO* exception) {
@@ -63,7 +63,7 @@ TEST(ErrorTranslation, NumbersGoThereAndBack) {
     EXCEPINFO exception{};
     const Error sent(number, u"what", u"where", u"help.hlp", 12);
     EXPECT_EQ(Tell(sent, &exception), DISP_E_EXCEPTION);
-    const Error come = ErrorOf(DISP_E_EXCEPTION, exception);
+    const Error come = Raised(DISP_E_EXCEPTION, exception);
     EXPECT_EQ(come.Number, number);
     EXPECT_EQ(come.Description + come.Source + come.HelpFile, u"whatwherehelp.hlp");
     EXPECT_EQ(come.HelpContext, 12);
@@ -80,16 +80,16 @@ TEST(ErrorTranslation, NumbersGoThereAndBack) {
   };
   for (const auto& [result, number] : rows) {
     EXCEPINFO exception{};
-    const Error come = ErrorOf(result, exception);
+    const Error come = Raised(result, exception);
     EXPECT_EQ(come.Number, number);
     EXPECT_FALSE(come.Description.empty()) << number;
   }
   EXCEPINFO byCode{};
   byCode.wCode = 1004;
-  EXPECT_EQ(ErrorOf(DISP_E_EXCEPTION, byCode).Number, 1004);
+  EXPECT_EQ(Raised(DISP_E_EXCEPTION, byCode).Number, 1004);
   EXCEPINFO deferred{};
   deferred.pfnDeferredFillIn = FillLater;
-  const Error filled = ErrorOf(DISP_E_EXCEPTION, deferred);
+  const Error filled = Raised(DISP_E_EXCEPTION, deferred);
   EXPECT_EQ(ToText(filled.Number) + filled.Description, u"5later");
 }
 
@@ -127,11 +127,11 @@ TEST(LateBound, GivesAndTakesByReference) {
   giver->Release();
   EXPECT_EQ(object.Call(u"Second", 1, 2, 3).ToInt32(), 2);
   EXPECT_EQ(object.Call(u"Second", 1).ToInt32(), -1);
-  EXPECT_EQ(test::ErrorOf([&] { object.Call(u"Number", 1); }), 13);
-  EXPECT_EQ(test::ErrorOf([&] { object.Call(u"Number"); }), 449);
-  EXPECT_EQ(test::ErrorOf([&] { object.Put(u"Fails", Variant::Of(-2147220992)); }), -2147220992);
-  EXPECT_EQ(test::ErrorOf([&] { object.Call(u"Fails", 5); }), 438);
-  EXPECT_EQ(test::ErrorOf([&] { LateBound().Call(u"Number"); }), 91);
+  EXPECT_EQ(test::Raised([&] { object.Call(u"Number", 1); }), 13);
+  EXPECT_EQ(test::Raised([&] { object.Call(u"Number"); }), 449);
+  EXPECT_EQ(test::Raised([&] { object.Put(u"Fails", Variant::Of(-2147220992)); }), -2147220992);
+  EXPECT_EQ(test::Raised([&] { object.Call(u"Fails", 5); }), 438);
+  EXPECT_EQ(test::Raised([&] { LateBound().Call(u"Number"); }), 91);
   try {
     object.Call(u"Missing");
     ADD_FAILURE();

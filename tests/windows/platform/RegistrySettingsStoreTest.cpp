@@ -4,7 +4,7 @@
 #include <random>
 #include <string>
 
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "windows/platform/RegistryNode.h"
 #include "windows/platform/RegistrySettingsStore.h"
 #include "windows/platform/Win32RegistryStore.h"
@@ -44,7 +44,7 @@ TEST_F(RegistrySettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
   store.Commit();
   EXPECT_EQ(Stored(u"k"), u"1");
   store.DeleteSetting(u"应用", u"S");
-  EXPECT_EQ(ErrorOf([&] { store.DeleteSetting(u"应用", u"S"); }), 5);
+  EXPECT_EQ(Raised([&] { store.DeleteSetting(u"应用", u"S"); }), 5);
   store.SaveSetting(u"应用", u"S", u"k", u"2");
   EXPECT_EQ(Stored(u"gone"), u"x");
   store.Commit();

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "support/ErrorOf.h"
+#include "support/Raised.h"
 #include "windows/platform/HttpServer.h"
 #include "windows/platform/PlatformFixture.h"
 #include "windows/platform/WinHttpRequest.h"
@@ -97,7 +97,7 @@ TEST_F(WinHttpRequestTest, AnAbortedRequestIsSilentAndTheNextOneWorks) {
 
 TEST_F(WinHttpRequestTest, RefusesWhatIsNoWebAddress) {
   WinHttpRequest request;
-  EXPECT_EQ(ErrorOf([&] { request.Send(); }), 5);
+  EXPECT_EQ(Raised([&] { request.Send(); }), 5);
   for (const char16_t* url : {u"", u"example.com/x", u"file:///etc/passwd", u"http://"}) {
     EXPECT_THROW(request.Open(u"GET", url, true), Error) << ToUtf8(url);
   }

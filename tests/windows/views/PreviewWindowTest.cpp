@@ -118,6 +118,12 @@ TEST_F(PreviewWindowTest, StaysAwayWhileTheHostWaitsForAnAnswer) {
   form.Hide();
   form.Show();
   EXPECT_TRUE(::IsWindowVisible(Window()));
+  Walk(
+      u"frmAbout", [] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal); },
+      [&] {
+        EXPECT_FALSE(::IsWindowVisible(Window())) << "it was there before";
+        Press(VK_ESCAPE);
+      });
 }
 
 }  // namespace
