@@ -5,6 +5,7 @@
 #include "search/NaiveModule.h"
 #include "support/Rows.h"
 #include "support/SearchFixture.h"
+#include "support/Seen.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane::test {
@@ -55,6 +56,7 @@ TEST(RegExpSearch, AnEditDuringTheSearchIsSeenAtOnce) {
       at = text.find(u"ab", at + 2);
     });
     world.platform.loop.OnYield = [&] {
+      OthersHadTheirTurn();
       const std::int32_t line = dice.Roll(static_cast<std::int32_t>(now.size()));
       switch (dice.Roll(3)) {
         case 1:

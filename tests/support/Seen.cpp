@@ -10,4 +10,6 @@ std::shared_ptr<vbide::CodeModule> Seen(vbide::CodeModule& module) {
   return std::shared_ptr<vbide::CodeModule>(std::shared_ptr<void>(), &module);
 }
 
+void OthersHadTheirTurn() {}
+
 }  // namespace quorvane::test

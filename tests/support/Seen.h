@@ -11,4 +11,7 @@ namespace quorvane::test {
 std::shared_ptr<vbide::VBE> Seen(vbide::VBE& host);
 std::shared_ptr<vbide::CodeModule> Seen(vbide::CodeModule& module);
 
+/// Tells what stands between that somebody else was let at the code, as a message loop does.
+void OthersHadTheirTurn();
+
 }  // namespace quorvane::test

@@ -24,10 +24,8 @@ container::Meanness Asked() {
   return meanness;
 }
 
-/// Nobody dispatches messages here: what the tests do behind the bridge's back may happen at any time.
 bridge::HostEpoch& Epoch() {
   static bridge::HostEpoch epoch;
-  epoch.Advance();
   return epoch;
 }
 
@@ -45,6 +43,10 @@ std::shared_ptr<vbide::CodeModule> Seen(vbide::CodeModule& module) {
   const std::shared_ptr<vbide::CodeModule> own(std::shared_ptr<void>(), &module);
   const auto link = std::make_shared<bridge::HostLink>(Epoch(), nullptr);
   return link->Wrap<bridge::BridgedModule>(exporter->Export(own));
+}
+
+void OthersHadTheirTurn() {
+  Epoch().Advance();
 }
 
 }  // namespace quorvane::test

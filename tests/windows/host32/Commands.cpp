@@ -39,6 +39,10 @@ std::string ClassOf(HWND window) {
   return ToUtf8(name);
 }
 
+std::string FirstLine(const std::string& text) {
+  return text.substr(0, text.find_first_of("\r\n"));
+}
+
 std::string Number(HWND window) {
   return std::to_string(reinterpret_cast<std::uintptr_t>(window));
 }
@@ -50,7 +54,7 @@ std::string Described(HWND window) {
   std::ostringstream line;
   line << Number(window) << ' ' << ClassOf(window) << ' ' << place.left << ' ' << place.top << ' ' << place.right << ' '
        << place.bottom << ' ' << (IsWindowEnabled(window) ? "enabled" : "disabled") << ' '
-       << Number(GetAncestor(window, GA_PARENT)) << ' ' << TitleOf(window) << '\n';
+       << Number(GetAncestor(window, GA_PARENT)) << ' ' << FirstLine(TitleOf(window)) << '\n';
   return line.str();
 }
 
