@@ -63,7 +63,7 @@ TEST(ErrorTranslation, NumbersGoThereAndBack) {
     EXCEPINFO exception{};
     const Error sent(number, u"what", u"where", u"help.hlp", 12);
     EXPECT_EQ(Tell(sent, &exception), DISP_E_EXCEPTION);
-    const Error come = Raised(DISP_E_EXCEPTION, exception);
+    const Error come = ErrorOf(DISP_E_EXCEPTION, exception);
     EXPECT_EQ(come.Number, number);
     EXPECT_EQ(come.Description + come.Source + come.HelpFile, u"whatwherehelp.hlp");
     EXPECT_EQ(come.HelpContext, 12);
@@ -80,16 +80,16 @@ TEST(ErrorTranslation, NumbersGoThereAndBack) {
   };
   for (const auto& [result, number] : rows) {
     EXCEPINFO exception{};
-    const Error come = Raised(result, exception);
+    const Error come = ErrorOf(result, exception);
     EXPECT_EQ(come.Number, number);
     EXPECT_FALSE(come.Description.empty()) << number;
   }
   EXCEPINFO byCode{};
   byCode.wCode = 1004;
-  EXPECT_EQ(Raised(DISP_E_EXCEPTION, byCode).Number, 1004);
+  EXPECT_EQ(ErrorOf(DISP_E_EXCEPTION, byCode).Number, 1004);
   EXCEPINFO deferred{};
   deferred.pfnDeferredFillIn = FillLater;
-  const Error filled = Raised(DISP_E_EXCEPTION, deferred);
+  const Error filled = ErrorOf(DISP_E_EXCEPTION, deferred);
   EXPECT_EQ(ToText(filled.Number) + filled.Description, u"5later");
 }
 
@@ -184,7 +184,7 @@ TEST(AddInObject, HearsTheHostInAnyWay) {
     WriteText(HKEY_CURRENT_USER, key, u"", name);
     const bool known = std::u16string_view(name).ends_with(u"IDTExtensibility");
     ASSERT_EQ(object->QueryInterface(older, byOlder.PutVoid()) == S_OK, known) << ToUtf8(name);
-    if (known) EXPECT_EQ(byOlder->OnDisconnection(7, nullptr), S_OK);
+    if (known) { EXPECT_EQ(byOlder->OnDisconnection(7, nullptr), S_OK); }
   }
   DeleteValue(HKEY_CURRENT_USER, key, u"");
   DeleteKeyIfEmpty(HKEY_CURRENT_USER, key);
