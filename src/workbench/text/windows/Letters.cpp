@@ -17,6 +17,8 @@ char16_t Mapped(char16_t c, DWORD how) {
 }  // namespace
 
 char16_t CapitalOf(char16_t c) {
+  constexpr char16_t kFinalSigma = 0x03C2;  // the invariant locale knows no capital of it
+  if (c == kFinalSigma) return 0x03A3;
   return Mapped(c, LCMAP_UPPERCASE);
 }
 
