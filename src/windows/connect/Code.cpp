@@ -24,6 +24,7 @@
 #include "windows/platform/Window.h"
 #include "windows/views/RegisterFormViews.h"
 #include "windows/views/ResultView.h"
+#include "windows/views/ThemeScope.h"
 
 namespace quorvane::windows {
 
@@ -94,6 +95,7 @@ void Code::End() {
   running = nullptr;
   Window::ForgetClasses();
   ForgetFonts();
+  ThemeScope::Forget();
 }
 
 /// A key that is held back does what it does without the add-in; one that fails is ours, and the press itself tells.

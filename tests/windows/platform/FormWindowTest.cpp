@@ -149,12 +149,13 @@ TEST_F(FormWindowTest, WhatFloatsTakesNoFocusAndIsNoHigherThanTheScreen) {
 
 /// A box that waits for an answer belongs to the host and keeps everything else still.
 TEST_F(FormWindowTest, AMessageBoxDisablesTheHost) {
+  const TestWindow tool(WS_POPUP | WS_VISIBLE);  // of the host, and not its main window
   bool enabled = true;
   HWND owner = nullptr;
   const auto timer = platform.Loop().StartTimer(50, [&] {
     const HWND box = ::FindWindowW(L"#32770", L"Title");
     if (box == nullptr) return;
-    enabled = ::IsWindowEnabled(host.Handle());
+    enabled = ::IsWindowEnabled(host.Handle()) || ::IsWindowEnabled(tool.Handle());
     owner = ::GetWindow(box, GW_OWNER);
     ::PostMessageW(box, WM_COMMAND, IDNO, 0);
   });
@@ -162,7 +163,7 @@ TEST_F(FormWindowTest, AMessageBoxDisablesTheHost) {
   platform.Loop().StopTimer(timer);
   EXPECT_FALSE(enabled);
   EXPECT_EQ(owner, host.Handle());
-  EXPECT_TRUE(::IsWindowEnabled(host.Handle()));
+  EXPECT_TRUE(::IsWindowEnabled(host.Handle()) && ::IsWindowEnabled(tool.Handle()));
 }
 
 }  // namespace quorvane::test
