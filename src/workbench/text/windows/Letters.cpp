@@ -6,19 +6,19 @@ namespace quorvane::workbench {
 
 namespace {
 
-/// `c` in the other case by the invariant locale, if that is a unit beyond ASCII.
+/// `c` in the other case by the rules of language, which know more pairs than those of file names, if that is a unit
+/// beyond ASCII.
 char16_t Mapped(char16_t c, DWORD how) {
   const auto unit = static_cast<wchar_t>(c);
   wchar_t changed = unit;
-  if (LCMapStringW(LOCALE_INVARIANT, how, &unit, 1, &changed, 1) != 1 || changed < 0x80) return c;
+  if (LCMapStringW(LOCALE_INVARIANT, how | LCMAP_LINGUISTIC_CASING, &unit, 1, &changed, 1) != 1 || changed < 0x80)
+    return c;
   return static_cast<char16_t>(changed);
 }
 
 }  // namespace
 
 char16_t CapitalOf(char16_t c) {
-  constexpr char16_t kFinalSigma = 0x03C2;  // the invariant locale knows no capital of it
-  if (c == kFinalSigma) return 0x03A3;
   return Mapped(c, LCMAP_UPPERCASE);
 }
 
