@@ -27,7 +27,6 @@ TEST(UnifiedDiff, ReadsAsOthersDo) {
             "@@ -13,4 +13,3 @@\n 5\n 6\n 7\n-c\n");
 }
 
-#ifndef _WIN32  // no patch there, and names that no file can have
 std::string RandomText(std::mt19937& random) {
   static const std::vector<std::string> kLines = {
       "", "x", "-y", "+++ z", "\\ w", "\xFF\xFE", std::string("a\0b", 3), "lone\rcr"};
@@ -82,7 +81,6 @@ TEST(UnifiedDiff, PatchTakesItAndTheCountsAgree) {
     ASSERT_EQ(folder.Read(names[i]), results[i]) << "seed " << seed << ", file " << names[i];
   }
 }
-#endif
 
 }  // namespace
 }  // namespace quorvane::workbench
