@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
   desktop.Start();
   desktop.Window().OpenFiles({arguments[1]});
 
-  auto& dialog = dynamic_cast<frmSearchDialog&>(*TheForms().Instance(u"frmSearchDialog"));
+  auto& dialog = dynamic_cast<frmSearchDialog&>(*forms::TheForms().Instance(u"frmSearchDialog"));
   dialog.ShowEx();
   const std::u16string text = desktop::FromQString(arguments[2]);
   dialog.cmbSearch->Edit(text, 0, 0);

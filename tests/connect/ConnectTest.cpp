@@ -44,7 +44,7 @@ class ConnectTest : public testing::Test {
   ~ConnectTest() override {
     loader_.reset();
     PageManager::SetPageFactory(nullptr);
-    TheForms().Forget();
+    forms::TheForms().Forget();
   }
 
   void Host(bool addInsBar) {
@@ -54,7 +54,7 @@ class ConnectTest : public testing::Test {
     loader_ = std::make_unique<workbench::AddInLoader>(host_);
     loader_->Register(kAddIn, [] { return std::make_shared<Connect>(); });
     host_->TheWindows()->RegisterDocumentFactory(u"QuorvaneForVB6.ResultDialog", [this] { return MakeDoc(); });
-    TheForms().Register(u"frmSearchDialog", [this] { return std::make_shared<SearchForm>(*this); });
+    forms::TheForms().Register(u"frmSearchDialog", [this] { return std::make_shared<SearchForm>(*this); });
     PageManager::SetPageFactory([this] { return std::make_shared<test::RecordedPage>(log_); });
     Globals::ReleaseObjects();  // the connection makes its own
     if (!addInsBar) return;
@@ -81,7 +81,7 @@ class ConnectTest : public testing::Test {
     return doc;
   }
 
-  class SearchForm final : public Form, public ISearchDialog {
+  class SearchForm final : public forms::Form, public ISearchDialog {
    public:
     explicit SearchForm(ConnectTest& test) : Form(u"frmSearchDialog"), test_(test) {}
     void ShowEx() override {
@@ -92,7 +92,7 @@ class ConnectTest : public testing::Test {
 
    private:
     void Form_Load() override { test_.Note("Form_Load"); }
-    void Form_QueryUnload(bool&, UnloadMode mode) override {
+    void Form_QueryUnload(bool&, forms::UnloadMode mode) override {
       test_.Note("Form_QueryUnload " + std::to_string(static_cast<int>(mode)));
     }
     void Form_Unload(bool&) override {
@@ -243,7 +243,7 @@ TEST_F(ConnectTest, TheTextsFollowTheLanguage) {
   EXPECT_FALSE(HotkeysTake('Q')) << "the entry is disabled";
   bar_->Buttons().front()->SetEnabled(true);
   EXPECT_TRUE(HotkeysTake('Q'));
-  EXPECT_EQ(TheForms().Count(), 1);
+  EXPECT_EQ(forms::TheForms().Count(), 1);
 }
 
 TEST_F(ConnectTest, AFailureOnTheWayInIsShownAndEndsTheStartWhereItHappened) {
@@ -306,7 +306,7 @@ TEST_F(ConnectTest, AFailureOnTheWayOutIsSkipped) {
                   }));
   EXPECT_EQ(platform_.settings.Commits, 1);
   onUnload = onTearDown = nullptr;
-  TheForms().Item(0)->Unload();
+  forms::TheForms().Item(0)->Unload();
 
   Connect never;
   never.OnDisconnection(DisconnectMode::HostShutdown);
@@ -314,7 +314,7 @@ TEST_F(ConnectTest, AFailureOnTheWayOutIsSkipped) {
 
 TEST_F(ConnectTest, AFailureBehindTheMenuIsShown) {
   Load();
-  TheForms().Forget();
+  forms::TheForms().Forget();
   platform_.prompts.Answers = {1};
   bar_->Buttons().front()->Click();
   EXPECT_EQ(Boxes(), Log{"Error:429\r\nDescription:Cannot create the form frmSearchDialog"});

@@ -87,9 +87,9 @@ TEST_F(GlobalsTest, BothWalksGoInTheOrderOfRegisteringAndOneEndsAtAFailure) {
 }
 
 TEST_F(GlobalsTest, UnloadFormsTriesAsOftenAsThereAreForms) {
-  struct Stubborn final : Form {
+  struct Stubborn final : forms::Form {
     Stubborn(const std::u16string& name, Log& theLog, bool refuses) : Form(name), log(theLog), stays(refuses) {}
-    void Form_QueryUnload(bool& cancel, UnloadMode mode) override {
+    void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override {
       log.push_back(ToUtf8(Name()) + " " + std::to_string(static_cast<int>(mode)));
       cancel = stays;
     }
@@ -104,7 +104,7 @@ TEST_F(GlobalsTest, UnloadFormsTriesAsOftenAsThereAreForms) {
   EXPECT_EQ(log_, (Log{"a 1", "b 1", "b 1"}));
   b->stays = false;
   Globals::UnloadForms();
-  EXPECT_EQ(TheForms().Count(), 0);
+  EXPECT_EQ(forms::TheForms().Count(), 0);
 }
 
 TEST_F(GlobalsTest, TheResultDialogNeedsTheHostItsRecordAndADocument) {

@@ -35,7 +35,7 @@ class UpdaterTest : public ::testing::Test {
   ~UpdaterTest() override {
     done_.Reset();
     failed_.Reset();
-    TheForms().Forget();
+    forms::TheForms().Forget();
   }
 
   Updater& updater() { return *Globals::gobjUpdater; }
@@ -148,7 +148,7 @@ TEST_F(UpdaterTest, FailedRequests) {
     platform.loop.Steps.push_back([&] { platform.web.Fail(row.number, row.description); });
     updater().CheckUpdate();
     EXPECT_EQ(events, "error " + std::to_string(row.number) + " " + ToUtf8(row.description));
-    EXPECT_EQ(TheForms().Count(), 0) << "the progress window is gone";
+    EXPECT_EQ(forms::TheForms().Count(), 0) << "the progress window is gone";
   }
   platform.clock.Moment = DateTime::Of(2024, 5, 20, 8, 0, 0);
   updater().menumUpdateInterval = 0;

@@ -100,7 +100,7 @@ TEST_F(LanguageManagerTest, AnErrorIsShownEvenWithoutALanguage) {
 }
 
 /// A form with captions, and one without.
-class CaptionedForm final : public Form, public IVersionUI {
+class CaptionedForm final : public forms::Form, public IVersionUI {
  public:
   explicit CaptionedForm(std::u16string name) : Form(std::move(name)) {}
   void Update() override { SetCaption(Globals::Language().GetString(218)); }
@@ -109,7 +109,7 @@ class CaptionedForm final : public Form, public IVersionUI {
 TEST_F(LanguageManagerTest, UpdateAllUIReachesWhatIsOpen) {
   const auto open = std::make_shared<CaptionedForm>(u"open");
   const auto closed = std::make_shared<CaptionedForm>(u"closed");
-  const auto plain = std::make_shared<Form>(u"plain");
+  const auto plain = std::make_shared<forms::Form>(u"plain");
   plain->Load();
   open->Load();
   std::vector<std::u16string> told;

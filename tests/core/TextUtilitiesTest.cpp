@@ -48,7 +48,7 @@ TEST_F(TextUtilitiesTest, NormalComponents) {
 }
 
 TEST_F(TextUtilitiesTest, GetOptionIndex) {
-  OptionGroup group;
+  forms::OptionGroup group;
   EXPECT_EQ(It().GetOptionIndex(group), 0);
   for (const std::int16_t index : std::initializer_list<std::int16_t>{3, 0, 7}) group.Add(index);
   EXPECT_EQ(It().GetOptionIndex(group), 0);

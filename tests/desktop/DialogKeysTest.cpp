@@ -30,9 +30,10 @@ TEST_F(DialogKeysTest, TheFormSeesAKeyOnce) {
   StartWithGroup();
   ShowDialog();
   int expected = 0;
-  for (const std::shared_ptr<Control>& control :
-       {std::shared_ptr<Control>(Dialog().cmbSearch), std::shared_ptr<Control>(Dialog().optModeButtons[0]),
-        std::shared_ptr<Control>(Dialog().chkMatchCase), std::shared_ptr<Control>(Dialog().cmbReplace)}) {
+  for (const std::shared_ptr<forms::Control>& control :
+       {std::shared_ptr<forms::Control>(Dialog().cmbSearch),
+        std::shared_ptr<forms::Control>(Dialog().optModeButtons[0]),
+        std::shared_ptr<forms::Control>(Dialog().chkMatchCase), std::shared_ptr<forms::Control>(Dialog().cmbReplace)}) {
     QWidget& widget = SearchWindowsTest::WidgetOf(*control);
     widget.setFocus(Qt::MouseFocusReason);
     QTest::keyClick(&widget, Qt::Key_F1);
@@ -81,7 +82,7 @@ TEST_F(DialogKeysTest, ThePreviewStaysAwayFromAModalWindow) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 2;
   Search(QStringLiteral("nextorderno"));
-  auto& preview = dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview"));
+  auto& preview = dynamic_cast<frmCodePreview&>(*forms::TheForms().Instance(u"frmCodePreview"));
   preview.SetMode(1);
   preview.Update(CurrentPage()->mcolResult->Item(1), *CurrentPage()->mobjCondSnap);
   preview.SetMode(0);
@@ -99,7 +100,7 @@ TEST_F(DialogKeysTest, ThePreviewStaysAwayFromAModalWindow) {
 /// The bar follows its control a moment later.
 TEST(TabBarKeysTest, KeysSelectNothingThatTheControlDoesNotOffer) {
   TheApplication();
-  TabControl control;
+  forms::TabControl control;
   const auto first = control.Add(u"a", u"", u"a", -1);
   control.Add(u"b", u"", u"b", -1);
   const auto third = control.Add(u"c", u"", u"c", -1);

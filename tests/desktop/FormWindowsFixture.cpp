@@ -36,7 +36,7 @@ void FormWindowsTest::Walk(const std::u16string& name, const std::function<void(
   bool walked = false;
   QTimer watch;
   QObject::connect(&watch, &QTimer::timeout, [&] {
-    const auto form = TheForms().Count() > 0 ? TheForms().Open().back() : nullptr;
+    const auto form = forms::TheForms().Count() > 0 ? forms::TheForms().Open().back() : nullptr;
     if (!form || form->Name() != name || QApplication::activeWindow() != &WindowOf(*form)) return;
     watch.stop();
     walked = true;
@@ -70,22 +70,22 @@ void FormWindowsTest::Walk(const std::u16string& name, From from, const std::fun
   Walk(
       name, [&] { Choose(QString::fromStdString(entry + (dots ? " ..." : ""))); },
       [&] {
-        EXPECT_EQ(WindowOf(*TheForms().Open().back()).windowHandle()->transientParent(), owner);
+        EXPECT_EQ(WindowOf(*forms::TheForms().Open().back()).windowHandle()->transientParent(), owner);
         walk();
       });
 }
 
-QWidget& FormWindowsTest::WindowOf(const Form& form) {
+QWidget& FormWindowsTest::WindowOf(const forms::Form& form) {
   FormWindow* window = desktop->Forms().WindowOf(form);
   return window != nullptr ? *window : throw std::runtime_error("the form has no window");
 }
 
-QWidget& FormWindowsTest::FindWidget(const quorvane::Dialog& form, const Control& control) {
+QWidget& FormWindowsTest::FindWidget(const forms::Dialog& form, const forms::Control& control) {
   QWidget* widget = Below<DialogView>(WindowOf(form)).WidgetOf(control);
   return widget != nullptr ? *widget : throw std::runtime_error(ToQString(control.Name()).toStdString());
 }
 
-void FormWindowsTest::Click(const quorvane::Dialog& form, const Control& control) {
+void FormWindowsTest::Click(const forms::Dialog& form, const forms::Control& control) {
   QWidget& widget = FindWidget(form, control);
   EXPECT_TRUE(widget.isVisible() && widget.isEnabled()) << ToQString(control.Name()).toStdString();
   QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(10, widget.height() / 2));

@@ -10,10 +10,12 @@
 
 class QUrl;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Control;
 class Dialog;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -44,26 +46,26 @@ class FormWindowsTest : public SearchWindowsTest {
   /// The open form of that class.
   template <class Model>
   static Model& The() {
-    for (const auto& form : TheForms().Open()) {
+    for (const auto& form : forms::TheForms().Open()) {
       if (auto* found = dynamic_cast<Model*>(form.get())) return *found;
     }
     throw std::runtime_error("no such form is open");
   }
-  QWidget& WindowOf(const Form& form);
+  QWidget& WindowOf(const forms::Form& form);
   using SearchWindowsTest::WidgetOf;
   /// The widget of a control of an open form.
   template <class Widget = QWidget>
-  Widget& WidgetOf(const quorvane::Dialog& form, const Control& control) {
+  Widget& WidgetOf(const forms::Dialog& form, const forms::Control& control) {
     return dynamic_cast<Widget&>(FindWidget(form, control));
   }
-  void Click(const quorvane::Dialog& form, const Control& control);
+  void Click(const forms::Dialog& form, const forms::Control& control);
   /// Types a text in the place of what a box holds.
   static void Type(QWidget& box, const QString& text);
 
   AddressCatcher system;
 
  private:
-  QWidget& FindWidget(const quorvane::Dialog& form, const Control& control);
+  QWidget& FindWidget(const forms::Dialog& form, const forms::Control& control);
 };
 
 }  // namespace desktop

@@ -47,7 +47,7 @@ class HotkeyWindowsTest : public FormWindowsTest {
   }
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&Keys().Box(), key, modifiers); }
   QString KeyOf(int row) { return Keys().Commands().topLevelItem(row)->text(1); }
-  void Close(const std::shared_ptr<CommandButton>& button) { FormWindowsTest::Click(The<frmOption>(), *button); }
+  void Close(const std::shared_ptr<forms::CommandButton>& button) { FormWindowsTest::Click(The<frmOption>(), *button); }
 
   /// Whether the search dialog comes by a key pressed in the main window.
   bool Opens(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
@@ -147,11 +147,11 @@ TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {
   EXPECT_TRUE(Opens(Qt::Key_Q));
   Dialog().Hide();
   Walk(
-      u"frmAbout", [] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal); },
+      u"frmAbout", [] { forms::TheForms().Instance(u"frmAbout")->Show(forms::FormModal::Modal); },
       [&] {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Q, Qt::ControlModifier);
         EXPECT_FALSE(Dialog().Visible());
-        TheForms().Instance(u"frmAbout")->Unload();
+        forms::TheForms().Instance(u"frmAbout")->Unload();
       });
   QMessageBox box(&Window());
   box.open();

@@ -173,7 +173,7 @@ TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
   });
   EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|关闭当前页面(&C)|Quorvane插件(&D)|保存(&S)|");
   Walk(
-      u"frmOption", [] { TheForms().Instance(u"frmOption")->Show(FormModal::Modal); },
+      u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },
       [&] {
         EXPECT_EQ(Tabs().tabText(3), QStringLiteral("语言"));
         PickLanguage(1);

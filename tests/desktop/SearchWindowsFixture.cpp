@@ -43,7 +43,7 @@ void SearchWindowsTest::ShowDialog() {
 }
 
 frmSearchDialog& SearchWindowsTest::Dialog() {
-  return dynamic_cast<frmSearchDialog&>(*TheForms().Instance(u"frmSearchDialog"));
+  return dynamic_cast<frmSearchDialog&>(*forms::TheForms().Instance(u"frmSearchDialog"));
 }
 
 ResultDialog& SearchWindowsTest::Document() {
@@ -58,7 +58,7 @@ DialogView& SearchWindowsTest::DialogWidget() {
   return Below<DialogView>(*desktop->Forms().WindowOf(Dialog()));
 }
 
-QWidget& SearchWindowsTest::WidgetOf(const Control& control) {
+QWidget& SearchWindowsTest::WidgetOf(const forms::Control& control) {
   return *DialogWidget().WidgetOf(control);
 }
 

@@ -40,7 +40,7 @@ class SearchWindowsTest : public DesktopTest {
     throw std::runtime_error("no such widget");
   }
   /// The widget of a control of the search dialog.
-  QWidget& WidgetOf(const Control& control);
+  QWidget& WidgetOf(const forms::Control& control);
   ResultView& Results();
   ResultListView& List();
 

@@ -30,12 +30,13 @@ class UpdateWindowsTest : public FormWindowsTest {
   /// Opens the options, presses the button that checks, and closes them again behind whatever came.
   void Check(const std::function<void()>& meanwhile = {}) {
     Walk(
-        u"frmOption", [] { TheForms().Instance(u"frmOption")->Show(FormModal::Modal); },
+        u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },
         [&] {
           frmOption& options = The<frmOption>();
           const auto press = [&] { FormWindowsTest::Click(options, *options.cmd检查更新); };
           meanwhile ? Walk(u"frmProcessing", press, meanwhile) : press();
-          EXPECT_EQ(TheForms().Open().back().get(), &options) << "the progress window is gone, the options are not";
+          EXPECT_EQ(forms::TheForms().Open().back().get(), &options)
+              << "the progress window is gone, the options are not";
           FormWindowsTest::Click(options, *options.cmd取消);
         });
   }
@@ -95,7 +96,9 @@ TEST_F(AboutWindowTest, TextsLinksAndKeys) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 2;
   Search(QStringLiteral("nextorderno"));
-  const auto text = [this](const TextBox& box) { return WidgetOf<QPlainTextEdit>(The<frmAbout>(), box).toPlainText(); };
+  const auto text = [this](const forms::TextBox& box) {
+    return WidgetOf<QPlainTextEdit>(The<frmAbout>(), box).toPlainText();
+  };
   Walk(u"frmAbout", From::ResultMenu, [&] {
     frmAbout& about = The<frmAbout>();
     EXPECT_EQ(WindowOf(about).windowTitle(), QStringLiteral("About Quorvane add-in"));

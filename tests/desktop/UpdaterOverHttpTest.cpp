@@ -23,7 +23,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// The progress window without its controls: begins the check at its load and goes when it is done.
-class Progress final : public Form {
+class Progress final : public forms::Form {
  public:
   Progress() : Form(u"frmProcessing") {}
 
@@ -33,8 +33,8 @@ class Progress final : public Form {
     failed_ = Globals::gobjUpdater->OnError.Subscribe([this](std::int32_t, const auto&) { Unload(); });
     Globals::gobjUpdater->StartCheck();
   }
-  void Form_QueryUnload(bool&, UnloadMode mode) override {
-    if (mode == UnloadMode::FormControlMenu) Globals::gobjUpdater->CancelUpdate();
+  void Form_QueryUnload(bool&, forms::UnloadMode mode) override {
+    if (mode == forms::UnloadMode::FormControlMenu) Globals::gobjUpdater->CancelUpdate();
   }
   void Form_Unload(bool&) override {
     done_.Reset();
@@ -58,7 +58,7 @@ class UpdaterOverHttpTest : public DesktopTest {
     setup.httpLimit = limit;
     Start();
     Globals::Language().Language = 1;
-    TheForms().Register(u"frmProcessing", [] { return std::make_shared<Progress>(); });
+    forms::TheForms().Register(u"frmProcessing", [] { return std::make_shared<Progress>(); });
     done_ = Globals::gobjUpdater->TaskDone.Subscribe([this] { events += "done "; });
     failed_ = Globals::gobjUpdater->OnError.Subscribe([this](std::int32_t number, const std::u16string& words) {
       events += "error " + std::to_string(number & 0xFFFF) + (words.empty() ? " without words" : "");
@@ -78,7 +78,7 @@ class UpdaterOverHttpTest : public DesktopTest {
       Globals::gobjUpdater->ScheduleUpdate();
     }
     EXPECT_TRUE(WaitUntil([&] { return !events.empty() && (!box || !shown.isEmpty()); }, 5s));
-    EXPECT_EQ(TheForms().Count(), 0) << "the progress window is gone";
+    EXPECT_EQ(forms::TheForms().Count(), 0) << "the progress window is gone";
     return events + "| " + shown.section(QLatin1Char('\n'), 0, 0).trimmed().toStdString();
   }
 
@@ -145,13 +145,13 @@ TEST_F(UpdaterOverHttpTest, ACancelledCheckEndsInSilenceAndTheNextOneWorks) {
   StartWith(stalled);
   QTimer closer;
   QObject::connect(&closer, &QTimer::timeout, [&] {
-    if (!stalled.request.isEmpty()) TheForms().Item(0)->CloseByUser();
+    if (!stalled.request.isEmpty()) forms::TheForms().Item(0)->CloseByUser();
   });
   closer.start(1);
   Globals::gobjUpdater->CheckUpdate();
   closer.stop();
   EXPECT_EQ(events, "");
-  EXPECT_EQ(TheForms().Count(), 0);
+  EXPECT_EQ(forms::TheForms().Count(), 0);
 
   HttpServer newer(Response("4.13.0.130"));
   ThePlatform().TheApp().ProjectHost = newer.Host();

@@ -19,7 +19,7 @@ class AboutTest : public test::DialogFixture {
     platform.app.Path = folder.Path().u16string();
     platform.app.ProjectHost = u"host.example:8080";
   }
-  frmAbout& About() { return dynamic_cast<frmAbout&>(*TheForms().Instance(u"frmAbout")); }
+  frmAbout& About() { return dynamic_cast<frmAbout&>(*forms::TheForms().Instance(u"frmAbout")); }
   frmAbout& Open() {
     About().Show();
     return About();
@@ -64,10 +64,10 @@ TEST_F(AboutTest, ALinkThatFailsAndTheWaysOut) {
   EXPECT_TRUE(a.Visible());
   EXPECT_EQ(a.Left(), 200) << "in the middle of the screen";
   EXPECT_TRUE(a.PressAccessKey(u'o'));
-  EXPECT_EQ(TheForms().Count(), 0);
+  EXPECT_EQ(forms::TheForms().Count(), 0);
   platform.loop.Steps = {[&] { EXPECT_TRUE(About().CloseByUser()); }};
-  About().Show(FormModal::Modal);
-  EXPECT_EQ(TheForms().Count(), 0);
+  About().Show(forms::FormModal::Modal);
+  EXPECT_EQ(forms::TheForms().Count(), 0);
 }
 
 }  // namespace

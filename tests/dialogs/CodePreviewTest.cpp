@@ -24,7 +24,7 @@ constexpr WindowHandle kDocument = 901;
 constexpr WindowHandle kOther = 902;
 
 /// "before {red-:old}{blue:new} after": colours by name, "-" where the text is struck through.
-std::string Shown(const RichTextBox& box) {
+std::string Shown(const forms::RichTextBox& box) {
   std::string text;
   for (const auto& run : box.Runs()) {
     const std::u16string part =
@@ -54,7 +54,7 @@ class CodePreviewTest : public test::DialogFixture {
     windows.Foreground = kHost;
   }
 
-  frmCodePreview& Preview() { return dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview")); }
+  frmCodePreview& Preview() { return dynamic_cast<frmCodePreview&>(*forms::TheForms().Instance(u"frmCodePreview")); }
   void SearchAgain() { ActivePage()->mobjTask->Run(kTaskSearch); }
   void Update(std::int32_t match = 1) {
     Preview().Update(ActivePage()->mcolResult->Item(match), *ActivePage()->mobjCondSnap);
@@ -122,10 +122,12 @@ TEST_F(CodePreviewTest, LinesAroundTheMatch) {
 }
 
 /// Ten pixels a character, twenty a line.
-class WideMeasurer final : public TextMeasurer {
+class WideMeasurer final : public forms::TextMeasurer {
  public:
-  std::int32_t LineHeight(const Font& font) const override { return font.Name == u"宋体" && font.Size == 9 ? 20 : 0; }
-  std::int32_t LineWidth(const Font&, std::u16string_view line) const override {
+  std::int32_t LineHeight(const forms::Font& font) const override {
+    return font.Name == u"宋体" && font.Size == 9 ? 20 : 0;
+  }
+  std::int32_t LineWidth(const forms::Font&, std::u16string_view line) const override {
     return 10 * static_cast<std::int32_t>(line.size());
   }
 };

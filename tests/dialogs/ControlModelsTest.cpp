@@ -31,7 +31,7 @@ class ComboTest : public testing::Test {
            "+" + std::to_string(combo.SelLength());
   }
 
-  ComboBox combo;
+  forms::ComboBox combo;
   Log log;
 
  private:
@@ -78,7 +78,7 @@ TEST_F(ComboTest, SelectionStaysInsideTheText) {
 
 TEST_F(ComboTest, ADisabledBoxTakesNoInput) {
   int drops = 0;
-  const auto onDrop = combo.OLEDragDrop.Subscribe([&](const DataObject&) { ++drops; });
+  const auto onDrop = combo.OLEDragDrop.Subscribe([&](const forms::DataObject&) { ++drops; });
   combo.Drop(test::Dragged(u"x"));
   combo.SetEnabled(false);
   combo.Drop(test::Dragged(u"x"));
@@ -91,7 +91,7 @@ TEST_F(ComboTest, ADisabledBoxTakesNoInput) {
 }
 
 TEST(CheckBoxTest, RaisesClickForEveryOtherValue) {
-  CheckBox box;
+  forms::CheckBox box;
   std::string values;
   const auto onClick = box.Click.Subscribe([&] { values += std::to_string(box.Value()); });
   box.Press();
@@ -107,10 +107,10 @@ TEST(CheckBoxTest, RaisesClickForEveryOtherValue) {
 }
 
 TEST(OptionButtonTest, AGroupHasOneSetButtonAndTellsAllOfThem) {
-  OptionGroup group;
-  OptionButton a(group, 3);
-  OptionButton b(group, 0);
-  EXPECT_EQ(Raised([&] { OptionButton(group, 3); }), 457);
+  forms::OptionGroup group;
+  forms::OptionButton a(group, 3);
+  forms::OptionButton b(group, 0);
+  EXPECT_EQ(Raised([&] { forms::OptionButton(group, 3); }), 457);
   Log log;
   const auto onClick =
       group.Click.Subscribe([&](std::int16_t index) { log.push_back("click " + std::to_string(index)); });
@@ -123,12 +123,12 @@ TEST(OptionButtonTest, AGroupHasOneSetButtonAndTellsAllOfThem) {
 }
 
 TEST(AccessKeyTest, IsMarkedInTheCaption) {
-  EXPECT_EQ(AccessKey(u"Rep&lace"), u'l');
-  EXPECT_EQ(AccessKey(u"&Find"), u'f');
-  EXPECT_EQ(AccessKey(u"a && &B"), u'b');
-  EXPECT_EQ(AccessKey(u"a &&b"), 0);
-  EXPECT_EQ(AccessKey(u"end &"), 0);
-  EXPECT_EQ(AccessKey(u""), 0);
+  EXPECT_EQ(forms::AccessKey(u"Rep&lace"), u'l');
+  EXPECT_EQ(forms::AccessKey(u"&Find"), u'f');
+  EXPECT_EQ(forms::AccessKey(u"a && &B"), u'b');
+  EXPECT_EQ(forms::AccessKey(u"a &&b"), 0);
+  EXPECT_EQ(forms::AccessKey(u"end &"), 0);
+  EXPECT_EQ(forms::AccessKey(u""), 0);
 }
 
 /// One character of a text with its look: the naive twin of a rich text box.
@@ -138,9 +138,9 @@ struct Cell {
   bool operator==(const Cell&) const = default;
 };
 
-std::vector<Cell> CellsOf(const RichTextBox& box) {
+std::vector<Cell> CellsOf(const forms::RichTextBox& box) {
   std::vector<Cell> cells;
-  const RichTextBox::Run* before = nullptr;
+  const forms::RichTextBox::Run* before = nullptr;
   for (const auto& run : box.Runs()) {
     EXPECT_EQ(static_cast<std::size_t>(run.Start), cells.size());
     EXPECT_GT(run.Length, 0);
@@ -158,7 +158,7 @@ TEST(RichTextBoxTest, BehavesLikeOneLookForEachCharacter) {
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);
   const auto below = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random); };
-  RichTextBox box;
+  forms::RichTextBox box;
   std::vector<Cell> cells;
   Color caret = 0;
   std::size_t start = 0;
@@ -207,7 +207,7 @@ TEST(RichTextBoxTest, BehavesLikeOneLookForEachCharacter) {
 }
 
 TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
-  TextBox box(TextBox::Lines::Many);
+  forms::TextBox box(forms::TextBox::Lines::Many);
   int changes = 0;
   const auto onChange = box.Change.Subscribe([&] { ++changes; });
   const struct {
@@ -232,7 +232,7 @@ TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
 }
 
 /// A dialog with two tabs, a control of the same access key on each, and buttons for Enter and Esc.
-class TabbedDialog final : public Dialog {
+class TabbedDialog final : public forms::Dialog {
  public:
   TabbedDialog() : Dialog(u"t") {
     first->SetContainer(frame);
@@ -247,11 +247,11 @@ class TabbedDialog final : public Dialog {
     SetCancelButton(cancel);
   }
 
-  const std::shared_ptr<TabStrip> tabs = std::make_shared<TabStrip>(std::int16_t{2});
-  const std::shared_ptr<Frame> frame = std::make_shared<Frame>();
-  const std::shared_ptr<CommandButton> first = std::make_shared<CommandButton>();
-  const std::shared_ptr<CommandButton> second = std::make_shared<CommandButton>();
-  const std::shared_ptr<CommandButton> cancel = std::make_shared<CommandButton>();
+  const std::shared_ptr<forms::TabStrip> tabs = std::make_shared<forms::TabStrip>(std::int16_t{2});
+  const std::shared_ptr<forms::Frame> frame = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::CommandButton> first = std::make_shared<forms::CommandButton>();
+  const std::shared_ptr<forms::CommandButton> second = std::make_shared<forms::CommandButton>();
+  const std::shared_ptr<forms::CommandButton> cancel = std::make_shared<forms::CommandButton>();
 };
 
 TEST(DialogTest, KeysReachOnlyWhatIsOnTheScreen) {
@@ -284,7 +284,7 @@ TEST(DialogTest, KeysReachOnlyWhatIsOnTheScreen) {
 }
 
 TEST(ButtonTest, MayGoDuringItsOwnClick) {
-  auto button = std::make_shared<CommandButton>();
+  auto button = std::make_shared<forms::CommandButton>();
   bool during = false;
   Subscription onClick = button->Click.Subscribe([&] {
     during = button->Value();

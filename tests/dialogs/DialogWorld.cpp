@@ -10,14 +10,14 @@
 
 namespace quorvane::test {
 
-std::string Captions(Dialog& form) {
+std::string Captions(forms::Dialog& form) {
   std::u16string all = form.Caption();
   for (const auto& control : form.Controls().All()) {
-    if (const auto* captioned = dynamic_cast<const CaptionedControl*>(control.get())) {
+    if (const auto* captioned = dynamic_cast<const forms::CaptionedControl*>(control.get())) {
       all += u"|" + captioned->Caption() + captioned->ToolTipText();
-    } else if (const auto* label = dynamic_cast<const Label*>(control.get())) {
+    } else if (const auto* label = dynamic_cast<const forms::Label*>(control.get())) {
       all += u"|" + label->Caption();
-    } else if (const auto* menu = dynamic_cast<const Menu*>(control.get())) {
+    } else if (const auto* menu = dynamic_cast<const forms::Menu*>(control.get())) {
       all += u"|" + menu->Caption();
     }
   }
@@ -27,9 +27,9 @@ std::string Captions(Dialog& form) {
 DialogWorld::DialogWorld() {
   OpenGroup(Group{});
   RegisterDialogs();
-  TheScreen() = {1000, 800};
-  onOpened_ = TheForms().Opened.Subscribe([](Form& form) {
-    if (auto* dialog = dynamic_cast<quorvane::Dialog*>(&form)) {
+  forms::TheScreen() = {1000, 800};
+  onOpened_ = forms::TheForms().Opened.Subscribe([](forms::Form& form) {
+    if (auto* dialog = dynamic_cast<forms::Dialog*>(&form)) {
       dialog->SetWindow(77);
       dialog->SetSize(600, 300);
     }
@@ -44,12 +44,12 @@ DialogWorld::DialogWorld() {
 }
 
 DialogWorld::~DialogWorld() {
-  while (TheForms().Count() > 0) TheForms().Item(0)->Unload();
-  TheForms().Forget();
+  while (forms::TheForms().Count() > 0) forms::TheForms().Item(0)->Unload();
+  forms::TheForms().Forget();
   if (Globals::gobjPageManager) Globals::gobjPageManager->TearDown();
   document->TearDown();
   PageManager::SetPageFactory(nullptr);
-  TheScreen() = {};
+  forms::TheScreen() = {};
 }
 
 void DialogWorld::OpenGroup(const Group& group) {
@@ -59,10 +59,10 @@ void DialogWorld::OpenGroup(const Group& group) {
 }
 
 frmSearchDialog& DialogWorld::Dialog() {
-  return dynamic_cast<frmSearchDialog&>(*TheForms().Instance(u"frmSearchDialog"));
+  return dynamic_cast<frmSearchDialog&>(*forms::TheForms().Instance(u"frmSearchDialog"));
 }
 
-void DialogWorld::Type(ComboBox& combo, const std::u16string& text) {
+void DialogWorld::Type(forms::ComboBox& combo, const std::u16string& text) {
   combo.Edit(text, static_cast<std::int32_t>(text.size()), 0);
 }
 

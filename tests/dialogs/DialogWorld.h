@@ -28,10 +28,10 @@ class PlainWindow final : public vbide::Window {
 };
 
 /// The form's caption and those of its controls in their order, "|" between them.
-std::string Captions(Dialog& form);
+std::string Captions(forms::Dialog& form);
 
 /// What a drag of text brings, or of something else when it is no text.
-class Dragged final : public DataObject {
+class Dragged final : public forms::DataObject {
  public:
   explicit Dragged(std::u16string text, bool isText = true) : text_(std::move(text)), isText_(isText) {}
   bool GetFormat(std::int16_t format) const override { return isText_ && format == 1; }
@@ -54,7 +54,7 @@ class DialogWorld : public SearchWorld {
   /// The one search dialog; another one behind an unload.
   frmSearchDialog& Dialog();
   /// What the user types.
-  void Type(ComboBox& combo, const std::u16string& text);
+  void Type(forms::ComboBox& combo, const std::u16string& text);
   /// The active page's key and the rows of its list behind their places.
   std::string Rows() const;
   /// "search|replace|area|mode|case|word|single line|comment" of the settings.

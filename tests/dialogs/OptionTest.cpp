@@ -34,7 +34,7 @@ class OptionTest : public test::DialogFixture {
     Globals::gobjUpdater->menumSensibility = 0;
     onProperty_ = s.PropertyChange.Subscribe([this](const std::u16string&) { ++redraws; });
   }
-  frmOption& Option() { return dynamic_cast<frmOption&>(*TheForms().Instance(u"frmOption")); }
+  frmOption& Option() { return dynamic_cast<frmOption&>(*forms::TheForms().Instance(u"frmOption")); }
   frmOption& Open() {
     Option().Show();
     return Option();
@@ -92,7 +92,7 @@ TEST_F(OptionTest, OkWithoutAnEditChangesNothing) {
   EXPECT_EQ(Memory(), kBefore);
   EXPECT_EQ(redraws, 0);
   EXPECT_EQ(Dialog().Caption(), u"not renewed");
-  EXPECT_EQ(TheForms().Count(), 1);
+  EXPECT_EQ(forms::TheForms().Count(), 1);
 }
 
 TEST_F(OptionTest, OkTakesAllEditsAndRenewsTheLanguageEverywhere) {
@@ -123,7 +123,7 @@ TEST_F(OptionTest, EveryOtherWayOutDropsTheEdits) {
       Option().cmd取消->Press();
     }
     EXPECT_EQ(Memory(), kBefore);
-    EXPECT_EQ(TheForms().Count(), 0);
+    EXPECT_EQ(forms::TheForms().Count(), 0);
   }
   EXPECT_EQ(redraws, 0);
 }
@@ -136,7 +136,7 @@ TEST_F(OptionTest, LinesThatAreNoNumberDropAllEditsInSilence) {
     Option().txt预览行数->Edit(lines);
     Option().cmd确定->Press();
     EXPECT_EQ(Memory(), "7 3 1 2 0 0 1 Ctrl+Z <!-- mine -->") << ToUtf8(lines) << ": the keys stay";
-    EXPECT_EQ(TheForms().Count(), 0);
+    EXPECT_EQ(forms::TheForms().Count(), 0);
   }
   Open().txt预览行数->Edit(u"0");
   Option().cmd确定->Press();
@@ -176,7 +176,7 @@ TEST_F(OptionTest, KeysOfTheForm) {
   EXPECT_EQ(redraws, 1);
   EXPECT_FALSE(o.PressAccessKey(u'u'));
   EXPECT_TRUE(o.PressAccessKey(u'c'));
-  EXPECT_EQ(TheForms().Count(), 0);
+  EXPECT_EQ(forms::TheForms().Count(), 0);
 }
 
 TEST_F(OptionTest, CaptionsInBothLanguages) {

@@ -18,7 +18,7 @@ constexpr int kOk = 1;
 class ProcessingTest : public test::DialogFixture {
  protected:
   ProcessingTest() { platform.app.ProjectHost = u"host.example"; }
-  frmProcessing& Processing() { return dynamic_cast<frmProcessing&>(*TheForms().Item(0)); }
+  frmProcessing& Processing() { return dynamic_cast<frmProcessing&>(*forms::TheForms().Item(0)); }
   void Close() { EXPECT_TRUE(Processing().CloseByUser()); }
   /// "flags title: text" of each box, line breaks as "/".
   std::string Boxes() {
@@ -75,7 +75,7 @@ TEST_F(ProcessingTest, OutcomesOfACheck) {
     Globals::gobjUpdater->CheckUpdate();
     EXPECT_EQ(Boxes(), row.boxes);
     EXPECT_EQ(test::Join(platform.web.Calls), row.calls);
-    EXPECT_EQ(TheForms().Count(), 0);
+    EXPECT_EQ(forms::TheForms().Count(), 0);
     EXPECT_EQ(platform.loop.RunningTimers(), timers);
     EXPECT_FALSE(platform.web.Answer(u"9.9.9.9"));
   }

@@ -22,7 +22,7 @@ class SearchDialogTest : public test::DialogFixture {
     Dialog().ShowEx();
     return Dialog();
   }
-  static std::string ListOf(const ComboBox& combo) {
+  static std::string ListOf(const forms::ComboBox& combo) {
     std::string list;
     for (std::int32_t i = 0; i < combo.ListCount(); ++i) list += ToUtf8(combo.List(i)) + ",";
     return list;
@@ -30,7 +30,7 @@ class SearchDialogTest : public test::DialogFixture {
   static std::string HistoryOf(const StringCollection& history) { return ToUtf8(history.Join(u",")) + ","; }
   /// What the controls show, in the words of Condition().
   static std::string Screen(const frmSearchDialog& d) {
-    const auto set = [](const OptionGroup& group) {
+    const auto set = [](const forms::OptionGroup& group) {
       for (const auto& [index, value] : group.Buttons()) {
         if (value) return index;
       }
@@ -54,7 +54,7 @@ TEST_F(SearchDialogTest, ControlsStandInTabOrderUnderTheirNames) {
             "lblCurModule cmdSearch cmdReplace cmdCancel mnu快捷菜单 mnu显示结果列表 mnu_s5 mnuToNewTab mnuToCurTab "
             "mnu_s10 mnu选项 mnu_s20 mnu关于 ");
   for (const char16_t* line : {u"mnu_s5", u"mnu_s10", u"mnu_s20"}) {
-    EXPECT_TRUE(dynamic_cast<const Menu&>(*Dialog().Controls().Item(line)).IsSeparator());
+    EXPECT_TRUE(dynamic_cast<const forms::Menu&>(*Dialog().Controls().Item(line)).IsSeparator());
   }
 }
 
@@ -73,9 +73,9 @@ TEST_F(SearchDialogTest, CaptionsFollowTheLanguageAndAccessKeysDiffer) {
     Globals::Language().UpdateAllUI();
     std::set<char16_t> keys;
     for (const auto& control : Dialog().Controls().All()) {
-      const auto* captioned = dynamic_cast<const CaptionedControl*>(control.get());
-      if (captioned == nullptr || AccessKey(captioned->Caption()) == 0) continue;
-      EXPECT_TRUE(keys.insert(AccessKey(captioned->Caption())).second) << ToUtf8(captioned->Caption());
+      const auto* captioned = dynamic_cast<const forms::CaptionedControl*>(control.get());
+      if (captioned == nullptr || forms::AccessKey(captioned->Caption()) == 0) continue;
+      EXPECT_TRUE(keys.insert(forms::AccessKey(captioned->Caption())).second) << ToUtf8(captioned->Caption());
     }
     EXPECT_EQ(keys.size(), 16u);
   }

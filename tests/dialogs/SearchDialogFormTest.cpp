@@ -41,7 +41,7 @@ TEST_F(SearchDialogFormTest, ThePlaceSurvivesHidingAndIsLostWithAnUnload) {
   Dialog().ShowEx();
   EXPECT_EQ(Dialog().Left(), 1);
   EXPECT_EQ(Dialog().cmbSearch->Text(), u"") << "a hidden dialog is not loaded anew";
-  for (const UnloadMode mode : {UnloadMode::FormCode, UnloadMode::AppWindows}) {
+  for (const forms::UnloadMode mode : {forms::UnloadMode::FormCode, forms::UnloadMode::AppWindows}) {
     EXPECT_TRUE(Dialog().Unload(mode));
     Dialog().ShowEx();
     EXPECT_EQ(Dialog().Left(), 200);
@@ -51,7 +51,7 @@ TEST_F(SearchDialogFormTest, ThePlaceSurvivesHidingAndIsLostWithAnUnload) {
 
 TEST_F(SearchDialogFormTest, AnUnloadedDialogHearsNoPages) {
   Dialog().ShowEx();
-  const auto gone = std::dynamic_pointer_cast<frmSearchDialog>(TheForms().Instance(u"frmSearchDialog"));
+  const auto gone = std::dynamic_pointer_cast<frmSearchDialog>(forms::TheForms().Instance(u"frmSearchDialog"));
   gone->Unload();
   Globals::gobjPageManager->AddNewPage();
   platform.prompts.Answers = {1};

@@ -241,7 +241,7 @@ TEST_F(SearchDialogTaskTest, TheDialogIsAtRestBehindASearchWhosePageWasClosed) {
 
 TEST_F(SearchDialogTaskTest, UnloadedDuringItsTaskTheDialogLeavesTheTaskAlone) {
   Ready();
-  const auto gone = std::dynamic_pointer_cast<frmSearchDialog>(TheForms().Instance(u"frmSearchDialog"));
+  const auto gone = std::dynamic_pointer_cast<frmSearchDialog>(forms::TheForms().Instance(u"frmSearchDialog"));
   InTheFirstTurn([&] {
     gone->Unload();
     Setting().mstrSearchStr = u"of another dialog";

@@ -68,7 +68,7 @@ class RealWindows : public DisplayTest {
     Must(IsInFront(SearchDialog()), "the search dialog beside the code");
   }
 
-  FormWindow& PreviewWindow() { return *desktop->Forms().WindowOf(*TheForms().Instance(u"frmCodePreview")); }
+  FormWindow& PreviewWindow() { return *desktop->Forms().WindowOf(*forms::TheForms().Instance(u"frmCodePreview")); }
 
   void ShowResultsOf(const QString& text) {
     Walk([&] { SearchByKeys(text); });
@@ -261,7 +261,7 @@ TEST_F(RealWindows, PreviewFollowsThePointerAndTakesNothing) {
     ASSERT_TRUE(Soon(preview));
     EXPECT_LT(waited.elapsed(), 1000);
     const auto text = [] {
-      return dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview")).rtPreview->Text();
+      return dynamic_cast<frmCodePreview&>(*forms::TheForms().Instance(u"frmCodePreview")).rtPreview->Text();
     };
     const std::u16string second = See(text);
     EXPECT_TRUE(IsInFront(Main()));

@@ -15,9 +15,9 @@ using test::Raised;
 
 class TabControlTest : public testing::Test {
  protected:
-  std::shared_ptr<Tab> Add(const std::u16string& key, std::u16string_view before = {}) {
+  std::shared_ptr<forms::Tab> Add(const std::u16string& key, std::u16string_view before = {}) {
     auto tab = bar_.Add(key, before, key, -1);
-    auto panel = std::make_shared<Control>();
+    auto panel = std::make_shared<forms::Control>();
     tab->SetPanel(panel);
     return tab;
   }
@@ -32,7 +32,7 @@ class TabControlTest : public testing::Test {
     return text;
   }
 
-  TabControl bar_;
+  forms::TabControl bar_;
   std::string events_;
   Subscription onSelected_ =
       bar_.TabSelected.Subscribe([this](const auto& tab) { events_ += "selected " + ToUtf8(tab->Key()) + ";"; });
@@ -132,7 +132,7 @@ TEST_F(TabControlTest, AHandlerMayCancelTheClosingOrRemoveTheTabItself) {
 }
 
 TEST_F(TabControlTest, ATabOutlivesItsControl) {
-  auto bar = std::make_unique<TabControl>();
+  auto bar = std::make_unique<forms::TabControl>();
   const auto tab = bar->Add(u"a", u"", u"a", 0);
   bar.reset();
   tab->SetCaption(u"x");

@@ -14,7 +14,7 @@ using Times = std::vector<std::int64_t>;
 
 class TimerTest : public testing::Test {
  protected:
-  void Listen(Timer& timer) {
+  void Listen(forms::Timer& timer) {
     onTick_ = timer.Tick.Subscribe([this] { ticks_.push_back(loop_.Now()); });
   }
 
@@ -25,7 +25,7 @@ class TimerTest : public testing::Test {
 };
 
 TEST_F(TimerTest, TicksOnlyWhileEnabledAndWithAnInterval) {
-  Timer timer(0, true);
+  forms::Timer timer(0, true);
   Listen(timer);
   loop_.Advance(1000);
   EXPECT_EQ(loop_.RunningTimers(), 0U);
@@ -43,13 +43,13 @@ TEST_F(TimerTest, TicksOnlyWhileEnabledAndWithAnInterval) {
 }
 
 TEST_F(TimerTest, MayBeSwitchedOffOrDestroyedByItsOwnTick) {
-  Timer once(10, true);
+  forms::Timer once(10, true);
   Listen(once);
   const Subscription off = once.Tick.Subscribe([&] { once.SetEnabled(false); });
   loop_.Advance(100);
   EXPECT_EQ(ticks_, (Times{10}));
 
-  auto gone = std::make_unique<Timer>(10, true);
+  auto gone = std::make_unique<forms::Timer>(10, true);
   const Subscription destroy = gone->Tick.Subscribe([&] { gone.reset(); });
   loop_.Advance(100);
   EXPECT_EQ(gone, nullptr);
@@ -57,7 +57,7 @@ TEST_F(TimerTest, MayBeSwitchedOffOrDestroyedByItsOwnTick) {
 }
 
 TEST_F(TimerTest, RefusesAnIntervalOutOfRangeAndKeepsItsOwn) {
-  Timer timer(10, false);
+  forms::Timer timer(10, false);
   for (const std::int32_t bad : {-1, 65536}) {
     EXPECT_EQ(test::Raised([&] { timer.SetInterval(bad); }), 380) << bad;
   }

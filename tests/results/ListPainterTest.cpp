@@ -126,8 +126,8 @@ TEST_F(ListPainterTest, FontsAreMadeOnceForTheFirstRow) {
 
 TEST_F(ListPainterTest, TheFontIsThatOfTheListWhenThePageWasMade) {
   Page page;
-  page.mlstResultList = std::make_shared<OwnerDrawList>();
-  Font font;
+  page.mlstResultList = std::make_shared<forms::OwnerDrawList>();
+  forms::Font font;
   font.Name = u"Courier";
   font.Size = 8.5;
   font.Italic = font.Underline = font.Strikethrough = font.Bold = true;

@@ -50,7 +50,7 @@ class World {
     for (const auto& page : *manager_.mcolPages) text += " " + ToUtf8(page->Key());
     return text;
   }
-  std::shared_ptr<Tab> TabOf(const std::u16string& key) { return doc_->tabControl->Item(key); }
+  std::shared_ptr<forms::Tab> TabOf(const std::u16string& key) { return doc_->tabControl->Item(key); }
   void Pages(int count) {
     for (int i = 0; i < count; ++i) manager_.AddNewPage();
     log_.clear();

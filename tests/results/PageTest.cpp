@@ -289,7 +289,7 @@ TEST_F(PageTest, HoveringPreviewsAMatchOnce) {
   EXPECT_EQ(Search(u"Dim"), "");
   EXPECT_EQ(hover(0), "row-at:77:131075 update:1 pos");
   EXPECT_EQ(hover(0), "row-at:77:131075");
-  TheForms().Instance(u"frmCodePreview")->Hide();
+  forms::TheForms().Instance(u"frmCodePreview")->Hide();
   EXPECT_EQ(hover(0), "row-at:77:131075 update:1 pos") << "the only row, and the preview was hidden";
 
   List().Clear();
@@ -313,7 +313,7 @@ TEST_F(PageTest, ResetShowsNothingYetADocumentRemains) {
 
 TEST_F(PageTest, TheLayoutFollowsThePanel) {
   Pages().AddNewPage();
-  const auto place = [](const Control& control) {
+  const auto place = [](const forms::Control& control) {
     return std::to_string(control.Left()) + "," + std::to_string(control.Top()) + " " +
            std::to_string(control.Width()) + "x" + std::to_string(control.Height());
   };

@@ -20,7 +20,7 @@ class ResultDialogTest : public testing::Test, public ResultWorld {
   ResultDialogTest() : ResultWorld(Group{}.Project(u"P").Module(u"M", CrLf(u"x = x\n'x"))) {}
 
   /// The items with "*" checked, "!" not enabled, "-" for lines.
-  static std::string Menu(const quorvane::Menu& menu) {
+  static std::string Menu(const forms::Menu& menu) {
     std::vector<std::string> lines;
     for (const auto& item : menu.Items()) {
       lines.push_back(item->IsSeparator() ? "-"
@@ -148,7 +148,7 @@ TEST_F(ResultDialogTest, TheEndOfATaskRenewsTheStatusUnlessItReplaced) {
 
 TEST_F(ResultDialogTest, ThePreviewModeFollowsTheChecks) {
   const struct {
-    quorvane::Menu& press;
+    forms::Menu& press;
     const char* log;
     bool code, replace, replaceEnabled;
   } steps[] = {
@@ -171,7 +171,7 @@ TEST_F(ResultDialogTest, ThePreviewModeFollowsTheChecks) {
 TEST_F(ResultDialogTest, TheMenuShowsTheSearchDialogAndTellsOfFailures) {
   Doc().mnuShowSearchDialog.Press();
   EXPECT_EQ(Log(), "ShowEx");
-  TheForms().Forget();
+  forms::TheForms().Forget();
   platform.prompts.Answers = {1, 1, 1};
   Doc().mnuShowSearchDialog.Press();
   Doc().mnuSetOption.Press();

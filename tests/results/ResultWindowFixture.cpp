@@ -36,7 +36,7 @@ class ResultWorld::Windows final : public NativeWindows {
   workbench::WindowTable table_;
 };
 
-class ResultWorld::SearchDialog final : public Form, public ISearchDialog {
+class ResultWorld::SearchDialog final : public forms::Form, public ISearchDialog {
  public:
   explicit SearchDialog(ResultWorld& world) : Form(u"frmSearchDialog"), world_(world) {}
   void ShowEx() override { world_.log.push_back("ShowEx"); }
@@ -45,7 +45,7 @@ class ResultWorld::SearchDialog final : public Form, public ISearchDialog {
   ResultWorld& world_;
 };
 
-class ResultWorld::Preview final : public Form, public ICodePreview {
+class ResultWorld::Preview final : public forms::Form, public ICodePreview {
  public:
   explicit Preview(ResultWorld& world) : Form(u"frmCodePreview"), world_(world) {}
   std::int32_t Mode() const override { return mode_; }
@@ -84,13 +84,13 @@ ResultWorld::ResultWorld(const Group& group) : host_(group.Build(platform.AnsiCo
 ResultWorld::~ResultWorld() {
   loader_.reset();
   PageManager::SetPageFactory(nullptr);
-  TheForms().Forget();
+  forms::TheForms().Forget();
   platform.windows = nullptr;
 }
 
 void ResultWorld::RegisterForms() {
-  TheForms().Register(u"frmSearchDialog", [this] { return std::make_shared<SearchDialog>(*this); });
-  TheForms().Register(u"frmCodePreview", [this] { return std::make_shared<Preview>(*this); });
+  forms::TheForms().Register(u"frmSearchDialog", [this] { return std::make_shared<SearchDialog>(*this); });
+  forms::TheForms().Register(u"frmCodePreview", [this] { return std::make_shared<Preview>(*this); });
 }
 
 std::string ResultWorld::Search(const std::u16string& text) {

@@ -51,7 +51,7 @@ class ResultWorld {
   workbench::ToolWindow& Window() { return dynamic_cast<workbench::ToolWindow&>(*Globals::gobjToolWindow); }
   PageManager& Pages() { return *Globals::gobjPageManager; }
   Page& Active() { return dynamic_cast<Page&>(*Pages().ActivePage()); }
-  OwnerDrawList& List() { return *Active().mlstResultList; }
+  forms::OwnerDrawList& List() { return *Active().mlstResultList; }
   GlobalSetting& Setting() { return *Globals::gobjSetting; }
 
   /// Searches all projects for plain text on the active page, making one where there is none. "" or the error as

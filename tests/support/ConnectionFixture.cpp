@@ -9,7 +9,7 @@ void RecordedPage::Note(const std::string& what) {
   log_.push_back(ToUtf8(key_) + " " + what);
 }
 
-void RecordedPage::Setup(const std::shared_ptr<Tab>& theTab) {
+void RecordedPage::Setup(const std::shared_ptr<forms::Tab>& theTab) {
   Note("Setup");
   tab = theTab;
   tab->SetPanel(panel);

@@ -35,8 +35,8 @@ class RecordedPage final : public IResultPage {
   std::shared_ptr<TaskManager> Task() const override { return nullptr; }
   std::shared_ptr<FilterManager> Filter() const override { return nullptr; }
   WindowHandle ListHWnd() const override { return 0; }
-  std::shared_ptr<Control> Panel() const override { return panel; }
-  void Setup(const std::shared_ptr<Tab>& theTab) override;
+  std::shared_ptr<forms::Control> Panel() const override { return panel; }
+  void Setup(const std::shared_ptr<forms::Tab>& theTab) override;
   void TearDown() override;
   void UpdateStatus() override { Note("UpdateStatus"); }
   void LocateNextResult() override { Note("LocateNextResult"); }
@@ -46,8 +46,8 @@ class RecordedPage final : public IResultPage {
   bool CanRefresh() const override { return false; }
   void RefreshResult() override { Note("RefreshResult"); }
 
-  std::shared_ptr<Tab> tab;
-  std::shared_ptr<Control> panel = std::make_shared<Control>();
+  std::shared_ptr<forms::Tab> tab;
+  std::shared_ptr<forms::Control> panel = std::make_shared<forms::Control>();
 
  private:
   void Note(const std::string& what);
@@ -66,19 +66,19 @@ class RecordedDoc final : public vbide::Document, public ILib, public IResultLis
   void TearDown() override;
   void Update() override { log_.push_back("document Update"); }
 
-  quorvane::Controls& Controls() override { return controls_; }
+  forms::Controls& Controls() override { return controls_; }
   void PopupMenu() override {}
   bool ShowPreview() const override { return false; }
   WindowHandle hwnd() const override { return 0; }
-  std::shared_ptr<quorvane::TabControl> TabControl() override { return tabControl; }
+  std::shared_ptr<forms::TabControl> TabControl() override { return tabControl; }
 
-  std::shared_ptr<quorvane::TabControl> tabControl = std::make_shared<quorvane::TabControl>();
+  std::shared_ptr<forms::TabControl> tabControl = std::make_shared<forms::TabControl>();
   std::function<void()> onSetup;
   std::function<void()> onTearDown;
 
  private:
   Log& log_;
-  quorvane::Controls controls_;
+  forms::Controls controls_;
 };
 
 }  // namespace quorvane::test

@@ -38,7 +38,7 @@ Connect::~Connect() {
 }
 
 void Connect::Show() {
-  const std::shared_ptr<Form> form = TheForms().Instance(u"frmSearchDialog");
+  const std::shared_ptr<forms::Form> form = forms::TheForms().Instance(u"frmSearchDialog");
   Deref(std::dynamic_pointer_cast<ISearchDialog>(form)).ShowEx();
 }
 

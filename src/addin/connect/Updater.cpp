@@ -85,7 +85,7 @@ void Updater::mobjSetting_SaveSetting(const std::u16string& appname, const std::
 
 void Updater::CheckUpdate() {
   mblnPassive = false;
-  Deref(TheForms().Instance(u"frmProcessing")).Show(FormModal::Modal);
+  Deref(forms::TheForms().Instance(u"frmProcessing")).Show(forms::FormModal::Modal);
 }
 
 void Updater::StartCheck() {

@@ -60,7 +60,7 @@ void SetupObjects() {
 }
 
 void UnloadForms() {
-  for (std::int32_t left = TheForms().Count(); left > 0; --left) TheForms().Item(0)->Unload();
+  for (std::int32_t left = forms::TheForms().Count(); left > 0; --left) forms::TheForms().Item(0)->Unload();
 }
 
 void TearDownObjects() {

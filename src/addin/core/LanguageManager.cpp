@@ -61,8 +61,8 @@ std::optional<std::u16string_view> LanguageManager::Entry(std::int32_t id) const
 }
 
 void LanguageManager::UpdateAllUI() const {
-  const auto open = TheForms().Open();
-  for (const std::shared_ptr<Form>& form : open) UpdateUI(form.get());
+  const auto open = forms::TheForms().Open();
+  for (const std::shared_ptr<forms::Form>& form : open) UpdateUI(form.get());
   Changed.Raise();
 }
 

@@ -166,7 +166,7 @@ std::int16_t Utilities::GetModuleCount(const vbide::VBProject& project) const {
   return count;
 }
 
-std::int16_t Utilities::GetOptionIndex(const OptionGroup& ctrl) const {
+std::int16_t Utilities::GetOptionIndex(const forms::OptionGroup& ctrl) const {
   for (const auto& [index, value] : ctrl.Buttons()) {
     if (value) return index;
   }

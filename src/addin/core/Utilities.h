@@ -8,9 +8,11 @@
 
 #include "platform/NativeWindows.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class OptionGroup;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace vbide {
 class VBComponent;
@@ -78,7 +80,7 @@ class Utilities {
   }
 
   /// The lowest index whose option is set, or 0 when there is none.
-  std::int16_t GetOptionIndex(const OptionGroup& ctrl) const;
+  std::int16_t GetOptionIndex(const forms::OptionGroup& ctrl) const;
 
   /// Expands the escapes of a replacement text: \t \r \n \\; any other escape and a single backslash at the end vanish.
   std::u16string ReplaceSpecialChar(std::u16string_view src) const;

@@ -10,9 +10,9 @@
 namespace quorvane {
 
 /// A dialog of the add-in: a failure in the handler of an event is shown to the user and goes no further.
-class FramedDialog : public Dialog {
+class FramedDialog : public forms::Dialog {
  public:
-  using Dialog::Dialog;
+  using forms::Dialog::Dialog;
   ~FramedDialog() override;
 
  protected:

@@ -6,7 +6,7 @@ namespace quorvane {
 
 namespace {
 
-void Fill(const std::shared_ptr<Frame>& frame, std::initializer_list<std::shared_ptr<Control>> controls) {
+void Fill(const std::shared_ptr<forms::Frame>& frame, std::initializer_list<std::shared_ptr<forms::Control>> controls) {
   for (const auto& control : controls) {
     frame->Children.push_back(control);
     control->SetContainer(frame);
@@ -14,13 +14,14 @@ void Fill(const std::shared_ptr<Frame>& frame, std::initializer_list<std::shared
 }
 
 template <std::size_t N>
-void Fill(const std::shared_ptr<Frame>& frame, const std::array<std::shared_ptr<OptionButton>, N>& buttons) {
+void Fill(const std::shared_ptr<forms::Frame>& frame,
+          const std::array<std::shared_ptr<forms::OptionButton>, N>& buttons) {
   for (const auto& button : buttons) Fill(frame, {button});
 }
 
 template <std::size_t N>
-void PlaceButtons(Controls& controls, const std::u16string& name,
-                  const std::array<std::shared_ptr<OptionButton>, N>& buttons) {
+void PlaceButtons(forms::Controls& controls, const std::u16string& name,
+                  const std::array<std::shared_ptr<forms::OptionButton>, N>& buttons) {
   for (const auto& button : buttons) controls.Place(name, button->Index(), button);
 }
 
@@ -43,11 +44,11 @@ void OptionControls::PutInFrames() {
   Fill(Frame选择语言, {Combo语言});
 }
 
-void OptionControls::PutOnTab(std::int16_t tab, std::initializer_list<std::shared_ptr<Control>> controls) {
+void OptionControls::PutOnTab(std::int16_t tab, std::initializer_list<std::shared_ptr<forms::Control>> controls) {
   for (const auto& control : controls) control->SetContainer(SSTab设定->Panel(tab));
 }
 
-void OptionControls::PlaceIn(Controls& controls) const {
+void OptionControls::PlaceIn(forms::Controls& controls) const {
   controls.Place(u"SSTab设定", SSTab设定);
   controls.Place(u"Frame代码预览", Frame代码预览);
   controls.Place(u"lbl预览行数", lbl预览行数);

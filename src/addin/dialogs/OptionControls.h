@@ -18,9 +18,11 @@
 #include "platform/forms/TabStrip.h"
 #include "platform/forms/TextBox.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Controls;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 /// The controls of the options dialog as they are designed, tab by tab, with the two buttons below the tabs. The
 /// container of a control is its frame, or the panel of its tab.
@@ -33,58 +35,61 @@ class OptionControls {
 
   OptionControls();
 
-  const std::shared_ptr<TabStrip> SSTab设定 = std::make_shared<TabStrip>(std::int16_t{4});
+  const std::shared_ptr<forms::TabStrip> SSTab设定 = std::make_shared<forms::TabStrip>(std::int16_t{4});
 
   // General
-  const std::shared_ptr<Frame> Frame代码预览 = std::make_shared<Frame>();
-  const std::shared_ptr<Label> lbl预览行数 = std::make_shared<Label>();
-  const std::shared_ptr<TextBox> txt预览行数 = std::make_shared<TextBox>();
-  const std::shared_ptr<CommandButton> cmd恢复默认预览行数 = std::make_shared<CommandButton>();
+  const std::shared_ptr<forms::Frame> Frame代码预览 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::Label> lbl预览行数 = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::TextBox> txt预览行数 = std::make_shared<forms::TextBox>();
+  const std::shared_ptr<forms::CommandButton> cmd恢复默认预览行数 = std::make_shared<forms::CommandButton>();
 
-  const std::shared_ptr<Frame> Frame更新 = std::make_shared<Frame>();
-  const std::shared_ptr<Frame> Frame自动检查更新 = std::make_shared<Frame>();  ///< in Frame更新
-  OptionGroup optInterval;                                                     ///< the index is the interval
-  const std::array<std::shared_ptr<OptionButton>, 5> optIntervalButtons = MakeOptionButtons<5>(optInterval);
-  const std::shared_ptr<Slider> Slider灵敏度 = std::make_shared<Slider>(0, 2);
-  const std::shared_ptr<Label> lbl灵敏度 = std::make_shared<Label>();
-  const std::shared_ptr<CommandButton> cmd检查更新 = std::make_shared<CommandButton>();
+  const std::shared_ptr<forms::Frame> Frame更新 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::Frame> Frame自动检查更新 = std::make_shared<forms::Frame>();  ///< in Frame更新
+  forms::OptionGroup optInterval;  ///< the index is the interval
+  const std::array<std::shared_ptr<forms::OptionButton>, 5> optIntervalButtons =
+      forms::MakeOptionButtons<5>(optInterval);
+  const std::shared_ptr<forms::Slider> Slider灵敏度 = std::make_shared<forms::Slider>(0, 2);
+  const std::shared_ptr<forms::Label> lbl灵敏度 = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::CommandButton> cmd检查更新 = std::make_shared<forms::CommandButton>();
 
-  const std::shared_ptr<Frame> Frame自动隐藏搜索框 = std::make_shared<Frame>();
-  OptionGroup optAutoHideSearchDlg;
-  const std::array<std::shared_ptr<OptionButton>, 3> optAutoHideSearchDlgButtons =
-      MakeOptionButtons<3>(optAutoHideSearchDlg);
+  const std::shared_ptr<forms::Frame> Frame自动隐藏搜索框 = std::make_shared<forms::Frame>();
+  forms::OptionGroup optAutoHideSearchDlg;
+  const std::array<std::shared_ptr<forms::OptionButton>, 3> optAutoHideSearchDlgButtons =
+      forms::MakeOptionButtons<3>(optAutoHideSearchDlg);
 
-  const std::shared_ptr<Frame> Frame默认搜索位置 = std::make_shared<Frame>();
-  OptionGroup opt默认搜索位置;
-  const std::array<std::shared_ptr<OptionButton>, 3> opt默认搜索位置Buttons = MakeOptionButtons<3>(opt默认搜索位置);
+  const std::shared_ptr<forms::Frame> Frame默认搜索位置 = std::make_shared<forms::Frame>();
+  forms::OptionGroup opt默认搜索位置;
+  const std::array<std::shared_ptr<forms::OptionButton>, 3> opt默认搜索位置Buttons =
+      forms::MakeOptionButtons<3>(opt默认搜索位置);
 
-  const std::shared_ptr<Frame> Frame定位选项 = std::make_shared<Frame>();
-  const std::shared_ptr<CheckBox> chk定位时将代码窗口最大化 = std::make_shared<CheckBox>();
+  const std::shared_ptr<forms::Frame> Frame定位选项 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::CheckBox> chk定位时将代码窗口最大化 = std::make_shared<forms::CheckBox>();
 
   // Filter
-  const std::shared_ptr<TextBox> TextXsl = std::make_shared<TextBox>(TextBox::Lines::Many);
-  const std::shared_ptr<CommandButton> cmd应用过滤器 = std::make_shared<CommandButton>();
-  const std::shared_ptr<CommandButton> cmd重置过滤器 = std::make_shared<CommandButton>();
-  const std::shared_ptr<CommandButton> cmd过滤器帮助 = std::make_shared<CommandButton>();
+  const std::shared_ptr<forms::TextBox> TextXsl = std::make_shared<forms::TextBox>(forms::TextBox::Lines::Many);
+  const std::shared_ptr<forms::CommandButton> cmd应用过滤器 = std::make_shared<forms::CommandButton>();
+  const std::shared_ptr<forms::CommandButton> cmd重置过滤器 = std::make_shared<forms::CommandButton>();
+  const std::shared_ptr<forms::CommandButton> cmd过滤器帮助 = std::make_shared<forms::CommandButton>();
 
   // Hotkey
   chordtrap::ChordTrapControl ChordTrapControl1;  ///< fills its tab
 
   // Language
-  const std::shared_ptr<Frame> Frame选择语言 = std::make_shared<Frame>();
-  const std::shared_ptr<ComboBox> Combo语言 = std::make_shared<ComboBox>();  ///< picked from, never typed into
+  const std::shared_ptr<forms::Frame> Frame选择语言 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::ComboBox> Combo语言 =
+      std::make_shared<forms::ComboBox>();  ///< picked from, never typed into
 
   // Below the tabs
-  const std::shared_ptr<CommandButton> cmd确定 = std::make_shared<CommandButton>();
-  const std::shared_ptr<CommandButton> cmd取消 = std::make_shared<CommandButton>();
+  const std::shared_ptr<forms::CommandButton> cmd确定 = std::make_shared<forms::CommandButton>();
+  const std::shared_ptr<forms::CommandButton> cmd取消 = std::make_shared<forms::CommandButton>();
 
  protected:
   /// Takes all of them but ChordTrapControl1 into a form's collection, in tab order.
-  void PlaceIn(Controls& controls) const;
+  void PlaceIn(forms::Controls& controls) const;
 
  private:
   void PutInFrames();
-  void PutOnTab(std::int16_t tab, std::initializer_list<std::shared_ptr<Control>> controls);
+  void PutOnTab(std::int16_t tab, std::initializer_list<std::shared_ptr<forms::Control>> controls);
 };
 
 }  // namespace quorvane

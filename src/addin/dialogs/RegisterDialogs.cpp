@@ -10,11 +10,11 @@
 namespace quorvane {
 
 void RegisterDialogs() {
-  TheForms().Register(u"frmSearchDialog", [] { return std::make_shared<frmSearchDialog>(); });
-  TheForms().Register(u"frmCodePreview", [] { return std::make_shared<frmCodePreview>(); });
-  TheForms().Register(u"frmAbout", [] { return std::make_shared<frmAbout>(); });
-  TheForms().Register(u"frmProcessing", [] { return std::make_shared<frmProcessing>(); });
-  TheForms().Register(u"frmOption", [] { return std::make_shared<frmOption>(); });
+  forms::TheForms().Register(u"frmSearchDialog", [] { return std::make_shared<frmSearchDialog>(); });
+  forms::TheForms().Register(u"frmCodePreview", [] { return std::make_shared<frmCodePreview>(); });
+  forms::TheForms().Register(u"frmAbout", [] { return std::make_shared<frmAbout>(); });
+  forms::TheForms().Register(u"frmProcessing", [] { return std::make_shared<frmProcessing>(); });
+  forms::TheForms().Register(u"frmOption", [] { return std::make_shared<frmOption>(); });
 }
 
 }  // namespace quorvane

@@ -11,9 +11,9 @@ namespace {
 /// The buttons of optArea from top to bottom.
 constexpr std::array<std::size_t, 5> kAreasOnScreen = {3, 0, 1, 2, 4};
 
-void PlaceButtons(Controls& controls, const std::u16string& name, const Frame& frame) {
+void PlaceButtons(forms::Controls& controls, const std::u16string& name, const forms::Frame& frame) {
   for (const auto& child : frame.Children) {
-    controls.Place(name, std::static_pointer_cast<OptionButton>(child)->Index(), child);
+    controls.Place(name, std::static_pointer_cast<forms::OptionButton>(child)->Index(), child);
   }
 }
 
@@ -27,7 +27,7 @@ SearchDialogControls::SearchDialogControls() {
   mnu快捷菜单->SetVisible(false);
 }
 
-void SearchDialogControls::PlaceIn(Controls& controls) const {
+void SearchDialogControls::PlaceIn(forms::Controls& controls) const {
   controls.Place(u"lblMatch", lblMatch);
   controls.Place(u"cmbSearch", cmbSearch);
   controls.Place(u"lblReplace", lblReplace);
@@ -47,7 +47,7 @@ void SearchDialogControls::PlaceIn(Controls& controls) const {
   PlaceMenu(controls);
 }
 
-void SearchDialogControls::PlaceMenu(Controls& controls) const {
+void SearchDialogControls::PlaceMenu(forms::Controls& controls) const {
   static constexpr std::array<const char16_t*, 8> kEntries = {
       u"mnu显示结果列表", u"mnu_s5", u"mnuToNewTab", u"mnuToCurTab", u"mnu_s10", u"mnu选项", u"mnu_s20", u"mnu关于"};
   controls.Place(u"mnu快捷菜单", mnu快捷菜单);

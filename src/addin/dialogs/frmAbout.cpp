@@ -29,7 +29,7 @@ std::u16string MailAddress() {
   return u"quorvane@" + host.substr(0, host.find(u':'));
 }
 
-void MakeLink(Label& label, const std::u16string& text) {
+void MakeLink(forms::Label& label, const std::u16string& text) {
   label.SetCaption(text);
   label.ForeColor = kBlue;
   label.HandPointer = true;
@@ -37,7 +37,7 @@ void MakeLink(Label& label, const std::u16string& text) {
 
 }  // namespace
 
-frmAbout::frmAbout() : FramedDialog(u"frmAbout", FormBorder::FixedDialog, FormStart::CenterScreen) {
+frmAbout::frmAbout() : FramedDialog(u"frmAbout", forms::FormBorder::FixedDialog, forms::FormStart::CenterScreen) {
   PlaceControls();
   Line1[0]->BorderColor = kWhite;
   Line1[1]->BorderColor = kGray;
@@ -84,7 +84,7 @@ void frmAbout::Form_Load() {
   });
 }
 
-void frmAbout::LoadFile(TextBox& box, const std::u16string& name) {
+void frmAbout::LoadFile(forms::TextBox& box, const std::u16string& name) {
   const std::u16string file = ThePlatform().TheApp().FileBeside(name);
   const std::filesystem::path path(file);
   if (!std::filesystem::exists(path)) return;

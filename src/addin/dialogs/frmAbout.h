@@ -23,19 +23,21 @@ class frmAbout final : public FramedDialog, public IVersionUI {
   frmAbout();
   ~frmAbout() override;
 
-  const std::shared_ptr<PictureBox> picIcon = std::make_shared<PictureBox>();
-  const std::shared_ptr<Label> lblTitle = std::make_shared<Label>();
-  const std::shared_ptr<Label> lblVersion = std::make_shared<Label>();
-  const std::shared_ptr<Frame> Frame说明 = std::make_shared<Frame>();
-  const std::shared_ptr<TextBox> txt说明 = std::make_shared<TextBox>(TextBox::Lines::Many);
-  const std::shared_ptr<Frame> Frame许可 = std::make_shared<Frame>();
-  const std::shared_ptr<TextBox> txt许可 = std::make_shared<TextBox>(TextBox::Lines::Many);
-  const std::array<std::shared_ptr<Line>, 2> Line1 = {std::make_shared<Line>(), std::make_shared<Line>()};
-  const std::shared_ptr<Label> lbl网址 = std::make_shared<Label>();
-  const std::shared_ptr<Label> lblProjectUrl = std::make_shared<Label>();
-  const std::shared_ptr<Label> lbl邮箱 = std::make_shared<Label>();
-  const std::shared_ptr<Label> lblEmail = std::make_shared<Label>();
-  const std::shared_ptr<CommandButton> cmdOK = std::make_shared<CommandButton>();  ///< default and cancel button
+  const std::shared_ptr<forms::PictureBox> picIcon = std::make_shared<forms::PictureBox>();
+  const std::shared_ptr<forms::Label> lblTitle = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::Label> lblVersion = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::Frame> Frame说明 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::TextBox> txt说明 = std::make_shared<forms::TextBox>(forms::TextBox::Lines::Many);
+  const std::shared_ptr<forms::Frame> Frame许可 = std::make_shared<forms::Frame>();
+  const std::shared_ptr<forms::TextBox> txt许可 = std::make_shared<forms::TextBox>(forms::TextBox::Lines::Many);
+  const std::array<std::shared_ptr<forms::Line>, 2> Line1 = {std::make_shared<forms::Line>(),
+                                                             std::make_shared<forms::Line>()};
+  const std::shared_ptr<forms::Label> lbl网址 = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::Label> lblProjectUrl = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::Label> lbl邮箱 = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::Label> lblEmail = std::make_shared<forms::Label>();
+  const std::shared_ptr<forms::CommandButton> cmdOK =
+      std::make_shared<forms::CommandButton>();  ///< default and cancel button
 
   /// IVersionUI_Update: all captions.
   void Update() override;
@@ -46,7 +48,7 @@ class frmAbout final : public FramedDialog, public IVersionUI {
  private:
   void PlaceControls();
   /// Fills `box` from a file in the program's folder; leaves it empty without one.
-  static void LoadFile(TextBox& box, const std::u16string& name);
+  static void LoadFile(forms::TextBox& box, const std::u16string& name);
 };
 
 }  // namespace quorvane

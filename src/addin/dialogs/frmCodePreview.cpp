@@ -43,7 +43,7 @@ const Utilities& Util() {
 }
 
 std::int32_t PixelsOf(double twips) {
-  return Checked32(std::llround(twips / TheScreen().TwipsPerPixel));
+  return Checked32(std::llround(twips / forms::TheScreen().TwipsPerPixel));
 }
 
 std::shared_ptr<IResultPage> ActivePage() {
@@ -52,9 +52,9 @@ std::shared_ptr<IResultPage> ActivePage() {
 
 }  // namespace
 
-frmCodePreview::frmCodePreview() : Dialog(u"frmCodePreview", FormBorder::None) {
+frmCodePreview::frmCodePreview() : Dialog(u"frmCodePreview", forms::FormBorder::None) {
   constexpr std::int16_t kChineseSimplified = 134;
-  quorvane::Font font{u"宋体", 9};
+  forms::Font font{u"宋体", 9};
   font.Charset = kChineseSimplified;
   rtPreview->SetFont(font);
   Controls().Place(u"rtPreview", rtPreview);
@@ -63,7 +63,7 @@ frmCodePreview::frmCodePreview() : Dialog(u"frmCodePreview", FormBorder::None) {
 
 frmCodePreview::~frmCodePreview() = default;
 
-void frmCodePreview::SetMeasurer(std::shared_ptr<const TextMeasurer> measurer) {
+void frmCodePreview::SetMeasurer(std::shared_ptr<const forms::TextMeasurer> measurer) {
   Deref(measurer);
   measurer_ = std::move(measurer);
 }
@@ -81,7 +81,7 @@ void frmCodePreview::SetMode(std::int32_t mode) {
 
 void frmCodePreview::Update(const std::shared_ptr<PositionInfo>& pi, ICondInfo& cond) {
   const PositionInfo& match = Deref(pi);
-  RichTextBox& box = *rtPreview;
+  forms::RichTextBox& box = *rtPreview;
   box.SetText({});
   box.SetSelStrikeThru(false);
   box.SetSelColor(kBlack);
@@ -99,7 +99,7 @@ void frmCodePreview::Update(const std::shared_ptr<PositionInfo>& pi, ICondInfo& 
 
 /// The old text stays, and the new one stands behind it.
 void frmCodePreview::ShowReplacement(const PositionInfo& pi, const ICondInfo& cond) {
-  RichTextBox& box = *rtPreview;
+  forms::RichTextBox& box = *rtPreview;
   box.SetSelColor(kRed);
   box.SetSelStrikeThru(true);
   const std::u16string old = box.SelText();
@@ -123,7 +123,7 @@ std::u16string frmCodePreview::Replacement(const std::u16string& old, const ICon
 }
 
 void frmCodePreview::FitSize() {
-  const double twips = TheScreen().TwipsPerPixel;
+  const double twips = forms::TheScreen().TwipsPerPixel;
   const double height = measurer_->TextHeight(Font(), rtPreview->Text()) * twips;
   const double width = measurer_->TextWidth(Font(), rtPreview->Text()) * twips;
   SetSize(Width(), PixelsOf(height * kHeightFactor + kMargin));
@@ -132,9 +132,9 @@ void frmCodePreview::FitSize() {
 
 void frmCodePreview::Form_Resize() {
   if (Top() < 0) Move(Left(), 0);
-  const std::int32_t room = TheScreen().Width - Left();
+  const std::int32_t room = forms::TheScreen().Width - Left();
   if (room < Width()) SetSize(room, Height());
-  const std::int32_t unit = TheScreen().TwipsPerPixel;
+  const std::int32_t unit = forms::TheScreen().TwipsPerPixel;
   rtPreview->Move(0, 0, Width() * unit - kBoxMargin, Height() * unit - kBoxMargin);
   rtPreview->Refresh();
 }

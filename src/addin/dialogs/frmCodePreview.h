@@ -24,7 +24,7 @@ class RegExp;
 /// here. Left to itself the form counts characters.
 ///
 /// A failure reaches the caller, but that of the timer, which goes off without a word.
-class frmCodePreview final : public Dialog, public ICodePreview {
+class frmCodePreview final : public forms::Dialog, public ICodePreview {
  public:
   frmCodePreview();
   ~frmCodePreview() override;
@@ -36,12 +36,12 @@ class frmCodePreview final : public Dialog, public ICodePreview {
   bool CanShow() override;
   void UpdatePreviewPos() override;
 
-  const quorvane::Font& Font() const { return rtPreview->Font(); }
+  const forms::Font& Font() const { return rtPreview->Font(); }
   /// Never nothing.
-  void SetMeasurer(std::shared_ptr<const TextMeasurer> measurer);
+  void SetMeasurer(std::shared_ptr<const forms::TextMeasurer> measurer);
 
-  const std::shared_ptr<RichTextBox> rtPreview = std::make_shared<RichTextBox>();
-  Timer TimerSetVisible{200, false};
+  const std::shared_ptr<forms::RichTextBox> rtPreview = std::make_shared<forms::RichTextBox>();
+  forms::Timer TimerSetVisible{200, false};
 
  protected:
   void Form_Unload(bool& cancel) override;
@@ -59,7 +59,7 @@ class frmCodePreview final : public Dialog, public ICodePreview {
 
   std::int32_t mlngMode = 0;           ///< 0 off, 1 code preview, 2 replace preview
   std::unique_ptr<RegExp> mobjRegExp;  ///< made at first use
-  std::shared_ptr<const TextMeasurer> measurer_ = std::make_shared<TextMeasurer>();
+  std::shared_ptr<const forms::TextMeasurer> measurer_ = std::make_shared<forms::TextMeasurer>();
   Subscription onTimer_;
 };
 

@@ -38,7 +38,7 @@ std::u16string Text(std::int32_t id) {
 }
 
 /// The option of that value; error 9 when the stored value is none.
-void Select(OptionGroup& group, std::int32_t value) {
+void Select(forms::OptionGroup& group, std::int32_t value) {
   if (value < 0 || value > std::int32_t{group.Buttons().rbegin()->first}) {
     RaiseError(ErrorNumber::SubscriptOutOfRange);
   }
@@ -46,13 +46,13 @@ void Select(OptionGroup& group, std::int32_t value) {
 }
 
 template <std::size_t N>
-void SetCaptions(const std::array<std::shared_ptr<OptionButton>, N>& buttons, std::int32_t firstId) {
+void SetCaptions(const std::array<std::shared_ptr<forms::OptionButton>, N>& buttons, std::int32_t firstId) {
   for (std::size_t i = 0; i < N; ++i) buttons[i]->SetCaption(Text(firstId + static_cast<std::int32_t>(i)));
 }
 
 }  // namespace
 
-frmOption::frmOption() : FramedDialog(u"frmOption", FormBorder::FixedDialog, FormStart::CenterScreen) {
+frmOption::frmOption() : FramedDialog(u"frmOption", forms::FormBorder::FixedDialog, forms::FormStart::CenterScreen) {
   PlaceIn(Controls());
   On(cmd确定->Click, [this] { Unload(); });
   On(cmd取消->Click, [this] { Unload(); });

@@ -18,7 +18,8 @@ constexpr int kCritical = 16;
 
 }  // namespace
 
-frmProcessing::frmProcessing() : FramedDialog(u"frmProcessing", FormBorder::FixedToolWindow, FormStart::CenterScreen) {
+frmProcessing::frmProcessing()
+    : FramedDialog(u"frmProcessing", forms::FormBorder::FixedToolWindow, forms::FormStart::CenterScreen) {
   Controls().Place(u"pb检查更新", pb检查更新);
   On(Timer进度条.Tick, [this] { Timer进度条_Timer(); });
 }
@@ -52,9 +53,9 @@ void frmProcessing::mobjUpdater_OnError(std::int32_t number, const std::u16strin
   });
 }
 
-void frmProcessing::Form_QueryUnload(bool&, UnloadMode mode) {
+void frmProcessing::Form_QueryUnload(bool&, forms::UnloadMode mode) {
   Framed([&] {
-    if (mode == UnloadMode::FormControlMenu) Deref(mobjUpdater).CancelUpdate();
+    if (mode == forms::UnloadMode::FormControlMenu) Deref(mobjUpdater).CancelUpdate();
   });
 }
 

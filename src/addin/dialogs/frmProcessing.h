@@ -23,15 +23,15 @@ class frmProcessing final : public FramedDialog, public IVersionUI {
   frmProcessing();
   ~frmProcessing() override;
 
-  const std::shared_ptr<ProgressBar> pb检查更新 = std::make_shared<ProgressBar>(0, 100);
-  Timer Timer进度条{200, true};
+  const std::shared_ptr<forms::ProgressBar> pb检查更新 = std::make_shared<forms::ProgressBar>(0, 100);
+  forms::Timer Timer进度条{200, true};
 
   /// IVersionUI_Update: the caption.
   void Update() override;
 
  protected:
   void Form_Load() override;
-  void Form_QueryUnload(bool& cancel, UnloadMode mode) override;
+  void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
   void Form_Unload(bool& cancel) override;
 
  private:

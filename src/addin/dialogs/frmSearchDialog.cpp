@@ -49,7 +49,7 @@ void frmSearchDialog::Form_Load() {
     mobjPageMgr = Globals::gobjPageManager;
     if (mobjPageMgr) onTabChange_ = mobjPageMgr->TabChange.Subscribe([this] { mobjPageMgr_TabChange(); });
     WatchActivePage();  // no TabChange tells of a page that is there already, and its task may be running
-    Move((TheScreen().Width - Width()) / 2, (TheScreen().Height - Height()) / 2);
+    Move((forms::TheScreen().Width - Width()) / 2, (forms::TheScreen().Height - Height()) / 2);
     MemToScreen();
     LoadFromSelection();
     UpdateTaskState();
@@ -59,8 +59,8 @@ void frmSearchDialog::Form_Load() {
   });
 }
 
-void frmSearchDialog::Form_QueryUnload(bool& cancel, UnloadMode mode) {
-  if (mode != UnloadMode::FormControlMenu) return;
+void frmSearchDialog::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
+  if (mode != forms::UnloadMode::FormControlMenu) return;
   cancel = true;
   Hide();
 }

@@ -12,9 +12,12 @@
 #include "addin/dialogs/SearchDialogControls.h"
 #include "base/Event.h"
 
+namespace quorvane::forms {
+class DataObject;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
-class DataObject;
 class GlobalSetting;
 class PageManager;
 class StringCollection;
@@ -48,7 +51,7 @@ class frmSearchDialog final : public FramedDialog,
  protected:
   void Form_Load() override;
   /// The close box hides the form; nobody else is held back.
-  void Form_QueryUnload(bool& cancel, UnloadMode mode) override;
+  void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
   void Form_Unload(bool& cancel) override;
   void Form_KeyDown(std::int16_t keyCode, std::int16_t shift) override;
   void Form_MouseDown(std::int16_t button, std::int16_t shift, float x, float y) override;
@@ -58,12 +61,12 @@ class frmSearchDialog final : public FramedDialog,
   // Condition
   void ListenToCondition();
   void UpdateControlState();
-  void AddToHistory(ComboBox& cmb, StringCollection& hist);
+  void AddToHistory(forms::ComboBox& cmb, StringCollection& hist);
   void LoadFromSelection();
   static bool IsSingleLine(std::u16string_view s);
   void Condition_Changed();
   void chkIgnoreComment_Click();
-  static void OLEDragDrop(ComboBox& cmb, const DataObject& data);
+  static void OLEDragDrop(forms::ComboBox& cmb, const forms::DataObject& data);
 
   // Tasks
   void ListenToCommands();

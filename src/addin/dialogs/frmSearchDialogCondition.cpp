@@ -30,10 +30,10 @@ std::int16_t Tick(bool flag) {
 }  // namespace
 
 void frmSearchDialog::ListenToCondition() {
-  for (ComboBox* cmb : {cmbSearch.get(), cmbReplace.get()}) {
+  for (forms::ComboBox* cmb : {cmbSearch.get(), cmbReplace.get()}) {
     On(cmb->Change, [this] { Condition_Changed(); });
     On(cmb->Click, [this] { Condition_Changed(); });
-    On(cmb->OLEDragDrop, [cmb](const DataObject& data) { OLEDragDrop(*cmb, data); });
+    On(cmb->OLEDragDrop, [cmb](const forms::DataObject& data) { OLEDragDrop(*cmb, data); });
   }
   On(optArea.Click, [this](std::int16_t) { Condition_Changed(); });
   On(optMode.Click, [this](std::int16_t) { Condition_Changed(); });
@@ -105,11 +105,11 @@ void frmSearchDialog::chkIgnoreComment_Click() {
   }
 }
 
-void frmSearchDialog::OLEDragDrop(ComboBox& cmb, const DataObject& data) {
-  if (data.GetFormat(kPlainText)) cmb.SetText(data.GetData(kPlainText));
+void frmSearchDialog::OLEDragDrop(forms::ComboBox& cmb, const forms::DataObject& data) {
+  if (data.GetFormat(forms::kPlainText)) cmb.SetText(data.GetData(forms::kPlainText));
 }
 
-void frmSearchDialog::AddToHistory(ComboBox& cmb, StringCollection& hist) {
+void frmSearchDialog::AddToHistory(forms::ComboBox& cmb, StringCollection& hist) {
   const std::u16string text = cmb.Text();
   for (std::int32_t i = cmb.ListCount(); i-- > 0;) {
     if (cmb.List(i) == text) cmb.RemoveItem(i);

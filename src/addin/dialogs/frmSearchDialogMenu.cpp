@@ -45,7 +45,7 @@ void frmSearchDialog::SearchTo(std::int32_t where) {
 }
 
 void frmSearchDialog::ShowModal(std::u16string_view form) {
-  TheForms().Instance(form)->Show(FormModal::Modal, shared_from_this());
+  forms::TheForms().Instance(form)->Show(forms::FormModal::Modal, shared_from_this());
 }
 
 void frmSearchDialog::Update() {

@@ -7,11 +7,14 @@
 #include "addin/search/IPage.h"
 #include "platform/NativeWindows.h"
 
+namespace quorvane::forms {
+class Control;
+class Tab;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
-class Control;
 class FilterManager;
-class Tab;
 class TaskManager;
 
 /// A page as the tabs, the dialogs and the hotkeys see it.
@@ -28,10 +31,10 @@ class IResultPage : public IPage {
   /// Window of the list; 0 while it is not shown. Error 91 behind TearDown.
   virtual WindowHandle ListHWnd() const = 0;
   /// mobjPanel: the container of the page's controls; nothing behind TearDown.
-  virtual std::shared_ptr<Control> Panel() const = 0;
+  virtual std::shared_ptr<forms::Control> Panel() const = 0;
 
   /// Makes the controls and the engines of the page, for the new tab.
-  virtual void Setup(const std::shared_ptr<Tab>& theTab) = 0;
+  virtual void Setup(const std::shared_ptr<forms::Tab>& theTab) = 0;
   /// Ends what Setup began; raises nothing.
   virtual void TearDown() = 0;
 

@@ -8,9 +8,12 @@
 #include "platform/Canvas.h"
 #include "platform/forms/Font.h"
 
+namespace quorvane::forms {
+class OwnerDrawList;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
-class OwnerDrawList;
 class Page;
 
 /// Draws the rows of one page's list: the stylesheet's words in a colour of their own, the match in bold. Keeps the
@@ -49,8 +52,8 @@ class ListPainter {
   std::shared_ptr<CanvasFont> CreateHFont(Canvas& canvas) const;
   void WidenTo(std::int32_t extent);
 
-  std::shared_ptr<OwnerDrawList> mobjList;
-  Font mobjFont;  ///< copy of the list's font, from which both fonts are made
+  std::shared_ptr<forms::OwnerDrawList> mobjList;
+  forms::Font mobjFont;  ///< copy of the list's font, from which both fonts are made
   std::shared_ptr<CanvasFont> mhFontBold;
   std::shared_ptr<CanvasFont> mhFontNormal;
   std::int32_t mlngMaxExtent = 0;  ///< pixels; the widest row so far

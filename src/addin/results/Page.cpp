@@ -61,7 +61,7 @@ std::shared_ptr<T> AddControl(std::u16string_view progId, const std::u16string& 
   return control;
 }
 
-void RemoveControl(const std::shared_ptr<Control>& control) {
+void RemoveControl(const std::shared_ptr<forms::Control>& control) {
   Doc().Controls().Remove(Deref(control).Name());
 }
 
@@ -75,7 +75,7 @@ Page::~Page() {
   ObjStat::RemoveObject(this);
 }
 
-void Page::Setup(const std::shared_ptr<Tab>& theTab) {
+void Page::Setup(const std::shared_ptr<forms::Tab>& theTab) {
   AddControls(Deref(theTab).Key());
   mobjTab = theTab;
   mobjTab->SetPanel(mobjPanel);
@@ -93,10 +93,10 @@ void Page::Setup(const std::shared_ptr<Tab>& theTab) {
 }
 
 void Page::AddControls(const std::u16string& key) {
-  mobjPanel = AddControl<PictureBox>(u"VB.PictureBox", u"mobjPanel" + key);
-  mobjLabel = AddControl<Label>(u"VB.Label", u"mobjLabel" + key);
+  mobjPanel = AddControl<forms::PictureBox>(u"VB.PictureBox", u"mobjPanel" + key);
+  mobjLabel = AddControl<forms::Label>(u"VB.Label", u"mobjLabel" + key);
   mobjLabel->SetContainer(mobjPanel);
-  mlstResultList = AddControl<OwnerDrawList>(u"ODCboLst6QVN.OwnerDrawComboList", u"mlstResultList" + key);
+  mlstResultList = AddControl<forms::OwnerDrawList>(u"ODCboLst6QVN.OwnerDrawComboList", u"mlstResultList" + key);
   mlstResultList->SetContainer(mobjPanel);
 }
 
@@ -153,7 +153,7 @@ WindowHandle Page::ListHWnd() const {
   return Deref(mlstResultList).hWnd();
 }
 
-std::shared_ptr<Control> Page::Panel() const {
+std::shared_ptr<forms::Control> Page::Panel() const {
   return mobjPanel;
 }
 
@@ -161,7 +161,7 @@ void Page::SetTabCaption(const std::u16string& caption) {
   Deref(mobjTab).SetCaption(caption);
 }
 
-quorvane::Controls& Page::Controls() const {
+forms::Controls& Page::Controls() const {
   return Doc().Controls();
 }
 
@@ -183,7 +183,7 @@ void Page::UpdateStatus() {
 }
 
 void Page::LocateSelected() {
-  OwnerDrawList& list = Deref(mlstResultList);
+  forms::OwnerDrawList& list = Deref(mlstResultList);
   if (list.ListIndex() < 0) return;
   const std::shared_ptr<PositionInfo> match = Deref(mcolResult).Item(list.ItemData(list.ListIndex()));
   match->Show();
@@ -193,7 +193,7 @@ void Page::LocateNextResult() {
   if (locatingNext_) return;
   const auto self = shared_from_this();
   const FlagScope way(locatingNext_);
-  OwnerDrawList& list = Deref(mlstResultList);
+  forms::OwnerDrawList& list = Deref(mlstResultList);
   const std::int32_t next = list.ListIndex() + 1;
   if (next < list.ListCount()) list.SetListIndex(next);
   LocateSelected();
@@ -203,7 +203,7 @@ void Page::LocatePrevResult() {
   if (locatingPrev_) return;
   const auto self = shared_from_this();
   const FlagScope way(locatingPrev_);
-  OwnerDrawList& list = Deref(mlstResultList);
+  forms::OwnerDrawList& list = Deref(mlstResultList);
   const std::int32_t previous = list.ListIndex() - 1;
   if (previous >= 0) list.SetListIndex(previous);
   LocateSelected();
@@ -276,12 +276,12 @@ void Page::mlstResultList_MouseMove(float x, float y) {
 }
 
 void Page::PreviewIndex(std::int32_t index) {
-  OwnerDrawList& list = Deref(mlstResultList);
+  forms::OwnerDrawList& list = Deref(mlstResultList);
   if (index < 0 || index >= list.ListCount()) return;
   const std::int32_t id = list.ItemData(index);
   if (id > Deref(mcolResult).Count() || id <= 0) return;
   const std::shared_ptr<PositionInfo> pi = mcolResult->Item(id);
-  const std::shared_ptr<Form> form = TheForms().Instance(u"frmCodePreview");
+  const std::shared_ptr<forms::Form> form = forms::TheForms().Instance(u"frmCodePreview");
   if (pi == lastPreviewed_ && !(list.ListCount() == 1 && !form->Visible())) return;
   ICodePreview& preview = Deref(std::dynamic_pointer_cast<ICodePreview>(form));
   preview.Update(pi, Deref(mobjCondSnap));

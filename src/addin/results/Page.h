@@ -8,13 +8,16 @@
 #include "addin/results/IResultPage.h"
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Controls;
-class ListPainter;
+class Label;
 class OwnerDrawList;
 class PictureBox;
-class Label;
+}  // namespace quorvane::forms
+
+namespace quorvane {
+
+class ListPainter;
 class PositionInfo;
 
 /// One tab of the result tool window and everything behind it: condition, task, matches, result document and list.
@@ -30,16 +33,16 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   Page& operator=(const Page&) = delete;
 
   // From Setup to TearDown, but the tab and the key, which stay.
-  std::shared_ptr<Tab> mobjTab;
+  std::shared_ptr<forms::Tab> mobjTab;
   std::shared_ptr<ListPainter> mobjListPainter;
   std::shared_ptr<ResultCollection> mcolResult;
   std::shared_ptr<ConditionSnap> mobjCondSnap;
   std::u16string mstrKey;
   std::shared_ptr<TaskManager> mobjTask;
   std::shared_ptr<FilterManager> mobjFilter;
-  std::shared_ptr<PictureBox> mobjPanel;
-  std::shared_ptr<OwnerDrawList> mlstResultList;
-  std::shared_ptr<Label> mobjLabel;
+  std::shared_ptr<forms::PictureBox> mobjPanel;
+  std::shared_ptr<forms::OwnerDrawList> mlstResultList;
+  std::shared_ptr<forms::Label> mobjLabel;
 
   WindowHandle ListHWnd() const override;
   /// A line of blanks alone adds no row; the status line follows in any case.
@@ -52,7 +55,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   /// Esc hides the tool window, Enter shows the selected row's match.
   void ProcessKeyDown(std::int16_t keyCode, std::int16_t shift) override;
   /// The control collection of the document.
-  quorvane::Controls& Controls() const;
+  forms::Controls& Controls() const;
   /// An empty list and nothing to repeat; matches and result document stay.
   void Reset() override;
   void ClearList() override;
@@ -60,7 +63,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   /// Repeats the search of this page; returns when it is over, or at once while a task of the page runs. Errors of the
   /// task reach the caller.
   void RefreshResult() override;
-  void Setup(const std::shared_ptr<Tab>& theTab) override;
+  void Setup(const std::shared_ptr<forms::Tab>& theTab) override;
   void TearDown() override;
 
   std::shared_ptr<ResultCollection> Result() const override { return mcolResult; }
@@ -70,7 +73,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   void SetKey(const std::u16string& key) override { mstrKey = key; }
   std::shared_ptr<TaskManager> Task() const override { return mobjTask; }
   std::shared_ptr<FilterManager> Filter() const override { return mobjFilter; }
-  std::shared_ptr<Control> Panel() const override;
+  std::shared_ptr<forms::Control> Panel() const override;
 
  private:
   void AddControls(const std::u16string& key);

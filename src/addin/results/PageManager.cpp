@@ -66,10 +66,10 @@ std::shared_ptr<IResultPage> PageManager::ActivePage() {
 }
 
 std::shared_ptr<IResultPage> PageManager::Add(const std::u16string& name, bool CanClose) {
-  TabControl& bar = Deref(mobjTabCtrl);
+  forms::TabControl& bar = Deref(mobjTabCtrl);
   const std::shared_ptr<IResultPage> page = NewPage();
   mcolPages->Add(page, name);
-  const std::shared_ptr<Tab> tab = bar.Add(name, kAddNewTab, name, kNoIcon);
+  const std::shared_ptr<forms::Tab> tab = bar.Add(name, kAddNewTab, name, kNoIcon);
   page->Setup(tab);
   tab->Select();
   tab->SetCanClose(CanClose);
@@ -105,7 +105,7 @@ void PageManager::TearDown() {
 }
 
 void PageManager::Listen() {
-  TabControl& bar = Deref(mobjTabCtrl);
+  forms::TabControl& bar = Deref(mobjTabCtrl);
   onTabSelected_ = bar.TabSelected.Subscribe([this](const auto&) { Guarded([&] { mobjTabCtrl_TabSelected(); }); });
   onTabMouseDown_ = bar.TabMouseDown.Subscribe([this](const auto& tab, std::int16_t button, auto, auto, auto) {
     Guarded([&] { mobjTabCtrl_TabMouseDown(*tab, button); });
@@ -121,16 +121,16 @@ void PageManager::mobjTabCtrl_TabSelected() {
   TabChange.Raise();
 }
 
-void PageManager::mobjTabCtrl_TabMouseDown(const Tab& tab, std::int16_t button) {
+void PageManager::mobjTabCtrl_TabMouseDown(const forms::Tab& tab, std::int16_t button) {
   if (button == kLeftButton && tab.Key() == kAddNewTab) AddNewPage();
   if (button == kMiddleButton && tab.CanClose()) mcolPages->Remove(tab.Key());
 }
 
-void PageManager::mobjTabCtrl_TabDoubleClick(const Tab& tab) {
+void PageManager::mobjTabCtrl_TabDoubleClick(const forms::Tab& tab) {
   if (tab.CanClose()) mcolPages->Remove(tab.Key());
 }
 
-void PageManager::mobjTabCtrl_TabClose(const Tab& tab) {
+void PageManager::mobjTabCtrl_TabClose(const forms::Tab& tab) {
   mcolPages->Remove(tab.Key(), true);
 }
 

@@ -10,11 +10,14 @@
 #include "addin/results/PageCollection.h"
 #include "base/Event.h"
 
+namespace quorvane::forms {
+class Tab;
+class TabControl;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
 class IResultPage;
-class Tab;
-class TabControl;
 
 /// The one way to the result pages: keeps the tabs of the result tool window and the pages in step, makes and names new
 /// pages, and tells when the current page may have changed.
@@ -28,7 +31,7 @@ class PageManager final : public ILib {
   PageManager(const PageManager&) = delete;
   PageManager& operator=(const PageManager&) = delete;
 
-  std::shared_ptr<TabControl> mobjTabCtrl;  ///< from Setup to TearDown
+  std::shared_ptr<forms::TabControl> mobjTabCtrl;  ///< from Setup to TearDown
   std::shared_ptr<PageCollection> mcolPages;
 
   bool BarEnabled() const;
@@ -57,9 +60,9 @@ class PageManager final : public ILib {
   void Listen();
 
   void mobjTabCtrl_TabSelected();
-  void mobjTabCtrl_TabMouseDown(const Tab& tab, std::int16_t button);
-  void mobjTabCtrl_TabDoubleClick(const Tab& tab);
-  void mobjTabCtrl_TabClose(const Tab& tab);
+  void mobjTabCtrl_TabMouseDown(const forms::Tab& tab, std::int16_t button);
+  void mobjTabCtrl_TabDoubleClick(const forms::Tab& tab);
+  void mobjTabCtrl_TabClose(const forms::Tab& tab);
   void mcolPages_ItemRemoved(const PageCollection::Index& key, bool bPassive);
 
   std::int16_t pagesMade_ = 0;  ///< only grows, so that keys stay unique

@@ -37,13 +37,13 @@ constexpr std::int32_t kPreviewCode = 1;
 constexpr std::int32_t kPreviewReplace = 2;
 
 template <class T>
-void RegisterControl(Controls& controls, const std::u16string& progId) {
+void RegisterControl(forms::Controls& controls, const std::u16string& progId) {
   controls.Register(progId, [] { return std::make_shared<T>(); });
 }
 
 template <class Interface>
 Interface& FormAs(std::u16string_view name) {
-  return Deref(std::dynamic_pointer_cast<Interface>(TheForms().Instance(name)));
+  return Deref(std::dynamic_pointer_cast<Interface>(forms::TheForms().Instance(name)));
 }
 
 PageCollection& Pages(const std::shared_ptr<PageManager>& manager) {
@@ -53,13 +53,13 @@ PageCollection& Pages(const std::shared_ptr<PageManager>& manager) {
 }  // namespace
 
 ResultDialog::ResultDialog()
-    : ImageList1(std::make_shared<ImageList>()), vbalDTabControl1(std::make_shared<quorvane::TabControl>()) {
+    : ImageList1(std::make_shared<forms::ImageList>()), vbalDTabControl1(std::make_shared<forms::TabControl>()) {
   ObjStat::AddObject(this);
-  RegisterControl<PictureBox>(controls_, u"VB.PictureBox");
-  RegisterControl<Label>(controls_, u"VB.Label");
-  RegisterControl<OwnerDrawList>(controls_, u"ODCboLst6QVN.OwnerDrawComboList");
+  RegisterControl<forms::PictureBox>(controls_, u"VB.PictureBox");
+  RegisterControl<forms::Label>(controls_, u"VB.Label");
+  RegisterControl<forms::OwnerDrawList>(controls_, u"ODCboLst6QVN.OwnerDrawComboList");
   ImageList1->Images = {u"tab-new"};
-  for (Menu* item : {&mnuRefreshResult, &mnuCancelSearch, &mnuReplacePreview}) item->SetEnabled(false);
+  for (forms::Menu* item : {&mnuRefreshResult, &mnuCancelSearch, &mnuReplacePreview}) item->SetEnabled(false);
   Guarded([this] { InitProperties(); });
   ListenToMenus();
   ListenToTabs();
@@ -94,7 +94,7 @@ void ResultDialog::ListenToMenus() {
   onControls_.push_back(TimerRunTask.Tick.Subscribe([this] { Guarded([this] { TimerRunTask_Timer(); }); }));
 }
 
-void ResultDialog::On(Menu& item, void (ResultDialog::*handler)()) {
+void ResultDialog::On(forms::Menu& item, void (ResultDialog::*handler)()) {
   onControls_.push_back(item.Click.Subscribe([this, handler] { Guarded([&] { (this->*handler)(); }); }));
 }
 
@@ -122,7 +122,7 @@ void ResultDialog::TearDown() {
 
 void ResultDialog::Update() {
   const struct {
-    Menu& item;
+    forms::Menu& item;
     std::int32_t caption;
   } captions[] = {
       {mnuRefreshResult, 224}, {mnuCancelSearch, 225},     {mnuCodePreview, 226}, {mnuReplacePreview, 227},
@@ -206,11 +206,11 @@ void ResultDialog::ApplyPreviewMode() const {
 }
 
 void ResultDialog::mnuSetOption_Click() {
-  TheForms().Instance(u"frmOption")->Show(FormModal::Modal);
+  forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal);
 }
 
 void ResultDialog::mnuAbout_Click() {
-  TheForms().Instance(u"frmAbout")->Show(FormModal::Modal);
+  forms::TheForms().Instance(u"frmAbout")->Show(forms::FormModal::Modal);
 }
 
 void ResultDialog::mnuResetTab_Click() {

@@ -46,11 +46,11 @@ class ResultDialog final : public vbide::Document, public ILib, public IResultLi
   /// The captions of both menus.
   void Update() override;
 
-  quorvane::Controls& Controls() override { return controls_; }
+  forms::Controls& Controls() override { return controls_; }
   void PopupMenu() override { mnuResultOption.PopUp(); }
   bool ShowPreview() const override { return mnuCodePreview.Checked(); }
   WindowHandle hwnd() const override { return hwnd_; }
-  std::shared_ptr<quorvane::TabControl> TabControl() override { return vbalDTabControl1; }
+  std::shared_ptr<forms::TabControl> TabControl() override { return vbalDTabControl1; }
 
   void SetHwnd(WindowHandle hwnd) { hwnd_ = hwnd; }
   void Show();
@@ -58,34 +58,34 @@ class ResultDialog final : public vbide::Document, public ILib, public IResultLi
   void Resize(std::int32_t width, std::int32_t height);
   void KeyDown(std::int16_t keyCode, std::int16_t shift);
 
-  const std::shared_ptr<ImageList> ImageList1;
-  const std::shared_ptr<quorvane::TabControl> vbalDTabControl1;
-  Timer TimerRunTask{10, false};
-  CommonDialog CommonDialog1;
+  const std::shared_ptr<forms::ImageList> ImageList1;
+  const std::shared_ptr<forms::TabControl> vbalDTabControl1;
+  forms::Timer TimerRunTask{10, false};
+  forms::CommonDialog CommonDialog1;
 
-  Menu mnuResultOption;
-  Menu& mnuShowSearchDialog = mnuResultOption.Add();
-  Menu& mnuRefreshResult = mnuResultOption.Add(Menu::Above::Line);
-  Menu& mnuCancelSearch = mnuResultOption.Add();
-  Menu& mnuCodePreview = mnuResultOption.Add(Menu::Above::Line);
-  Menu& mnuReplacePreview = mnuResultOption.Add();
-  Menu& mnuSetOption = mnuResultOption.Add(Menu::Above::Line);
-  Menu& mnuResetTab = mnuResultOption.Add(Menu::Above::Line);
-  Menu& mnuSaveAs = mnuResultOption.Add();
-  Menu& mnuAbout = mnuResultOption.Add(Menu::Above::Line);
+  forms::Menu mnuResultOption;
+  forms::Menu& mnuShowSearchDialog = mnuResultOption.Add();
+  forms::Menu& mnuRefreshResult = mnuResultOption.Add(forms::Menu::Above::Line);
+  forms::Menu& mnuCancelSearch = mnuResultOption.Add();
+  forms::Menu& mnuCodePreview = mnuResultOption.Add(forms::Menu::Above::Line);
+  forms::Menu& mnuReplacePreview = mnuResultOption.Add();
+  forms::Menu& mnuSetOption = mnuResultOption.Add(forms::Menu::Above::Line);
+  forms::Menu& mnuResetTab = mnuResultOption.Add(forms::Menu::Above::Line);
+  forms::Menu& mnuSaveAs = mnuResultOption.Add();
+  forms::Menu& mnuAbout = mnuResultOption.Add(forms::Menu::Above::Line);
 
-  Menu mnuTabOption;
-  Menu& mnuToNewTab = mnuTabOption.Add();
-  Menu& mnuToCurTab = mnuTabOption.Add();
-  Menu& mnuCloseTab = mnuTabOption.Add(Menu::Above::Line);
-  Menu& mnuCloseOtherTabs = mnuTabOption.Add();
-  Menu& mnuCloseAllTabs = mnuTabOption.Add();
+  forms::Menu mnuTabOption;
+  forms::Menu& mnuToNewTab = mnuTabOption.Add();
+  forms::Menu& mnuToCurTab = mnuTabOption.Add();
+  forms::Menu& mnuCloseTab = mnuTabOption.Add(forms::Menu::Above::Line);
+  forms::Menu& mnuCloseOtherTabs = mnuTabOption.Add();
+  forms::Menu& mnuCloseAllTabs = mnuTabOption.Add();
 
  private:
   void InitProperties();
   void ListenToMenus();
   void ListenToTabs();
-  void On(Menu& item, void (ResultDialog::*handler)());
+  void On(forms::Menu& item, void (ResultDialog::*handler)());
   std::shared_ptr<IResultPage> ActivePage() const;
   std::u16string SelectedKey() const;
 
@@ -113,7 +113,7 @@ class ResultDialog final : public vbide::Document, public ILib, public IResultLi
   void ApplyPreviewMode() const;
   void SearchTo(std::int32_t target);
 
-  quorvane::Controls controls_;
+  forms::Controls controls_;
   WindowHandle hwnd_ = 0;
   std::u16string mstrLastFile;  ///< offered by the next save dialog
   std::shared_ptr<PageManager> mobjPageMgr;

@@ -67,7 +67,7 @@ Desktop::~Desktop() {
   input_.reset();
   forms_.reset();
   window_.reset();
-  TheForms().Forget();
+  forms::TheForms().Forget();
   addIns_.reset();
   workbench_.reset();
   Globals::EndOfCode();
@@ -77,7 +77,7 @@ void Desktop::Start() {
   running_ = true;
   languageAsked_ = window_->LanguageAsked.Subscribe([this] { FollowLanguage(); });
   // The options are closed when the language changes, also with no entry in a menu that could tell.
-  formClosed_ = TheForms().Closed.Subscribe([this](Form&) { FollowLanguage(); });
+  formClosed_ = forms::TheForms().Closed.Subscribe([this](forms::Form&) { FollowLanguage(); });
   addIns_->Load(kAddIn, vbide::ConnectMode::Startup);
   FollowLanguage();
   window_->RestoreLayout();

@@ -60,7 +60,8 @@ QLayout* AboutView::MakeHead() {
   return head;
 }
 
-QWidget* AboutView::MakeText(const std::shared_ptr<Frame>& frame, const std::shared_ptr<TextBox>& text, bool readMe) {
+QWidget* AboutView::MakeText(const std::shared_ptr<forms::Frame>& frame, const std::shared_ptr<forms::TextBox>& text,
+                             bool readMe) {
   auto* box = Enter(frame, new FrameView(*frame, this));
   auto* layout = new QVBoxLayout(box);
   auto* shown = Enter(text, new MemoView(*text, box));

@@ -4,11 +4,14 @@
 
 class QLayout;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Frame;
 class Label;
 class TextBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
+
 class frmAbout;
 
 namespace desktop {
@@ -21,7 +24,8 @@ class AboutView final : public DialogView {
 
  private:
   QLayout* MakeHead();
-  QWidget* MakeText(const std::shared_ptr<Frame>& frame, const std::shared_ptr<TextBox>& text, bool readMe);
+  QWidget* MakeText(const std::shared_ptr<forms::Frame>& frame, const std::shared_ptr<forms::TextBox>& text,
+                    bool readMe);
   QWidget* MakeRule();
   QLayout* MakeFoot();
 

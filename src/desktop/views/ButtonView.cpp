@@ -7,7 +7,7 @@
 
 namespace quorvane::desktop {
 
-ButtonView::ButtonView(CommandButton& button, QWidget* parent) : QPushButton(parent) {
+ButtonView::ButtonView(forms::CommandButton& button, QWidget* parent) : QPushButton(parent) {
   const auto follow = [this, &button] {
     setText(ToQString(button.Caption()));
     FollowCaptioned(*this, button);

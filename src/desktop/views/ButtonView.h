@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class CommandButton;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class ButtonView final : public QPushButton {
  public:
   /// The model outlives this.
-  ButtonView(CommandButton& button, QWidget* parent);
+  ButtonView(forms::CommandButton& button, QWidget* parent);
 
  protected:
   bool event(QEvent* event) override;

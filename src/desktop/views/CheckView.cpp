@@ -7,7 +7,7 @@
 
 namespace quorvane::desktop {
 
-CheckView::CheckView(CheckBox& box, QWidget* parent) : QCheckBox(parent), box_(box) {
+CheckView::CheckView(forms::CheckBox& box, QWidget* parent) : QCheckBox(parent), box_(box) {
   changed_ = box.Changed.Subscribe([this] { Follow(); });
   connect(this, &QCheckBox::clicked, this, [this] {
     box_.Press();

@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class CheckBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class CheckView final : public QCheckBox {
  public:
   /// The model outlives this.
-  CheckView(CheckBox& box, QWidget* parent);
+  CheckView(forms::CheckBox& box, QWidget* parent);
 
  protected:
   bool event(QEvent* event) override;
@@ -22,7 +24,7 @@ class CheckView final : public QCheckBox {
  private:
   void Follow();
 
-  CheckBox& box_;
+  forms::CheckBox& box_;
   Subscription changed_;
 };
 

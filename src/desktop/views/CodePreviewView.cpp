@@ -19,7 +19,7 @@ constexpr int kDocumentMargin = 3;
 
 /// Code is read in columns: where the font that is asked for is not installed, the system's font of fixed width stands
 /// in, not whatever letters come first.
-QFont FontOf(const Font& font) {
+QFont FontOf(const forms::Font& font) {
   const QString family = ToQString(font.Name);
   QFont made = QFontDatabase::hasFamily(family) ? QFont(family) : QFontDatabase::systemFont(QFontDatabase::FixedFont);
   made.setPointSizeF(font.Size);
@@ -30,11 +30,11 @@ double TabWidth(const QFont& font) {
   return QFontMetricsF(font).horizontalAdvance(QLatin1Char(' ')) * kTabColumns;
 }
 
-class ScreenMeasurer final : public TextMeasurer {
+class ScreenMeasurer final : public forms::TextMeasurer {
  public:
-  std::int32_t LineHeight(const Font& font) const override { return QFontMetrics(FontOf(font)).lineSpacing(); }
+  std::int32_t LineHeight(const forms::Font& font) const override { return QFontMetrics(FontOf(font)).lineSpacing(); }
 
-  std::int32_t LineWidth(const Font& font, std::u16string_view line) const override {
+  std::int32_t LineWidth(const forms::Font& font, std::u16string_view line) const override {
     const QFont shown = FontOf(font);
     QTextLayout layout(ToQString(line), shown);
     QTextOption option(Qt::AlignLeft);
@@ -85,7 +85,7 @@ void CodePreviewView::Follow() {
   QTextCursor cursor(document());
   const QString text = ToQString(form_.rtPreview->Text());
   match_ = 0;
-  for (const RichTextBox::Run& run : form_.rtPreview->Runs()) {
+  for (const forms::RichTextBox::Run& run : form_.rtPreview->Runs()) {
     if (match_ == 0 && run.Color != 0) match_ = cursor.position();
     QTextCharFormat format;
     format.setForeground(ColorOf(run.Color, palette()));

@@ -15,11 +15,11 @@ namespace quorvane::desktop {
 namespace {
 
 /// What the toolkit brings with a drag.
-class Dragged final : public DataObject {
+class Dragged final : public forms::DataObject {
  public:
   explicit Dragged(const QMimeData& data) : data_(data) {}
 
-  bool GetFormat(std::int16_t format) const override { return format == kPlainText && data_.hasText(); }
+  bool GetFormat(std::int16_t format) const override { return format == forms::kPlainText && data_.hasText(); }
   std::u16string GetData(std::int16_t format) const override {
     if (!GetFormat(format)) RaiseError(ErrorNumber::InvalidProcedureCall, u"The dropped data has no such format");
     return FromQString(data_.text());
@@ -31,7 +31,7 @@ class Dragged final : public DataObject {
 
 }  // namespace
 
-ComboView::ComboView(ComboBox& combo, Kind kind, QWidget* parent) : QComboBox(parent), combo_(combo) {
+ComboView::ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent) : QComboBox(parent), combo_(combo) {
   setInsertPolicy(QComboBox::NoInsert);
   setMaxVisibleItems(16);
   if (kind == Kind::Editable) {

@@ -5,9 +5,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class ComboBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -17,7 +19,7 @@ class ComboView final : public QComboBox {
   enum class Kind { Editable, ListOnly };
 
   /// The model outlives this. With ListOnly a text can only be picked.
-  ComboView(ComboBox& combo, Kind kind, QWidget* parent);
+  ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -28,7 +30,7 @@ class ComboView final : public QComboBox {
   void FollowText();
   void Edited();
 
-  ComboBox& combo_;
+  forms::ComboBox& combo_;
   bool busy_ = false;
   std::int32_t selStart_ = 0;  ///< the model's selection when it was last shown
   std::int32_t selLength_ = 0;

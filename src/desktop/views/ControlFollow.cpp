@@ -12,7 +12,7 @@ bool IsFollowingControl() {
   return following > 0;
 }
 
-void FollowControl(QWidget& widget, const Control& control) {
+void FollowControl(QWidget& widget, const forms::Control& control) {
   ++following;
   const QWidget* parent = widget.parentWidget();
   if (parent == nullptr || widget.isEnabledTo(parent) != control.Enabled()) widget.setEnabled(control.Enabled());

@@ -25,7 +25,7 @@ constexpr int kChoiceSpacing = 4;
 
 }  // namespace
 
-DialogView::DialogView(Dialog& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
+DialogView::DialogView(forms::Dialog& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
   setFocusPolicy(Qt::NoFocus);
   subscriptions_.push_back(dialog_.Changed.Subscribe([this] { FollowFocus(); }));
   if (parent != nullptr) parent->installEventFilter(this);
@@ -33,25 +33,25 @@ DialogView::DialogView(Dialog& dialog, QWidget* parent) : QWidget(parent), dialo
 
 DialogView::~DialogView() = default;
 
-void DialogView::EnterWidget(const std::shared_ptr<Control>& control, QWidget& widget) {
+void DialogView::EnterWidget(const std::shared_ptr<forms::Control>& control, QWidget& widget) {
   entered_.emplace_back(control, &widget);
   widget.installEventFilter(this);
   // A control that can be used again may be the one that has the focus.
   subscriptions_.push_back(control->Changed.Subscribe([this] { FollowFocus(); }));
 }
 
-void DialogView::EnterMenu(Menu& menu) {
+void DialogView::EnterMenu(forms::Menu& menu) {
   menus_.push_back(std::make_unique<MenuView>(menu, *this));
 }
 
-QWidget* DialogView::EnterChoices(const std::shared_ptr<Frame>& frame, QWidget* parent) {
+QWidget* DialogView::EnterChoices(const std::shared_ptr<forms::Frame>& frame, QWidget* parent) {
   auto* box = Enter(frame, new FrameView(*frame, parent));
   auto* layout = new QVBoxLayout(box);
   layout->setSpacing(kChoiceSpacing);
   for (const auto& child : frame->Children) {
-    if (const auto option = std::dynamic_pointer_cast<OptionButton>(child)) {
+    if (const auto option = std::dynamic_pointer_cast<forms::OptionButton>(child)) {
       layout->addWidget(Enter(child, new OptionView(*option, box)));
-    } else if (const auto check = std::dynamic_pointer_cast<CheckBox>(child)) {
+    } else if (const auto check = std::dynamic_pointer_cast<forms::CheckBox>(child)) {
       layout->addWidget(Enter(child, new CheckView(*check, box)));
     }
   }
@@ -59,14 +59,14 @@ QWidget* DialogView::EnterChoices(const std::shared_ptr<Frame>& frame, QWidget* 
   return box;
 }
 
-QWidget* DialogView::WidgetOf(const Control& control) const {
+QWidget* DialogView::WidgetOf(const forms::Control& control) const {
   for (const auto& [shown, widget] : entered_) {
     if (shown.get() == &control) return widget;
   }
   return nullptr;
 }
 
-std::shared_ptr<Control> DialogView::ControlOf(const QObject* widget) const {
+std::shared_ptr<forms::Control> DialogView::ControlOf(const QObject* widget) const {
   for (const QObject* at = widget; at != nullptr && at != this; at = at->parent()) {
     for (const auto& [control, shown] : entered_) {
       if (shown == at) return control;

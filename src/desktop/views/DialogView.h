@@ -11,12 +11,14 @@
 class QFocusEvent;
 class QKeyEvent;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Control;
 class Dialog;
 class Frame;
 class Menu;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -28,36 +30,36 @@ class MenuView;
 class DialogView : public QWidget {
  public:
   /// The dialog outlives this.
-  DialogView(Dialog& dialog, QWidget* parent);
+  DialogView(forms::Dialog& dialog, QWidget* parent);
   ~DialogView() override;
 
   /// The widget of a control; nothing for one that is not shown.
-  QWidget* WidgetOf(const Control& control) const;
+  QWidget* WidgetOf(const forms::Control& control) const;
 
  protected:
   /// Enters the widget that shows a control. The order of entering is that of Tab.
   template <class Widget>
-  Widget* Enter(const std::shared_ptr<Control>& control, Widget* widget) {
+  Widget* Enter(const std::shared_ptr<forms::Control>& control, Widget* widget) {
     EnterWidget(control, *widget);
     return widget;
   }
-  void EnterMenu(Menu& menu);
+  void EnterMenu(forms::Menu& menu);
   /// A frame with its option buttons and check boxes one below the other.
-  QWidget* EnterChoices(const std::shared_ptr<Frame>& frame, QWidget* parent);
+  QWidget* EnterChoices(const std::shared_ptr<forms::Frame>& frame, QWidget* parent);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  void EnterWidget(const std::shared_ptr<Control>& control, QWidget& widget);
+  void EnterWidget(const std::shared_ptr<forms::Control>& control, QWidget& widget);
   void FollowFocus();
   bool TakeKey(const QKeyEvent& event);
   void NoteFocus(const QObject* watched, const QFocusEvent& event);
-  std::shared_ptr<Control> ControlOf(const QObject* widget) const;
+  std::shared_ptr<forms::Control> ControlOf(const QObject* widget) const;
 
-  Dialog& dialog_;
-  std::vector<std::pair<std::shared_ptr<Control>, QWidget*>> entered_;
+  forms::Dialog& dialog_;
+  std::vector<std::pair<std::shared_ptr<forms::Control>, QWidget*>> entered_;
   std::vector<std::unique_ptr<MenuView>> menus_;
   std::vector<Subscription> subscriptions_;
 };

@@ -19,8 +19,8 @@ namespace quorvane::desktop {
 namespace {
 
 /// A form without a border floats above everything and leaves the focus where it is.
-Qt::WindowFlags FlagsOf(const Dialog* dialog) {
-  if (dialog != nullptr && dialog->Border() == FormBorder::None) {
+Qt::WindowFlags FlagsOf(const forms::Dialog* dialog) {
+  if (dialog != nullptr && dialog->Border() == forms::FormBorder::None) {
     return Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
   }
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
@@ -29,12 +29,12 @@ Qt::WindowFlags FlagsOf(const Dialog* dialog) {
 
 }  // namespace
 
-FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner)
-    : QWidget(owner, FlagsOf(dynamic_cast<Dialog*>(form.get()))),
+FormWindow::FormWindow(std::shared_ptr<forms::Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner)
+    : QWidget(owner, FlagsOf(dynamic_cast<forms::Dialog*>(form.get()))),
       form_(std::move(form)),
-      dialog_(dynamic_cast<Dialog*>(form_.get())),
+      dialog_(dynamic_cast<forms::Dialog*>(form_.get())),
       windows_(windows),
-      floats_(dialog_ != nullptr && dialog_->Border() == FormBorder::None) {
+      floats_(dialog_ != nullptr && dialog_->Border() == forms::FormBorder::None) {
   setObjectName(ToQString(form_->Name()));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -114,7 +114,8 @@ void FormWindow::ComeToFront() {
 /// The window above which this one stays: that of the form's owner, else that in front.
 QWidget* FormWindow::OwnerWindow() const {
   QWidget* owner = nullptr;
-  if (const auto form = std::dynamic_pointer_cast<Dialog>(form_->Owner())) owner = windows_.WidgetOf(form->hWnd());
+  if (const auto form = std::dynamic_pointer_cast<forms::Dialog>(form_->Owner()))
+    owner = windows_.WidgetOf(form->hWnd());
   if (owner == nullptr) owner = form_->ShownModal() ? QApplication::activeWindow() : parentWidget();
   return owner != this ? owner : parentWidget();
 }

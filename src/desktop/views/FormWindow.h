@@ -5,10 +5,12 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Dialog;
 class Form;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -20,7 +22,7 @@ class ViewFactory;
 class FormWindow final : public QWidget {
  public:
   /// The window belongs to `owner`, above which it stays, and keeps the form until it goes itself.
-  FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner);
+  FormWindow(std::shared_ptr<forms::Form> form, const ViewFactory& views, QtWindows& windows, QWidget* owner);
 
   void setVisible(bool visible) override;
 
@@ -37,8 +39,8 @@ class FormWindow final : public QWidget {
   void TellSize();
   QWidget* OwnerWindow() const;
 
-  std::shared_ptr<Form> form_;
-  Dialog* dialog_;  ///< the form when it is one, else nothing
+  std::shared_ptr<forms::Form> form_;
+  forms::Dialog* dialog_;  ///< the form when it is one, else nothing
   QtWindows& windows_;
   bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;

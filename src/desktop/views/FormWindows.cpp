@@ -13,26 +13,26 @@ namespace quorvane::desktop {
 
 FormWindows::FormWindows(const ViewFactory& views, QtWindows& windows, QWidget& owner)
     : views_(views), windows_(windows), owner_(owner) {
-  opened_ = TheForms().Opened.Subscribe([this](Form& form) { Open(form); });
-  closed_ = TheForms().Closed.Subscribe([this](Form& form) { Close(form); });
+  opened_ = forms::TheForms().Opened.Subscribe([this](forms::Form& form) { Open(form); });
+  closed_ = forms::TheForms().Closed.Subscribe([this](forms::Form& form) { Close(form); });
 }
 
 FormWindows::~FormWindows() = default;
 
-FormWindow* FormWindows::WindowOf(const Form& form) const {
+FormWindow* FormWindows::WindowOf(const forms::Form& form) const {
   const auto found = shown_.find(&form);
   return found != shown_.end() ? found->second.get() : nullptr;
 }
 
-void FormWindows::Open(Form& form) {
+void FormWindows::Open(forms::Form& form) {
   const QSize screen = owner_.screen()->size();
-  TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
+  forms::TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
   auto window = std::make_unique<FormWindow>(form.shared_from_this(), views_, windows_, &owner_);
   shown_[&form] = std::move(window);
 }
 
 /// The form may close from inside one of its window's own events.
-void FormWindows::Close(Form& form) {
+void FormWindows::Close(forms::Form& form) {
   const auto found = shown_.find(&form);
   if (found == shown_.end()) return;
   found->second->hide();

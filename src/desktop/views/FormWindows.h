@@ -7,9 +7,11 @@
 
 class QWidget;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Form;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -25,16 +27,16 @@ class FormWindows {
   ~FormWindows();
 
   /// Nothing for a form without a window.
-  FormWindow* WindowOf(const Form& form) const;
+  FormWindow* WindowOf(const forms::Form& form) const;
 
  private:
-  void Open(Form& form);
-  void Close(Form& form);
+  void Open(forms::Form& form);
+  void Close(forms::Form& form);
 
   const ViewFactory& views_;
   QtWindows& windows_;
   QWidget& owner_;
-  std::unordered_map<const Form*, std::unique_ptr<FormWindow>> shown_;
+  std::unordered_map<const forms::Form*, std::unique_ptr<FormWindow>> shown_;
   Subscription opened_;
   Subscription closed_;
 };

@@ -6,7 +6,7 @@
 
 namespace quorvane::desktop {
 
-FrameView::FrameView(Frame& frame, QWidget* parent) : QGroupBox(parent) {
+FrameView::FrameView(forms::Frame& frame, QWidget* parent) : QGroupBox(parent) {
   const auto follow = [this, &frame] {
     setTitle(ToQString(frame.Caption()));
     FollowCaptioned(*this, frame);

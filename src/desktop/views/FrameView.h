@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Frame;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class FrameView final : public QGroupBox {
  public:
   /// The model outlives this.
-  FrameView(Frame& frame, QWidget* parent);
+  FrameView(forms::Frame& frame, QWidget* parent);
 
  private:
   Subscription changed_;

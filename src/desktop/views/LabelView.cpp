@@ -6,7 +6,7 @@
 
 namespace quorvane::desktop {
 
-LabelView::LabelView(Label& label, QWidget* parent) : QLabel(parent) {
+LabelView::LabelView(forms::Label& label, QWidget* parent) : QLabel(parent) {
   const auto follow = [this, &label] {
     setText(ToQString(label.Caption()));
     FollowCaptioned(*this, label);

@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Label;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class LabelView final : public QLabel {
  public:
   /// The model outlives this.
-  LabelView(Label& label, QWidget* parent);
+  LabelView(forms::Label& label, QWidget* parent);
 
  private:
   Subscription changed_;

@@ -6,7 +6,7 @@
 
 namespace quorvane::desktop {
 
-LineView::LineView(TextBox& box, QWidget* parent) : QLineEdit(parent), box_(box) {
+LineView::LineView(forms::TextBox& box, QWidget* parent) : QLineEdit(parent), box_(box) {
   changed_ = box.Changed.Subscribe([this] { Follow(); });
   connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) { box_.Edit(FromQString(edited)); });
   Follow();

@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class TextBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,12 +16,12 @@ namespace desktop {
 class LineView final : public QLineEdit {
  public:
   /// The model outlives this.
-  LineView(TextBox& box, QWidget* parent);
+  LineView(forms::TextBox& box, QWidget* parent);
 
  private:
   void Follow();
 
-  TextBox& box_;
+  forms::TextBox& box_;
   Subscription changed_;
 };
 

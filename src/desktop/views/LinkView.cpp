@@ -9,7 +9,7 @@
 
 namespace quorvane::desktop {
 
-LinkView::LinkView(Label& label, QWidget* parent) : QLabel(parent), label_(label) {
+LinkView::LinkView(forms::Label& label, QWidget* parent) : QLabel(parent), label_(label) {
   setFocusPolicy(Qt::TabFocus);
   setTextFormat(Qt::PlainText);
   setForegroundRole(QPalette::Link);

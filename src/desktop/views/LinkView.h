@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Label;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class LinkView final : public QLabel {
  public:
   /// The model outlives this.
-  LinkView(Label& label, QWidget* parent);
+  LinkView(forms::Label& label, QWidget* parent);
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -23,7 +25,7 @@ class LinkView final : public QLabel {
  private:
   void Follow();
 
-  Label& label_;
+  forms::Label& label_;
   Subscription changed_;
 };
 

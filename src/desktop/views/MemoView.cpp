@@ -24,7 +24,7 @@ QString WithPlainBreaks(const std::u16string& text) {
 
 }  // namespace
 
-MemoView::MemoView(TextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
+MemoView::MemoView(forms::TextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(box) {
   setTabChangesFocus(box.Locked());
   changed_ = box.Changed.Subscribe([this] { Follow(); });
   connect(this, &QPlainTextEdit::textChanged, this, [this] {

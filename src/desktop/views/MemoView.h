@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class TextBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,12 +16,12 @@ namespace desktop {
 class MemoView final : public QPlainTextEdit {
  public:
   /// The model outlives this.
-  MemoView(TextBox& box, QWidget* parent);
+  MemoView(forms::TextBox& box, QWidget* parent);
 
  private:
   void Follow();
 
-  TextBox& box_;
+  forms::TextBox& box_;
   bool busy_ = false;
   Subscription changed_;
 };

@@ -12,13 +12,13 @@ namespace quorvane::desktop {
 namespace {
 
 /// Some captions come with a line break at their end.
-QString CaptionOf(const Menu& item) {
+QString CaptionOf(const forms::Menu& item) {
   QString caption = ToQString(item.Caption());
   while (caption.endsWith(QLatin1Char('\n')) || caption.endsWith(QLatin1Char('\r'))) caption.chop(1);
   return caption;
 }
 
-void AddItem(QMenu& shown, const std::shared_ptr<Menu>& item) {
+void AddItem(QMenu& shown, const std::shared_ptr<forms::Menu>& item) {
   if (item->IsSeparator()) {
     shown.addSeparator();
     return;
@@ -33,7 +33,7 @@ void AddItem(QMenu& shown, const std::shared_ptr<Menu>& item) {
 
 }  // namespace
 
-MenuView::MenuView(Menu& menu, QWidget& owner)
+MenuView::MenuView(forms::Menu& menu, QWidget& owner)
     : menu_(menu), shown_(&owner), popped_(menu.Popped.Subscribe([this] { Show(); })) {}
 
 void MenuView::PopUpAt(const QPoint& place) {

@@ -6,9 +6,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Menu;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -17,7 +19,7 @@ namespace desktop {
 class MenuView {
  public:
   /// `menu` and `owner` outlive this.
-  MenuView(Menu& menu, QWidget& owner);
+  MenuView(forms::Menu& menu, QWidget& owner);
 
   /// Pops the menu up there, in screen pixels, instead of at the mouse.
   void PopUpAt(const QPoint& place);
@@ -25,7 +27,7 @@ class MenuView {
  private:
   void Show();
 
-  Menu& menu_;
+  forms::Menu& menu_;
   QMenu shown_;  ///< one for good: it is still at work when what was chosen waits for a modal window
   std::optional<QPoint> place_;
   Subscription popped_;

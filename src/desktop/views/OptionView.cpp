@@ -7,7 +7,7 @@
 
 namespace quorvane::desktop {
 
-OptionView::OptionView(OptionButton& option, QWidget* parent) : QRadioButton(parent), option_(option) {
+OptionView::OptionView(forms::OptionButton& option, QWidget* parent) : QRadioButton(parent), option_(option) {
   changed_ = option.Changed.Subscribe([this] { Follow(); });
   connect(this, &QRadioButton::clicked, this, [this] {
     option_.Press();

@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class OptionButton;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,7 +16,7 @@ namespace desktop {
 class OptionView final : public QRadioButton {
  public:
   /// The model outlives this.
-  OptionView(OptionButton& option, QWidget* parent);
+  OptionView(forms::OptionButton& option, QWidget* parent);
 
  protected:
   bool event(QEvent* event) override;
@@ -22,7 +24,7 @@ class OptionView final : public QRadioButton {
  private:
   void Follow();
 
-  OptionButton& option_;
+  forms::OptionButton& option_;
   Subscription changed_;
 };
 

@@ -51,7 +51,7 @@ void OptionsView::MakeTabs() {
 
 void OptionsView::FollowTabs() {
   busy_ = true;
-  const TabStrip& strip = *form_.SSTab设定;
+  const forms::TabStrip& strip = *form_.SSTab设定;
   for (std::int16_t i = 0; i < strip.Tabs(); ++i) tabs_->setTabText(i, ToQString(strip.TabCaption(i)));
   tabs_->setCurrentIndex(strip.Tab());
   FollowControl(*tabs_, strip);

@@ -5,10 +5,13 @@
 class QLayout;
 class QTabWidget;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Control;
 class Frame;
+}  // namespace quorvane::forms
+
+namespace quorvane {
+
 class frmOption;
 
 namespace desktop {

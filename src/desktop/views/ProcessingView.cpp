@@ -14,7 +14,7 @@ constexpr int kBarWidth = 280;
 }  // namespace
 
 ProcessingView::ProcessingView(frmProcessing& form, QWidget* parent) : DialogView(form, parent) {
-  const ProgressBar& model = *form.pb检查更新;
+  const forms::ProgressBar& model = *form.pb检查更新;
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(16, 16, 16, 16);
   auto* bar = Enter(form.pb检查更新, new QProgressBar(this));

@@ -25,7 +25,7 @@ constexpr std::uint32_t kItemFromPoint = 425;
 constexpr int kMiss = 0x10000;  // a high word other than 0
 constexpr int kPadding = 2;     // above and below the text of a row
 
-QFont FontOf(const Font& font, const QFont& own) {
+QFont FontOf(const forms::Font& font, const QFont& own) {
   QFont made(own);
   if (!font.Name.empty()) made.setFamily(ToQString(font.Name));
   made.setPointSizeF(font.Size);
@@ -38,7 +38,7 @@ std::int16_t Shift(const QInputEvent& event) {
 
 }  // namespace
 
-ResultListView::ResultListView(std::shared_ptr<OwnerDrawList> list, QtWindows& windows, QWidget* parent)
+ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWindows& windows, QWidget* parent)
     : QAbstractScrollArea(parent), kept_(std::move(list)), list_(*kept_), follow_([this] { Follow(); }) {
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);

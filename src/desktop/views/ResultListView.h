@@ -6,9 +6,11 @@
 #include "base/Event.h"
 #include "desktop/views/Later.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class OwnerDrawList;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -19,7 +21,7 @@ class QtWindows;
 class ResultListView final : public QAbstractScrollArea {
  public:
   /// `windows` outlives this.
-  ResultListView(std::shared_ptr<OwnerDrawList> list, QtWindows& windows, QWidget* parent);
+  ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWindows& windows, QWidget* parent);
   ~ResultListView() override;
 
   /// 0-based row under a point of the viewport, -1 for none.
@@ -27,7 +29,7 @@ class ResultListView final : public QAbstractScrollArea {
   /// Where a row is drawn, in the viewport; empty for one that is not on the screen.
   QRect RectOf(int row) const;
   int RowHeight() const;
-  const OwnerDrawList& Model() const { return list_; }
+  const forms::OwnerDrawList& Model() const { return list_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -50,8 +52,8 @@ class ResultListView final : public QAbstractScrollArea {
   int RowByKey(int key) const;
   int Answer(std::uint32_t message, std::int32_t lParam) const;
 
-  const std::shared_ptr<OwnerDrawList> kept_;
-  OwnerDrawList& list_;
+  const std::shared_ptr<forms::OwnerDrawList> kept_;
+  forms::OwnerDrawList& list_;
   int shownIndex_ = -1;  ///< the selected row when the list was last followed
   Later follow_;
   Subscription rowsChanged_;

@@ -35,14 +35,15 @@ ResultView::ResultView(ResultDialog& document, QtWindows& windows, QWidget* pare
   pages_->installEventFilter(this);
   setMinimumHeight(90);
   document_.SetHwnd(windows_.HandleOf(*this));
-  subscriptions_.push_back(document_.Controls().Added.Subscribe([this](Control& control) { Add(control); }));
-  subscriptions_.push_back(document_.Controls().Removed.Subscribe([this](Control& control) { Remove(control); }));
+  subscriptions_.push_back(document_.Controls().Added.Subscribe([this](forms::Control& control) { Add(control); }));
+  subscriptions_.push_back(
+      document_.Controls().Removed.Subscribe([this](forms::Control& control) { Remove(control); }));
   for (const auto& control : document_.Controls().All()) Add(*control);
 }
 
 ResultView::~ResultView() = default;
 
-void ResultView::Add(const Control& control) {
+void ResultView::Add(const forms::Control& control) {
   auto shown = std::make_unique<Shown>();
   shown->control = document_.Controls().Item(control.Name());
   Shown& entry = *shown;
@@ -52,7 +53,7 @@ void ResultView::Add(const Control& control) {
 }
 
 /// The control may go from inside one of its widget's own events.
-void ResultView::Remove(const Control& control) {
+void ResultView::Remove(const forms::Control& control) {
   const auto found = shown_.find(&control);
   if (found == shown_.end()) return;
   QWidget* widget = found->second->widget;
@@ -63,19 +64,20 @@ void ResultView::Remove(const Control& control) {
   widget->deleteLater();
 }
 
-QWidget* ResultView::WidgetOf(const Control* control) const {
+QWidget* ResultView::WidgetOf(const forms::Control* control) const {
   const auto found = shown_.find(control);
   return found != shown_.end() ? found->second->widget : nullptr;
 }
 
-QWidget* ResultView::Make(const std::shared_ptr<Control>& control) {
-  if (dynamic_cast<PictureBox*>(control.get()) != nullptr) return new QWidget(pages_);
+QWidget* ResultView::Make(const std::shared_ptr<forms::Control>& control) {
+  if (dynamic_cast<forms::PictureBox*>(control.get()) != nullptr) return new QWidget(pages_);
   QWidget* container = WidgetOf(control->Container().get());
   if (container == nullptr) return nullptr;
-  if (auto list = std::dynamic_pointer_cast<OwnerDrawList>(control)) {
+  if (auto list = std::dynamic_pointer_cast<forms::OwnerDrawList>(control)) {
     return new ResultListView(std::move(list), windows_, container);
   }
-  if (auto label = std::dynamic_pointer_cast<Label>(control)) return new StatusLabel(std::move(label), container);
+  if (auto label = std::dynamic_pointer_cast<forms::Label>(control))
+    return new StatusLabel(std::move(label), container);
   return nullptr;
 }
 
@@ -85,7 +87,7 @@ void ResultView::Follow(Shown& shown) {
     if (shown.widget == nullptr) return;
     if (shown.widget->parentWidget() == pages_) fit_.Ask();  // whoever places what lies in it may not listen yet
   }
-  const Control& control = *shown.control;
+  const forms::Control& control = *shown.control;
   QWidget& widget = *shown.widget;
   if (widget.parentWidget() != pages_) {
     const QRect place(PixelsOf(control.Left(), widget), PixelsOf(control.Top(), widget),

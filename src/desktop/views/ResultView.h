@@ -9,9 +9,12 @@
 #include "desktop/views/Later.h"
 #include "desktop/views/MenuView.h"
 
+namespace quorvane::forms {
+class Control;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
-class Control;
 class ResultDialog;
 
 namespace desktop {
@@ -41,16 +44,16 @@ class ResultView final : public QWidget {
 
  private:
   struct Shown {
-    std::shared_ptr<Control> control;
+    std::shared_ptr<forms::Control> control;
     QWidget* widget = nullptr;  ///< none before the control has a container
     Subscription changed;
   };
 
-  void Add(const Control& control);
-  void Remove(const Control& control);
+  void Add(const forms::Control& control);
+  void Remove(const forms::Control& control);
   void Follow(Shown& shown);
-  QWidget* Make(const std::shared_ptr<Control>& control);
-  QWidget* WidgetOf(const Control* control) const;
+  QWidget* Make(const std::shared_ptr<forms::Control>& control);
+  QWidget* WidgetOf(const forms::Control* control) const;
   void FitPanels();
   void FollowFocus();
 
@@ -60,7 +63,7 @@ class ResultView final : public QWidget {
   MenuView tabMenu_;
   TabBarView* bar_;
   QWidget* pages_;
-  std::map<const Control*, std::unique_ptr<Shown>> shown_;
+  std::map<const forms::Control*, std::unique_ptr<Shown>> shown_;
   std::vector<Subscription> subscriptions_;
   Later fit_;
   bool wasShown_ = false;

@@ -30,7 +30,8 @@ SearchDialogView::SearchDialogView(frmSearchDialog& form, QWidget* parent) : Dia
 
 QLayout* SearchDialogView::MakeTexts() {
   auto* grid = new QGridLayout;
-  const auto line = [&](int row, const std::shared_ptr<Label>& label, const std::shared_ptr<ComboBox>& combo) {
+  const auto line = [&](int row, const std::shared_ptr<forms::Label>& label,
+                        const std::shared_ptr<forms::ComboBox>& combo) {
     auto* words = Enter(label, new LabelView(*label, this));
     auto* box = Enter(combo, new ComboView(*combo, ComboView::Kind::Editable, this));
     words->setBuddy(box);

@@ -4,9 +4,12 @@
 
 class QLayout;
 
+namespace quorvane::forms {
+class Frame;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 
-class Frame;
 class frmSearchDialog;
 
 namespace desktop {

@@ -9,7 +9,7 @@
 
 namespace quorvane::desktop {
 
-SliderView::SliderView(Slider& slider, QWidget* parent) : QSlider(Qt::Horizontal, parent), slider_(slider) {
+SliderView::SliderView(forms::Slider& slider, QWidget* parent) : QSlider(Qt::Horizontal, parent), slider_(slider) {
   setRange(slider.Min(), slider.Max());
   setPageStep(1);
   setTickPosition(QSlider::TicksBelow);

@@ -4,9 +4,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Slider;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -14,12 +16,12 @@ namespace desktop {
 class SliderView final : public QSlider {
  public:
   /// The model outlives this.
-  SliderView(Slider& slider, QWidget* parent);
+  SliderView(forms::Slider& slider, QWidget* parent);
 
  private:
   void Follow();
 
-  Slider& slider_;
+  forms::Slider& slider_;
   bool busy_ = false;
   Subscription changed_;
 };

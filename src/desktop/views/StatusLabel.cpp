@@ -19,7 +19,8 @@ constexpr int kLift = 2;
 
 }  // namespace
 
-StatusLabel::StatusLabel(std::shared_ptr<Label> label, QWidget* parent) : QWidget(parent), label_(std::move(label)) {
+StatusLabel::StatusLabel(std::shared_ptr<forms::Label> label, QWidget* parent)
+    : QWidget(parent), label_(std::move(label)) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   changed_ = label_->Changed.Subscribe([this] { update(); });
 }

@@ -5,9 +5,11 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Label;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -15,7 +17,7 @@ namespace desktop {
 /// it is too long, and then told in full by its tool tip.
 class StatusLabel final : public QWidget {
  public:
-  StatusLabel(std::shared_ptr<Label> label, QWidget* parent);
+  StatusLabel(std::shared_ptr<forms::Label> label, QWidget* parent);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -28,7 +30,7 @@ class StatusLabel final : public QWidget {
  private:
   QString Text() const;
 
-  std::shared_ptr<Label> label_;
+  std::shared_ptr<forms::Label> label_;
   Subscription changed_;
 };
 

@@ -18,7 +18,7 @@ namespace {
 constexpr int kWidestTab = 260;
 
 /// An "&" of a search text marks nothing.
-QString CaptionOf(const Tab& tab) {
+QString CaptionOf(const forms::Tab& tab) {
   return ToQString(tab.Caption()).trimmed().replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
@@ -28,7 +28,7 @@ std::int16_t Shift(const QMouseEvent& event) {
 
 }  // namespace
 
-TabBarView::TabBarView(TabControl& control, QWidget* parent)
+TabBarView::TabBarView(forms::TabControl& control, QWidget* parent)
     : QTabBar(parent), control_(control), follow_([this] { Follow(); }) {
   setDocumentMode(true);
   setDrawBase(false);
@@ -47,7 +47,7 @@ TabBarView::~TabBarView() = default;
 
 void TabBarView::Follow() {
   busy_ = true;
-  const std::vector<std::shared_ptr<Tab>> tabs = control_.Tabs();
+  const std::vector<std::shared_ptr<forms::Tab>> tabs = control_.Tabs();
   for (std::size_t i = shown_.size(); i-- > 0;) {
     if (std::ranges::find(tabs, shown_[i]) != tabs.end()) continue;
     shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(i));
@@ -66,7 +66,7 @@ void TabBarView::Follow() {
   busy_ = false;
 }
 
-void TabBarView::FollowTab(int index, const Tab& tab) {
+void TabBarView::FollowTab(int index, const forms::Tab& tab) {
   const QString caption = CaptionOf(tab);
   if (tabText(index) != caption) setTabText(index, caption);
   setTabToolTip(index, ToQString(tab.ToolTipText()).toHtmlEscaped());
@@ -79,7 +79,7 @@ void TabBarView::FollowTab(int index, const Tab& tab) {
   FollowCloseButton(index, tab);
 }
 
-void TabBarView::FollowCloseButton(int index, const Tab& tab) {
+void TabBarView::FollowCloseButton(int index, const forms::Tab& tab) {
   QWidget* now = tabButton(index, QTabBar::RightSide);
   if (tab.CanClose() == (now != nullptr)) return;
   if (now != nullptr) {
@@ -98,9 +98,9 @@ void TabBarView::FollowCloseButton(int index, const Tab& tab) {
 }
 
 /// By key or wheel. The bar may still show what its control has taken off, or look enabled when that is not.
-void TabBarView::Select(const std::shared_ptr<Tab>& tab) {
+void TabBarView::Select(const std::shared_ptr<forms::Tab>& tab) {
   const auto& tabs = control_.Tabs();
-  const std::shared_ptr<Tab> held = tab;
+  const std::shared_ptr<forms::Tab> held = tab;
   if (control_.Enabled() && std::ranges::find(tabs, held) != tabs.end()) held->Select();
   follow_.Ask();
 }
@@ -109,7 +109,7 @@ QSize TabBarView::tabSizeHint(int index) const {
   return QTabBar::tabSizeHint(index).boundedTo({kWidestTab, QWIDGETSIZE_MAX});
 }
 
-std::shared_ptr<Tab> TabBarView::TabUnder(const QMouseEvent& event) const {
+std::shared_ptr<forms::Tab> TabBarView::TabUnder(const QMouseEvent& event) const {
   const int index = tabAt(event.position().toPoint());
   return index >= 0 ? shown_[static_cast<std::size_t>(index)] : nullptr;
 }

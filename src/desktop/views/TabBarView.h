@@ -7,10 +7,12 @@
 #include "base/Event.h"
 #include "desktop/views/Later.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Tab;
 class TabControl;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace desktop {
 
@@ -19,7 +21,7 @@ namespace desktop {
 class TabBarView final : public QTabBar {
  public:
   /// The control outlives this.
-  TabBarView(TabControl& control, QWidget* parent);
+  TabBarView(forms::TabControl& control, QWidget* parent);
   ~TabBarView() override;
 
  protected:
@@ -30,14 +32,14 @@ class TabBarView final : public QTabBar {
 
  private:
   void Follow();
-  void Select(const std::shared_ptr<Tab>& tab);
-  void FollowTab(int index, const Tab& tab);
-  void FollowCloseButton(int index, const Tab& tab);
-  std::shared_ptr<Tab> TabUnder(const QMouseEvent& event) const;
+  void Select(const std::shared_ptr<forms::Tab>& tab);
+  void FollowTab(int index, const forms::Tab& tab);
+  void FollowCloseButton(int index, const forms::Tab& tab);
+  std::shared_ptr<forms::Tab> TabUnder(const QMouseEvent& event) const;
 
-  TabControl& control_;
-  std::vector<std::shared_ptr<Tab>> shown_;  ///< as they stand on this bar
-  std::weak_ptr<Tab> pressed_;               ///< by the last press of the left button
+  forms::TabControl& control_;
+  std::vector<std::shared_ptr<forms::Tab>> shown_;  ///< as they stand on this bar
+  std::weak_ptr<forms::Tab> pressed_;               ///< by the last press of the left button
   bool busy_ = false;
   Later follow_;
   Subscription changed_;

@@ -6,9 +6,11 @@
 
 class QWidget;
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Form;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace vbide {
 class Document;
@@ -35,7 +37,7 @@ class ViewFactory {
   }
   template <class Model, class Make>
   void RegisterForm(Make make) {
-    forms_.push_back([make](Form& form, QWidget* parent) -> QWidget* {
+    forms_.push_back([make](forms::Form& form, QWidget* parent) -> QWidget* {
       auto* model = dynamic_cast<Model*>(&form);
       return model != nullptr ? make(*model, parent) : nullptr;
     });
@@ -43,7 +45,7 @@ class ViewFactory {
 
   /// Nothing for a model of a type that nobody registered.
   QWidget* MakeView(vbide::Document& document, QWidget* parent) const { return First(documents_, document, parent); }
-  QWidget* MakeView(Form& form, QWidget* parent) const { return First(forms_, form, parent); }
+  QWidget* MakeView(forms::Form& form, QWidget* parent) const { return First(forms_, form, parent); }
 
  private:
   template <class Model>
@@ -58,7 +60,7 @@ class ViewFactory {
   }
 
   Makers<vbide::Document> documents_;
-  Makers<Form> forms_;
+  Makers<forms::Form> forms_;
 };
 
 }  // namespace desktop

@@ -1,6 +1,6 @@
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void CaptionedControl::SetCaption(const std::u16string& caption) {
   if (caption == caption_) return;
@@ -14,4 +14,4 @@ void CaptionedControl::SetToolTipText(const std::u16string& text) {
   Changed.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

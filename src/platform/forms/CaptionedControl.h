@@ -4,7 +4,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A control with a text of its own. An "&" in the caption marks the character behind it as the access key, "&&" stands
 /// for the sign itself.
@@ -20,4 +20,4 @@ class CaptionedControl : public Control {
   std::u16string toolTipText_;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void CheckBox::SetValue(std::int16_t value) {
   if (value < 0 || value > 2) {
@@ -18,4 +18,4 @@ void CheckBox::Press() {
   if (Enabled() && Visible()) SetValue(value_ == 0 ? 1 : 0);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -4,7 +4,7 @@
 
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// Value is 0 clear, 1 ticked or 2 gray.
 class CheckBox final : public CaptionedControl {
@@ -22,4 +22,4 @@ class CheckBox final : public CaptionedControl {
   std::int16_t value_ = 0;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -5,7 +5,7 @@
 #include "base/Error.h"
 #include "platform/forms/DataObject.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -111,4 +111,4 @@ void ComboBox::Drop(const DataObject& data) {
   if (TakesInput()) OLEDragDrop.Raise(data);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -7,7 +7,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class DataObject;
 
@@ -64,4 +64,4 @@ class ComboBox final : public Control {
   std::int32_t selLength_ = 0;  ///< invariant: ends within the text
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

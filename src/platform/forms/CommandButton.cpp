@@ -1,6 +1,6 @@
 #include "platform/forms/CommandButton.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -25,4 +25,4 @@ void CommandButton::Press() {
   Click.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

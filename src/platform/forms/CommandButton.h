@@ -4,7 +4,7 @@
 
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class CommandButton final : public CaptionedControl {
  public:
@@ -20,4 +20,4 @@ class CommandButton final : public CaptionedControl {
   std::shared_ptr<bool> pressed_ = std::make_shared<bool>(false);  ///< never nothing
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

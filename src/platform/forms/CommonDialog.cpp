@@ -4,7 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -21,4 +21,4 @@ void CommonDialog::ShowSave() {
   }
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// The file dialog of a form or document.
 class CommonDialog {
@@ -17,4 +17,4 @@ class CommonDialog {
   void ShowSave();
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

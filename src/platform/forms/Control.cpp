@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 Control::~Control() = default;
 
@@ -36,4 +36,4 @@ void Control::Move(std::int32_t left, std::int32_t top, std::int32_t width, std:
   if (sized) Resize.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

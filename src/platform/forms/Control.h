@@ -7,7 +7,7 @@
 #include "base/Event.h"
 #include "platform/NativeWindows.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// What the controls of a form or document have in common: a model, nothing is drawn here. A view listens to Changed.
 class Control {
@@ -57,4 +57,4 @@ class Control {
   bool enabled_ = true;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

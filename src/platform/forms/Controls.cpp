@@ -6,7 +6,7 @@
 #include "base/Text.h"
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -66,4 +66,4 @@ std::vector<std::shared_ptr<Control>>::const_iterator Controls::Find(std::u16str
   return std::ranges::find_if(controls_, [&](const auto& control) { return EqualsNoCaseAscii(control->Name(), name); });
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

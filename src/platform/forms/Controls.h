@@ -10,7 +10,7 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class Control;
 
@@ -49,4 +49,4 @@ class Controls {
   std::vector<std::shared_ptr<Control>> controls_;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

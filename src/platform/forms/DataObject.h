@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 inline constexpr std::int16_t kPlainText = 1;  ///< format of dropped text
 
@@ -17,4 +17,4 @@ class DataObject {
   virtual std::u16string GetData(std::int16_t format) const = 0;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

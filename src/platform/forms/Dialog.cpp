@@ -16,7 +16,7 @@
 #include "platform/forms/ProgressBar.h"
 #include "platform/forms/Screen.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -150,4 +150,4 @@ char16_t AccessKey(std::u16string_view caption) {
   return 0;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

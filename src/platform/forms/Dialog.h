@@ -10,7 +10,7 @@
 #include "platform/forms/Controls.h"
 #include "platform/forms/Form.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class CommandButton;
 
@@ -40,7 +40,7 @@ class Dialog : public Form {
   FormBorder Border() const { return border_; }
 
   /// Menu entries too.
-  quorvane::Controls& Controls() { return controls_; }
+  forms::Controls& Controls() { return controls_; }
 
   WindowHandle hWnd() const { return hWnd_; }  ///< 0 without a view
   void SetWindow(WindowHandle hWnd) { hWnd_ = hWnd; }
@@ -92,7 +92,7 @@ class Dialog : public Form {
   bool PressEsc();
   bool Act(std::size_t place);
 
-  quorvane::Controls controls_;
+  forms::Controls controls_;
   FormBorder border_;
   FormStart start_;
   std::shared_ptr<CommandButton> defaultButton_;
@@ -108,4 +108,4 @@ class Dialog : public Form {
 /// The character behind the mark in a caption, in lower case for an ASCII letter; 0 when there is none.
 char16_t AccessKey(std::u16string_view caption);
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// The font of a control.
 struct Font {
@@ -19,4 +19,4 @@ struct Font {
   bool operator==(const Font&) const = default;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

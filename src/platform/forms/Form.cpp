@@ -7,7 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/forms/Forms.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -101,4 +101,4 @@ void Form::SetVisible(bool visible) {
   Changed.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -6,7 +6,7 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// Why a form is being unloaded, as QueryUnload is told.
 enum class UnloadMode : std::int16_t {
@@ -78,4 +78,4 @@ class Form : public std::enable_shared_from_this<Form> {
   bool modal_ = false;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

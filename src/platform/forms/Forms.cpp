@@ -5,7 +5,7 @@
 #include "base/Error.h"
 #include "platform/forms/Form.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 Forms& TheForms() {
   static Forms forms;
@@ -52,4 +52,4 @@ void Forms::Leave(Form& form) {
   if (std::erase_if(open_, isForm) > 0) Closed.Raise(form);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -10,7 +10,7 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class Form;
 
@@ -50,4 +50,4 @@ class Forms {
 /// The one list of the program.
 Forms& TheForms();
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

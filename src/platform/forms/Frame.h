@@ -5,7 +5,7 @@
 
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A captioned border around other controls.
 class Frame final : public CaptionedControl {
@@ -13,4 +13,4 @@ class Frame final : public CaptionedControl {
   std::vector<std::shared_ptr<Control>> Children;  ///< from top to bottom
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

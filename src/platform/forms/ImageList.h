@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// Pictures by 0-based index. A picture is a name; whoever draws knows what stands behind it.
 class ImageList {
@@ -11,4 +11,4 @@ class ImageList {
   std::vector<std::u16string> Images;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

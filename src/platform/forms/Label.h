@@ -6,7 +6,7 @@
 #include "platform/Canvas.h"
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A line of text. Writing a caption costs next to nothing: a view that hears Changed shows the last one of a burst.
 class Label final : public CaptionedControl {
@@ -23,4 +23,4 @@ class Label final : public CaptionedControl {
   Event<std::int16_t, std::int16_t, float, float> MouseDown;  ///< Button (1 left, 2 right, 4 middle), Shift, x, y
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -3,7 +3,7 @@
 #include "platform/Canvas.h"
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A thin line as decoration.
 class Line final : public Control {
@@ -11,4 +11,4 @@ class Line final : public Control {
   Color BorderColor = 0;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

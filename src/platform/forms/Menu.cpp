@@ -1,6 +1,6 @@
 #include "platform/forms/Menu.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 Menu& Menu::Add(Above above) {
   if (above == Above::Line) {
@@ -32,4 +32,4 @@ void Menu::PopUp() {
   Popped.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -7,7 +7,7 @@
 #include "base/Event.h"
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A menu, an item of one or a separator line: a tree, each menu owning its items. "&" in a caption marks the key.
 ///
@@ -45,4 +45,4 @@ class Menu final : public Control {
   bool checked_ = false;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

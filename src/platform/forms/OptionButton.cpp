@@ -2,7 +2,7 @@
 
 #include "platform/forms/OptionGroup.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 OptionButton::OptionButton(OptionGroup& group, std::int16_t index) : group_(group), index_(index) {
   group_.Add(index);
@@ -17,4 +17,4 @@ void OptionButton::Press() {
   if (Enabled() && Visible()) group_.SetValue(index_, true);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -7,7 +7,7 @@
 
 #include "platform/forms/CaptionedControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class OptionGroup;
 
@@ -38,4 +38,4 @@ std::array<std::shared_ptr<OptionButton>, N> MakeOptionButtons(OptionGroup& grou
   (std::make_index_sequence<N>());
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void OptionGroup::Add(std::int16_t index) {
   if (!buttons_.emplace(index, false).second) RaiseError(ErrorNumber::DuplicateKey);
@@ -24,4 +24,4 @@ void OptionGroup::SetValue(std::int16_t index, bool value) {
   if (value) Click.Raise(index);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

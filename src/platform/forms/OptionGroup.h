@@ -5,7 +5,7 @@
 
 #include "base/Event.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// An indexed group of option buttons in one container: at most one of them is set.
 class OptionGroup {
@@ -28,4 +28,4 @@ class OptionGroup {
   std::map<std::int16_t, bool> buttons_;  ///< invariant: at most one value is true
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -43,7 +43,7 @@ void OwnerDrawList::SetListIndex(std::int32_t index) {
   Changed.Raise();
 }
 
-void OwnerDrawList::SetFont(const quorvane::Font& font) {
+void OwnerDrawList::SetFont(const forms::Font& font) {
   if (font == font_) return;
   font_ = font;
   Changed.Raise();
@@ -55,4 +55,4 @@ void OwnerDrawList::SetHorizontalExtent(std::int32_t pixels) {
   Changed.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

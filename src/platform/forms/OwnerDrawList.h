@@ -9,7 +9,7 @@
 #include "platform/forms/Control.h"
 #include "platform/forms/Font.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A list with one selected row at most, whose owner draws the rows. Made for many rows: adding one costs the same
 /// however many there are, and tells the view nothing but that rows have changed.
@@ -32,8 +32,8 @@ class OwnerDrawList final : public Control {
   /// Raises error 380 outside -1 to ListCount - 1.
   void SetListIndex(std::int32_t index);
 
-  const quorvane::Font& Font() const { return font_; }
-  void SetFont(const quorvane::Font& font);
+  const forms::Font& Font() const { return font_; }
+  void SetFont(const forms::Font& font);
 
   /// Width in pixels that can be scrolled to.
   std::int32_t HorizontalExtent() const { return horizontalExtent_; }
@@ -63,10 +63,10 @@ class OwnerDrawList final : public Control {
   const Row& At(std::int32_t index) const;
 
   std::vector<Row> rows_;
-  quorvane::Font font_;
+  forms::Font font_;
   std::int32_t listIndex_ = -1;  ///< invariant: below ListCount
   std::int32_t horizontalExtent_ = 0;
   bool hasFocus_ = false;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void ProgressBar::SetValue(std::int32_t value) {
   if (value < min_ || value > max_) {
@@ -13,4 +13,4 @@ void ProgressBar::SetValue(std::int32_t value) {
   Changed.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -4,7 +4,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// How far something has come, between two ends.
 class ProgressBar final : public Control {
@@ -23,4 +23,4 @@ class ProgressBar final : public Control {
   std::int32_t value_;  ///< invariant: from min_ to max_
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -5,7 +5,7 @@
 #include "base/Checked.h"
 #include "base/Error.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -63,7 +63,7 @@ void RichTextBox::SetSelStrikeThru(bool strikeThru) {
   SetFormat([strikeThru](Format& format) { format.StrikeThru = strikeThru; });
 }
 
-void RichTextBox::SetFont(const quorvane::Font& font) {
+void RichTextBox::SetFont(const forms::Font& font) {
   if (font == font_) return;
   font_ = font;
   Changed.Raise();
@@ -121,4 +121,4 @@ void RichTextBox::ReplaceSelection(std::u16string_view text, const Format& forma
   selLength_ = 0;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -9,7 +9,7 @@
 #include "platform/forms/Control.h"
 #include "platform/forms/Font.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A text of several lines whose characters have a colour and may be struck through. Places are 0-based in UTF-16 units
 /// of the text, a CR LF counts as two. Everything is done through the selection, as a user would: a selection of no
@@ -51,8 +51,8 @@ class RichTextBox final : public Control {
   bool SelStrikeThru() const { return SelFormat().StrikeThru; }
   void SetSelStrikeThru(bool strikeThru);
 
-  const quorvane::Font& Font() const { return font_; }
-  void SetFont(const quorvane::Font& font);
+  const forms::Font& Font() const { return font_; }
+  void SetFont(const forms::Font& font);
 
   /// Asks the view to show everything again.
   void Refresh() { Changed.Raise(); }
@@ -74,9 +74,9 @@ class RichTextBox final : public Control {
   std::u16string text_;
   std::vector<Run> runs_;  ///< invariant: they cover the text in order, none is empty, neighbours differ
   Format caret_;
-  quorvane::Font font_;
+  forms::Font font_;
   std::int32_t selStart_ = 0;   ///< invariant: at most the length of the text
   std::int32_t selLength_ = 0;  ///< invariant: ends within the text
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -1,10 +1,10 @@
 #include "platform/forms/Screen.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 Screen& TheScreen() {
   static Screen screen;
   return screen;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

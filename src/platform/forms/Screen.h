@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// The screen as forms see it, in pixels as Dialog counts them. The program's window system writes it; without one it
 /// is empty.
@@ -15,4 +15,4 @@ struct Screen {
 /// The one of the program.
 Screen& TheScreen();
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

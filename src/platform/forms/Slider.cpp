@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void Slider::SetValue(std::int32_t value) {
   value = std::clamp(value, min_, max_);
@@ -22,4 +22,4 @@ void Slider::Drag(std::int32_t value) {
   if (Enabled() && Visible()) SetValue(value);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

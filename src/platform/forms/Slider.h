@@ -5,7 +5,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A thumb on a scale of whole positions.
 class Slider final : public Control {
@@ -34,4 +34,4 @@ class Slider final : public Control {
   std::u16string text_;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -6,7 +6,7 @@
 #include "platform/forms/Control.h"
 #include "platform/forms/TabControl.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 Tab::Tab(TabControl& owner, std::u16string key, std::u16string caption, std::int32_t iconIndex)
     : owner_(&owner), key_(std::move(key)), caption_(std::move(caption)), iconIndex_(iconIndex) {}
@@ -50,4 +50,4 @@ void Tab::Tell() const {
   if (owner_ != nullptr) owner_->Changed.Raise();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

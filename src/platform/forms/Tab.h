@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class Control;
 class TabControl;
@@ -50,4 +50,4 @@ class Tab {
   bool canClose_ = true;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "platform/forms/Tab.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -119,4 +119,4 @@ std::size_t TabControl::PositionOfKey(std::u16string_view key) const {
   return static_cast<std::size_t>(found - tabs_.begin());
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

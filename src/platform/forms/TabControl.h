@@ -10,7 +10,7 @@
 #include "base/Event.h"
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 class ImageList;
 class Tab;
@@ -72,4 +72,4 @@ class TabControl final : public Control {
   std::shared_ptr<ImageList> images_;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

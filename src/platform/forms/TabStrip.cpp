@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "platform/forms/PictureBox.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 TabStrip::TabStrip(std::int16_t tabs) {
   for (std::int16_t tab = 0; tab < tabs; ++tab) {
@@ -40,4 +40,4 @@ void TabStrip::Pick(std::int16_t tab) {
   if (Enabled() && Visible()) SetTab(tab);
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -7,7 +7,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A fixed number of tabs over one place, each with a panel that holds its controls. Tabs count from 0; the first one
 /// is shown at the start. The panel of the shown tab alone is visible.
@@ -42,4 +42,4 @@ class TabStrip final : public Control {
   std::int16_t tab_ = 0;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 void TextBox::SetText(const std::u16string& text) {
   if (text == text_) return;
@@ -24,4 +24,4 @@ void TextBox::Edit(const std::u16string& text) {
   SetText(bareLf ? lf : ReplaceAll(lf, u"\n", kCrLf));
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -4,7 +4,7 @@
 
 #include "platform/forms/Control.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// A plain text to edit, in one line or several.
 class TextBox final : public Control {
@@ -35,4 +35,4 @@ class TextBox final : public Control {
   bool locked_ = false;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -4,7 +4,7 @@
 
 #include "base/Checked.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::int32_t TextMeasurer::TextWidth(const Font& font, std::u16string_view text)
   return widest;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -5,7 +5,7 @@
 
 #include "platform/forms/Font.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// How much room text takes on the screen, in pixels. This one knows no font and counts characters by a fixed cell; a
 /// view puts one of its own in its place.
@@ -23,4 +23,4 @@ class TextMeasurer {
   std::int32_t TextWidth(const Font& font, std::u16string_view text) const;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "platform/Platform.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 namespace {
 
@@ -45,4 +45,4 @@ void Timer::Stop() noexcept {
   running_ = 0;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

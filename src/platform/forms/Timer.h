@@ -5,7 +5,7 @@
 #include "base/Event.h"
 #include "platform/MessageLoop.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 
 /// The timer control: raises Tick every Interval milliseconds while it is enabled and the interval is not 0. Changing
 /// the interval starts the time anew. Without a change of state nothing is asked of the message loop.
@@ -36,4 +36,4 @@ class Timer {
   MessageLoop::TimerId running_ = 0;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::forms

@@ -73,7 +73,7 @@ Code::~Code() {
   platform_.Input().SetHotkeys({});
   SkipErrors([] { ModSEH::InstallFilter(false); });
   Globals::EndOfCode();
-  TheForms().Forget();
+  forms::TheForms().Forget();
   PageManager::SetPageFactory(nullptr);
 }
 
@@ -140,7 +140,7 @@ void Code::StopSoon() {
   SkipErrors([] { Deref(Hotkeys()).Stop(); });
   SkipErrors([] { Deref(Globals::gobjSetting).Save(); });
   SkipErrors([] { CancelTasks(); });
-  const auto open = TheForms().Open();
+  const auto open = forms::TheForms().Open();
   for (const auto& form : open) SkipErrors([&] { form->Hide(); });
 }
 

@@ -52,7 +52,7 @@ FontHandle MakeFont(const LogFont& font) {
   return Make(wanted);
 }
 
-FontHandle MakeFont(const Font& font) {
+FontHandle MakeFont(const forms::Font& font) {
   LOGFONTW wanted = SystemFont();
   SetFace(wanted, font.Name, font.Charset);
   wanted.lfHeight = -static_cast<LONG>(std::lround(font.Size * Dpi() / kPointsOfInch));

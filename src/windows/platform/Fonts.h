@@ -34,7 +34,7 @@ class FontHandle {
 LOGFONTW SystemFont();
 /// A font as the logic names it: by height in pixels, or by size in points.
 FontHandle MakeFont(const LogFont& font);
-FontHandle MakeFont(const Font& font);
+FontHandle MakeFont(const forms::Font& font);
 /// The font of dialogs. One for the life of the program's code; its owner keeps it.
 HFONT DialogFont();
 /// Lets the font of dialogs go; the next call makes it anew.

@@ -20,16 +20,16 @@ std::vector<HWND>& Modals() {
   return modals;
 }
 
-DWORD StyleOf(const Dialog* dialog) {
-  if (dialog != nullptr && dialog->Border() == FormBorder::None) return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
+DWORD StyleOf(const forms::Dialog* dialog) {
+  if (dialog != nullptr && dialog->Border() == forms::FormBorder::None) return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
   return WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 }
 
-DWORD ExtendedStyleOf(const Dialog* dialog) {
-  if (dialog == nullptr || dialog->Border() == FormBorder::FixedDialog)
+DWORD ExtendedStyleOf(const forms::Dialog* dialog) {
+  if (dialog == nullptr || dialog->Border() == forms::FormBorder::FixedDialog)
     return WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
   constexpr DWORD kNoActivate = 0x08000000;  // WS_EX_NOACTIVATE
-  return WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT | (dialog->Border() == FormBorder::None ? kNoActivate : 0);
+  return WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT | (dialog->Border() == forms::FormBorder::None ? kNoActivate : 0);
 }
 
 /// A list that hangs open under a combo box has Enter and Esc to itself.
@@ -44,11 +44,11 @@ bool HasOpenList(HWND focus) {
 
 }  // namespace
 
-FormWindow::FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, HWND owner)
+FormWindow::FormWindow(std::shared_ptr<forms::Form> form, const ViewFactory& views, HWND owner)
     : form_(std::move(form)),
-      dialog_(dynamic_cast<Dialog*>(form_.get())),
+      dialog_(dynamic_cast<forms::Dialog*>(form_.get())),
       owner_(owner),
-      floats_(dialog_ != nullptr && dialog_->Border() == FormBorder::None) {
+      floats_(dialog_ != nullptr && dialog_->Border() == forms::FormBorder::None) {
   Make(owner);
   view_ = views.MakeView(*form_, Handle());
   changed_ = form_->Changed.Subscribe([this] { Follow(); });
@@ -202,7 +202,7 @@ void FormWindow::ComeToFront() {
 
 /// The window above which this one stays: that of the form's owner, else of the modal form in front, else the host's.
 HWND FormWindow::OwnerWindow() const {
-  const auto owner = std::dynamic_pointer_cast<Dialog>(form_->Owner());
+  const auto owner = std::dynamic_pointer_cast<forms::Dialog>(form_->Owner());
   HWND window = nullptr;
   if (owner) window = WindowOf(owner->hWnd());
   if (window == nullptr) window = ModalInFront();

@@ -9,10 +9,10 @@
 #include "windows/platform/View.h"
 #include "windows/platform/Window.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Dialog;
 class Form;
-}  // namespace quorvane
+}  // namespace quorvane::forms
 
 namespace quorvane::windows {
 
@@ -26,7 +26,7 @@ class ViewFactory;
 class FormWindow final : public Window, public KeyTarget {
  public:
   /// The window belongs to `owner`, above which it stays, and keeps the form until it goes itself.
-  FormWindow(std::shared_ptr<Form> form, const ViewFactory& views, HWND owner);
+  FormWindow(std::shared_ptr<forms::Form> form, const ViewFactory& views, HWND owner);
   ~FormWindow() override;
 
   /// Behind the end of the form: out of sight, and deaf to what still comes. To be called before Bury.
@@ -61,8 +61,8 @@ class FormWindow final : public Window, public KeyTarget {
   void TellPlace();
   bool GoOn(const MSG& message);
 
-  std::shared_ptr<Form> form_;
-  Dialog* dialog_;  ///< the form when it is one, else nothing
+  std::shared_ptr<forms::Form> form_;
+  forms::Dialog* dialog_;  ///< the form when it is one, else nothing
   HWND owner_;
   bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;

@@ -11,26 +11,26 @@
 namespace quorvane::windows {
 
 FormWindows::FormWindows(const ViewFactory& views) : views_(views) {
-  opened_ = TheForms().Opened.Subscribe([this](Form& form) { Open(form); });
-  closed_ = TheForms().Closed.Subscribe([this](Form& form) { Close(form); });
+  opened_ = forms::TheForms().Opened.Subscribe([this](forms::Form& form) { Open(form); });
+  closed_ = forms::TheForms().Closed.Subscribe([this](forms::Form& form) { Close(form); });
 }
 
 FormWindows::~FormWindows() {
   for (auto& [form, window] : shown_) window->Retire();
 }
 
-FormWindow* FormWindows::WindowOf(const Form& form) const {
+FormWindow* FormWindows::WindowOf(const forms::Form& form) const {
   const auto found = shown_.find(&form);
   return found != shown_.end() ? found->second.get() : nullptr;
 }
 
-void FormWindows::Open(Form& form) {
-  TheScreen() = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN), TwipsOfPixels(1)};
+void FormWindows::Open(forms::Form& form) {
+  forms::TheScreen() = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN), TwipsOfPixels(1)};
   shown_[&form] = std::make_unique<FormWindow>(form.shared_from_this(), views_, owner_);
 }
 
 /// The form may close from inside one of its window's own messages.
-void FormWindows::Close(Form& form) {
+void FormWindows::Close(forms::Form& form) {
   const auto found = shown_.find(&form);
   if (found == shown_.end()) return;
   std::unique_ptr<FormWindow> closed = std::move(found->second);

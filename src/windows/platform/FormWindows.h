@@ -6,9 +6,11 @@
 #include "base/Event.h"
 #include "windows/com/Win32.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Form;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -26,15 +28,15 @@ class FormWindows {
   void SetOwner(HWND owner) { owner_ = owner; }
 
   /// Nothing for a form without a window.
-  FormWindow* WindowOf(const Form& form) const;
+  FormWindow* WindowOf(const forms::Form& form) const;
 
  private:
-  void Open(Form& form);
-  void Close(Form& form);
+  void Open(forms::Form& form);
+  void Close(forms::Form& form);
 
   const ViewFactory& views_;
   HWND owner_ = nullptr;
-  std::unordered_map<const Form*, std::unique_ptr<FormWindow>> shown_;
+  std::unordered_map<const forms::Form*, std::unique_ptr<FormWindow>> shown_;
   Subscription opened_;
   Subscription closed_;
 };

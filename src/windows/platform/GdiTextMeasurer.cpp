@@ -18,7 +18,8 @@ constexpr std::size_t kPiece = 4096;  // characters measured at once
 /// A context of the screen with a font selected.
 class GdiTextMeasurer::Ruler {
  public:
-  explicit Ruler(const Font& wanted) : what_(wanted), font_(MakeFont(wanted)), dc_(::CreateCompatibleDC(nullptr)) {
+  explicit Ruler(const forms::Font& wanted)
+      : what_(wanted), font_(MakeFont(wanted)), dc_(::CreateCompatibleDC(nullptr)) {
     before_ = ::SelectObject(dc_, font_.Get());
   }
   ~Ruler() {
@@ -28,11 +29,11 @@ class GdiTextMeasurer::Ruler {
   Ruler(const Ruler&) = delete;
   Ruler& operator=(const Ruler&) = delete;
 
-  const Font& What() const { return what_; }
+  const forms::Font& What() const { return what_; }
   HDC Dc() const { return dc_; }
 
  private:
-  Font what_;
+  forms::Font what_;
   FontHandle font_;
   HDC dc_;
   HGDIOBJ before_ = nullptr;
@@ -42,18 +43,18 @@ GdiTextMeasurer::GdiTextMeasurer() = default;
 
 GdiTextMeasurer::~GdiTextMeasurer() = default;
 
-const GdiTextMeasurer::Ruler& GdiTextMeasurer::RulerOf(const Font& font) const {
+const GdiTextMeasurer::Ruler& GdiTextMeasurer::RulerOf(const forms::Font& font) const {
   if (!ruler_ || ruler_->What() != font) ruler_ = std::make_unique<Ruler>(font);
   return *ruler_;
 }
 
-std::int32_t GdiTextMeasurer::LineHeight(const Font& font) const {
+std::int32_t GdiTextMeasurer::LineHeight(const forms::Font& font) const {
   TEXTMETRICW metrics{};
   ::GetTextMetricsW(RulerOf(font).Dc(), &metrics);
   return metrics.tmHeight + metrics.tmExternalLeading;
 }
 
-std::int32_t GdiTextMeasurer::LineWidth(const Font& font, std::u16string_view line) const {
+std::int32_t GdiTextMeasurer::LineWidth(const forms::Font& font, std::u16string_view line) const {
   const HDC dc = RulerOf(font).Dc();
   const int stop = Dpi() / 2;
   std::int32_t width = 0;

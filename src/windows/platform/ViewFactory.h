@@ -25,14 +25,14 @@ class ViewFactory {
   }
   template <class Model, class Make>
   void RegisterForm(Make make) {
-    forms_.push_back(Maker<Model, Form>(make));
+    forms_.push_back(Maker<Model, forms::Form>(make));
   }
 
   /// Nothing for a model of a type that nobody registered.
   std::unique_ptr<View> MakeView(vbide::Document& document, HWND parent) const {
     return First(documents_, document, parent);
   }
-  std::unique_ptr<View> MakeView(Form& form, HWND parent) const { return First(forms_, form, parent); }
+  std::unique_ptr<View> MakeView(forms::Form& form, HWND parent) const { return First(forms_, form, parent); }
 
  private:
   template <class Base>
@@ -54,7 +54,7 @@ class ViewFactory {
   }
 
   std::vector<Make<vbide::Document>> documents_;
-  std::vector<Make<Form>> forms_;
+  std::vector<Make<forms::Form>> forms_;
 };
 
 }  // namespace quorvane::windows

@@ -43,8 +43,8 @@ std::unique_ptr<Placeable> AboutView::MakeHead() {
   return head;
 }
 
-std::unique_ptr<Placeable> AboutView::MakeText(const std::shared_ptr<Frame>& frame,
-                                               const std::shared_ptr<TextBox>& text, int lines) {
+std::unique_ptr<Placeable> AboutView::MakeText(const std::shared_ptr<forms::Frame>& frame,
+                                               const std::shared_ptr<forms::TextBox>& text, int lines) {
   auto& box = Enter<FrameView>(frame, Handle());
   auto inside = MakeColumn(0);
   inside->Add(Enter<EditView>(text, Handle(), kTextColumns, lines), {.Stretch = 1});
@@ -53,7 +53,7 @@ std::unique_ptr<Placeable> AboutView::MakeText(const std::shared_ptr<Frame>& fra
 
 std::unique_ptr<Placeable> AboutView::MakeFoot() {
   auto links = std::make_unique<Grid>(Units().Across(kGap), Units().Down(2));
-  const auto line = [&](const std::shared_ptr<Label>& label, const std::shared_ptr<Label>& link) {
+  const auto line = [&](const std::shared_ptr<forms::Label>& label, const std::shared_ptr<forms::Label>& link) {
     auto& words = Enter<LabelView>(label, Handle());
     auto& place = Enter<LinkView>(link, Handle());
     links->AddRow({&words, &place});

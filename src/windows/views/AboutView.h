@@ -2,9 +2,12 @@
 
 #include "windows/views/DialogView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Frame;
 class TextBox;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 class frmAbout;
 }  // namespace quorvane
 
@@ -18,8 +21,8 @@ class AboutView final : public DialogView {
 
  private:
   std::unique_ptr<Placeable> MakeHead();
-  std::unique_ptr<Placeable> MakeText(const std::shared_ptr<Frame>& frame, const std::shared_ptr<TextBox>& text,
-                                      int lines);
+  std::unique_ptr<Placeable> MakeText(const std::shared_ptr<forms::Frame>& frame,
+                                      const std::shared_ptr<forms::TextBox>& text, int lines);
   std::unique_ptr<Placeable> MakeFoot();
 
   frmAbout& form_;

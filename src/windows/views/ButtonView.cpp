@@ -15,7 +15,7 @@ constexpr int kRoomBeside = 6;
 
 }  // namespace
 
-ButtonView::ButtonView(DialogView& dialog, const std::shared_ptr<CommandButton>& button, HWND parent)
+ButtonView::ButtonView(DialogView& dialog, const std::shared_ptr<forms::CommandButton>& button, HWND parent)
     : CaptionView(dialog, button), button_(button) {
   Make(parent, L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP);
 }

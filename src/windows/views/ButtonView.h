@@ -2,15 +2,17 @@
 
 #include "windows/views/CaptionView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class CommandButton;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 class ButtonView final : public CaptionView {
  public:
-  ButtonView(DialogView& dialog, const std::shared_ptr<CommandButton>& button, HWND parent);
+  ButtonView(DialogView& dialog, const std::shared_ptr<forms::CommandButton>& button, HWND parent);
 
   /// With the thick border of the button that Enter presses, or without.
   void ShowDefault(bool isDefault);
@@ -20,7 +22,7 @@ class ButtonView final : public CaptionView {
   void OnCommand(WORD code) override;
 
  private:
-  const std::shared_ptr<CommandButton> button_;
+  const std::shared_ptr<forms::CommandButton> button_;
   bool isDefault_ = false;
 };
 

@@ -5,7 +5,7 @@
 
 namespace quorvane::windows {
 
-CaptionView::CaptionView(DialogView& dialog, const std::shared_ptr<CaptionedControl>& control)
+CaptionView::CaptionView(DialogView& dialog, const std::shared_ptr<forms::CaptionedControl>& control)
     : ControlView(dialog, control), captioned_(*control) {}
 
 void CaptionView::Show() {

@@ -11,15 +11,15 @@ namespace quorvane::windows {
 /// A control that shows a caption, with its tool tip.
 class CaptionView : public ControlView {
  protected:
-  CaptionView(DialogView& dialog, const std::shared_ptr<CaptionedControl>& control);
+  CaptionView(DialogView& dialog, const std::shared_ptr<forms::CaptionedControl>& control);
 
-  const CaptionedControl& Captioned() const { return captioned_; }
+  const forms::CaptionedControl& Captioned() const { return captioned_; }
   void Show() override;
   /// Of the caption in the font of dialogs.
   SIZE CaptionSize() const;
 
  private:
-  const CaptionedControl& captioned_;
+  const forms::CaptionedControl& captioned_;
   std::u16string caption_;
   std::u16string tip_;
 };

@@ -21,7 +21,7 @@ SIZE SizeOfChoice(const DialogView& dialog, SIZE caption) {
   return {caption.cx + Scaled(kMark) + units.Across(kRoomBeside), std::max<LONG>(caption.cy, units.Down(kHeight))};
 }
 
-CheckView::CheckView(DialogView& dialog, const std::shared_ptr<CheckBox>& box, HWND parent)
+CheckView::CheckView(DialogView& dialog, const std::shared_ptr<forms::CheckBox>& box, HWND parent)
     : CaptionView(dialog, box), box_(box) {
   Make(parent, L"BUTTON", BS_3STATE | WS_TABSTOP | WS_GROUP);
 }

@@ -2,16 +2,18 @@
 
 #include "windows/views/CaptionView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class CheckBox;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 /// A box of two or three states; which one comes behind a click is the model's.
 class CheckView final : public CaptionView {
  public:
-  CheckView(DialogView& dialog, const std::shared_ptr<CheckBox>& box, HWND parent);
+  CheckView(DialogView& dialog, const std::shared_ptr<forms::CheckBox>& box, HWND parent);
 
  protected:
   void Show() override;
@@ -19,7 +21,7 @@ class CheckView final : public CaptionView {
   void OnCommand(WORD code) override;
 
  private:
-  const std::shared_ptr<CheckBox> box_;
+  const std::shared_ptr<forms::CheckBox> box_;
 };
 
 /// The room of a check box or an option with a caption of that size.

@@ -30,7 +30,7 @@ bool IsInstalled(const std::u16string& name) {
   return found;
 }
 
-FontHandle Make(const Font& wanted, const std::u16string& name, BYTE charset) {
+FontHandle Make(const forms::Font& wanted, const std::u16string& name, BYTE charset) {
   LOGFONTW font{};
   font.lfHeight = -static_cast<LONG>(std::lround(wanted.Size * Dpi() / kPointsOfInch));
   font.lfWeight = wanted.Weight;
@@ -49,7 +49,7 @@ bool IsFixed(HFONT font) {
 
 }  // namespace
 
-FontHandle CodeFont(const Font& wanted) {
+FontHandle CodeFont(const forms::Font& wanted) {
   if (IsInstalled(wanted.Name)) {
     FontHandle asked = Make(wanted, wanted.Name, static_cast<BYTE>(wanted.Charset));
     if (IsFixed(asked.Get())) return asked;

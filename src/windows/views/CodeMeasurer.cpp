@@ -38,18 +38,18 @@ int CodeMeasurer::HeightOfLine(HDC context) {
   return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
 }
 
-std::int32_t CodeMeasurer::LineHeight(const Font& font) const {
+std::int32_t CodeMeasurer::LineHeight(const forms::Font& font) const {
   const MeasuringContext context(HandleFor(font));
   return HeightOfLine(context.Handle());
 }
 
-std::int32_t CodeMeasurer::LineWidth(const Font& font, std::u16string_view line) const {
+std::int32_t CodeMeasurer::LineWidth(const forms::Font& font, std::u16string_view line) const {
   const MeasuringContext context(HandleFor(font));
   return ForEachPart(context.Handle(), line, 0, [](int, std::u16string_view) {});
 }
 
 /// One font is asked for line by line.
-HFONT CodeMeasurer::HandleFor(const Font& font) const {
+HFONT CodeMeasurer::HandleFor(const forms::Font& font) const {
   if (!made_ || !(font == font_)) {
     made_ = CodeFont(font);
     font_ = font;

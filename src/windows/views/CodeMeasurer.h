@@ -12,10 +12,10 @@ namespace quorvane::windows {
 
 /// Measures code as the preview paints it: in the font of codes, a tab to the next of the columns that stand four
 /// apart.
-class CodeMeasurer final : public TextMeasurer {
+class CodeMeasurer final : public forms::TextMeasurer {
  public:
-  std::int32_t LineHeight(const Font& font) const override;
-  std::int32_t LineWidth(const Font& font, std::u16string_view line) const override;
+  std::int32_t LineHeight(const forms::Font& font) const override;
+  std::int32_t LineWidth(const forms::Font& font, std::u16string_view line) const override;
 
   // Of the font that is in a context, in pixels.
   static int HeightOfLine(HDC context);
@@ -25,9 +25,9 @@ class CodeMeasurer final : public TextMeasurer {
   static int ForEachPart(HDC context, std::u16string_view text, int x, const Take& take);
 
  private:
-  HFONT HandleFor(const Font& font) const;
+  HFONT HandleFor(const forms::Font& font) const;
 
-  mutable Font font_;  ///< asked for last
+  mutable forms::Font font_;  ///< asked for last
   mutable FontHandle made_;
 };
 

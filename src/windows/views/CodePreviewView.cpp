@@ -50,7 +50,7 @@ CodePreviewView::CodePreviewView(frmCodePreview& form, HWND parent) : form_(form
   making.parent = parent;
   Create(making);
   form_.SetMeasurer(std::make_shared<CodeMeasurer>());
-  Font font = form_.Font();
+  forms::Font font = form_.Font();
   plain_ = CodeFont(font);
   font.Strikethrough = true;
   struck_ = CodeFont(font);
@@ -68,7 +68,7 @@ std::vector<CodePreviewView::Piece> CodePreviewView::Pieces() const {
   std::vector<Piece> pieces;
   const std::u16string_view text = form_.rtPreview->Text();
   std::size_t line = 0;
-  for (const RichTextBox::Run& run : form_.rtPreview->Runs()) {
+  for (const forms::RichTextBox::Run& run : form_.rtPreview->Runs()) {
     std::u16string_view rest = text.substr(static_cast<std::size_t>(run.Start), static_cast<std::size_t>(run.Length));
     for (;;) {
       const std::size_t end = rest.find(u'\n');

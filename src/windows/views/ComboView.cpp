@@ -18,14 +18,14 @@ constexpr int kShownRows = 16;
 
 }  // namespace
 
-ComboView::ComboView(DialogView& dialog, const std::shared_ptr<ComboBox>& combo, HWND parent, Kind kind)
+ComboView::ComboView(DialogView& dialog, const std::shared_ptr<forms::ComboBox>& combo, HWND parent, Kind kind)
     : ControlView(dialog, combo), combo_(combo), kind_(kind) {
   const DWORD style = kind == Kind::Editable ? CBS_DROPDOWN | CBS_AUTOHSCROLL : CBS_DROPDOWNLIST;
   Make(parent, L"COMBOBOX", style | WS_VSCROLL | WS_TABSTOP | WS_GROUP);
   if (kind_ == Kind::ListOnly) return;
   ::SendMessageW(Handle(), CB_LIMITTEXT, 0, 0);
   edit_ = ::FindWindowExW(Handle(), nullptr, L"Edit", nullptr);
-  drop_ = std::make_unique<TextDrop>(Handle(), [combo](const DataObject& data) { combo->Drop(data); });
+  drop_ = std::make_unique<TextDrop>(Handle(), [combo](const forms::DataObject& data) { combo->Drop(data); });
 }
 
 ComboView::~ComboView() = default;

@@ -6,9 +6,11 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class ComboBox;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -19,7 +21,7 @@ class ComboView final : public ControlView {
  public:
   enum class Kind { Editable, ListOnly };
 
-  ComboView(DialogView& dialog, const std::shared_ptr<ComboBox>& combo, HWND parent, Kind kind);
+  ComboView(DialogView& dialog, const std::shared_ptr<forms::ComboBox>& combo, HWND parent, Kind kind);
   ~ComboView() override;
 
   /// The box in which the user types; nothing of a list alone.
@@ -38,7 +40,7 @@ class ComboView final : public ControlView {
   void TakeText();
   void Pick();
 
-  const std::shared_ptr<ComboBox> combo_;
+  const std::shared_ptr<forms::ComboBox> combo_;
   const Kind kind_;
   HWND edit_ = nullptr;
   std::vector<std::u16string> list_;  ///< as it is shown

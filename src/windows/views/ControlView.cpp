@@ -13,7 +13,7 @@ namespace quorvane::windows {
 
 namespace {
 
-bool IsOpen(const Control& control) {
+bool IsOpen(const forms::Control& control) {
   if (!control.Enabled() || !control.Visible()) return false;
   const auto container = control.Container();
   return !container || IsOpen(*container);
@@ -21,7 +21,7 @@ bool IsOpen(const Control& control) {
 
 }  // namespace
 
-ControlView::ControlView(DialogView& dialog, std::shared_ptr<Control> control)
+ControlView::ControlView(DialogView& dialog, std::shared_ptr<forms::Control> control)
     : dialog_(dialog), control_(std::move(control)) {}
 
 ControlView::~ControlView() {

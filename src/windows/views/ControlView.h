@@ -6,9 +6,11 @@
 #include "windows/platform/Window.h"
 #include "windows/views/Layout.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Control;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -20,7 +22,7 @@ class ControlView : public Window, public Placeable {
  public:
   ~ControlView() override;
 
-  const std::shared_ptr<Control>& Model() const { return control_; }
+  const std::shared_ptr<forms::Control>& Model() const { return control_; }
   /// Takes the model's state and follows it from now on. Once, behind the constructor.
   void Start();
 
@@ -36,7 +38,7 @@ class ControlView : public Window, public Placeable {
 
  protected:
   /// `control` lies in `dialog`, which outlives this.
-  ControlView(DialogView& dialog, std::shared_ptr<Control> control);
+  ControlView(DialogView& dialog, std::shared_ptr<forms::Control> control);
 
   /// Makes the window in `parent`: its class, its style beside that of every control.
   void Make(HWND parent, const wchar_t* className, DWORD style, DWORD extendedStyle = 0);
@@ -60,7 +62,7 @@ class ControlView : public Window, public Placeable {
   void FollowState();
 
   DialogView& dialog_;
-  std::shared_ptr<Control> control_;
+  std::shared_ptr<forms::Control> control_;
   SIZE least_{};
   int following_ = 0;
   Subscription changed_;

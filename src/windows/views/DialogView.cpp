@@ -37,7 +37,7 @@ bool IsEdit(HWND window) {
 
 }  // namespace
 
-DialogView::DialogView(Dialog& dialog, HWND parent) : dialog_(dialog), units_(DialogFont()), tips_(parent) {
+DialogView::DialogView(forms::Dialog& dialog, HWND parent) : dialog_(dialog), units_(DialogFont()), tips_(parent) {
   Making making;
   making.style = WS_CHILD | WS_VISIBLE;
   making.extendedStyle = WS_EX_CONTROLPARENT;
@@ -49,18 +49,18 @@ DialogView::DialogView(Dialog& dialog, HWND parent) : dialog_(dialog), units_(Di
 
 DialogView::~DialogView() = default;
 
-void DialogView::EnterMenu(Menu& menu) {
+void DialogView::EnterMenu(forms::Menu& menu) {
   menus_.push_back(std::make_unique<MenuView>(menu, [this] { return Handle(); }));
 }
 
-std::unique_ptr<Placeable> DialogView::EnterChoices(const std::shared_ptr<Frame>& frame, HWND parent) {
+std::unique_ptr<Placeable> DialogView::EnterChoices(const std::shared_ptr<forms::Frame>& frame, HWND parent) {
   auto& box = Enter<FrameView>(frame, parent);
   auto column = MakeColumn(units_.Down(kChoiceGap));
   bool first = true;
   for (const auto& child : frame->Children) {
-    if (const auto option = std::dynamic_pointer_cast<OptionButton>(child)) {
+    if (const auto option = std::dynamic_pointer_cast<forms::OptionButton>(child)) {
       column->Add(Enter<OptionView>(option, parent, first));
-    } else if (const auto check = std::dynamic_pointer_cast<CheckBox>(child)) {
+    } else if (const auto check = std::dynamic_pointer_cast<forms::CheckBox>(child)) {
       column->Add(Enter<CheckView>(check, parent));
     }
     first = false;
@@ -69,7 +69,7 @@ std::unique_ptr<Placeable> DialogView::EnterChoices(const std::shared_ptr<Frame>
   return box.Around(std::move(column));
 }
 
-void DialogView::SetLayout(std::unique_ptr<Placeable> root, const Control& first) {
+void DialogView::SetLayout(std::unique_ptr<Placeable> root, const forms::Control& first) {
   auto framed = MakeColumn(0);
   framed->SetMargins(units_.Margins(kMargin, kMargin));
   framed->Add(std::move(root), {.Stretch = 1});
@@ -95,7 +95,7 @@ void DialogView::Arrange() const {
   if (root_ && room.right > 0) root_->Place(room);
 }
 
-ControlView* DialogView::ViewOf(const Control& control) const {
+ControlView* DialogView::ViewOf(const forms::Control& control) const {
   const auto found = std::ranges::find_if(views_, [&](const auto& view) { return view->Model().get() == &control; });
   return found != views_.end() ? found->get() : nullptr;
 }
@@ -165,7 +165,7 @@ void DialogView::TakeFocus() {
 }
 
 void DialogView::ShowDefaultButton() const {
-  const auto active = std::dynamic_pointer_cast<CommandButton>(dialog_.ActiveControl());
+  const auto active = std::dynamic_pointer_cast<forms::CommandButton>(dialog_.ActiveControl());
   const auto shown = active ? active : dialog_.DefaultButton();
   for (const auto& view : views_) {
     if (auto* button = dynamic_cast<ButtonView*>(view.get())) button->ShowDefault(button->Model() == shown);

@@ -12,12 +12,12 @@
 #include "windows/views/TextSize.h"
 #include "windows/views/ToolTips.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Control;
 class Dialog;
 class Frame;
 class Menu;
-}  // namespace quorvane
+}  // namespace quorvane::forms
 
 namespace quorvane::windows {
 
@@ -29,7 +29,7 @@ class MenuView;
 class DialogView : public Window, public View {
  public:
   /// The dialog outlives this. `parent` is the form's window.
-  DialogView(Dialog& dialog, HWND parent);
+  DialogView(forms::Dialog& dialog, HWND parent);
   ~DialogView() override;
 
   HWND Handle() const override { return Window::Handle(); }
@@ -38,7 +38,7 @@ class DialogView : public Window, public View {
   bool TakeKey(const MSG& message) override;
 
   /// The view of a control; nothing for one that is not shown.
-  ControlView* ViewOf(const Control& control) const;
+  ControlView* ViewOf(const forms::Control& control) const;
 
   // For the views of the controls
   const DialogUnits& Units() const { return units_; }
@@ -68,12 +68,12 @@ class DialogView : public Window, public View {
     shown.Start();
     return shown;
   }
-  void EnterMenu(Menu& menu);
+  void EnterMenu(forms::Menu& menu);
   /// A frame with its option buttons and check boxes one below the other.
-  std::unique_ptr<Placeable> EnterChoices(const std::shared_ptr<Frame>& frame, HWND parent);
+  std::unique_ptr<Placeable> EnterChoices(const std::shared_ptr<forms::Frame>& frame, HWND parent);
   /// All of it, behind the last control. `first` is where the focus begins.
-  void SetLayout(std::unique_ptr<Placeable> root, const Control& first);
-  Dialog& TheDialog() const { return dialog_; }
+  void SetLayout(std::unique_ptr<Placeable> root, const forms::Control& first);
+  forms::Dialog& TheDialog() const { return dialog_; }
   /// `page` has the ground of tabs from now on.
   void SetTabGround(HWND page) { tabGrounds_.push_back(page); }
 
@@ -86,7 +86,7 @@ class DialogView : public Window, public View {
   void ShowDefaultButton() const;
   void Arrange() const;
 
-  Dialog& dialog_;
+  forms::Dialog& dialog_;
   DialogUnits units_;
   ToolTips tips_;
   std::vector<std::unique_ptr<ControlView>> views_;
@@ -95,10 +95,10 @@ class DialogView : public Window, public View {
   std::unique_ptr<Placeable> root_;
   ControlView* first_ = nullptr;
   SIZE wanted_{};
-  std::weak_ptr<Control> followed_;  ///< what the dialog's active control was when the focus last followed it
-  bool holding_ = false;             ///< the focus waits on the surface
-  bool giving_ = false;              ///< the focus goes somewhere without the user
-  HWND other_ = nullptr;             ///< what had the focus last, when that was no control of the dialog
+  std::weak_ptr<forms::Control> followed_;  ///< what the dialog's active control was when the focus last followed it
+  bool holding_ = false;                    ///< the focus waits on the surface
+  bool giving_ = false;                     ///< the focus goes somewhere without the user
+  HWND other_ = nullptr;                    ///< what had the focus last, when that was no control of the dialog
   int lastId_ = 99;
   Subscription changed_;
 };

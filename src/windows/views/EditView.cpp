@@ -14,7 +14,7 @@ constexpr int kHeight = 12;
 constexpr int kBorder = 4;
 constexpr WPARAM kNoLimit = 0x7FFFFFFE;
 
-DWORD StyleOf(const TextBox& box) {
+DWORD StyleOf(const forms::TextBox& box) {
   if (!box.MultiLine()) return ES_AUTOHSCROLL;
   const DWORD many = ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | WS_VSCROLL;
   return box.Locked() ? many | ES_READONLY : many | ES_AUTOHSCROLL | WS_HSCROLL;
@@ -38,7 +38,7 @@ std::u16string WithFullBreaks(const std::u16string& text) {
 
 }  // namespace
 
-EditView::EditView(DialogView& dialog, const std::shared_ptr<TextBox>& box, HWND parent, int columns, int lines)
+EditView::EditView(DialogView& dialog, const std::shared_ptr<forms::TextBox>& box, HWND parent, int columns, int lines)
     : ControlView(dialog, box), box_(box), columns_(columns), lines_(lines) {
   Make(parent, L"EDIT", StyleOf(*box) | WS_TABSTOP | WS_GROUP, WS_EX_CLIENTEDGE);
   ::SendMessageW(Handle(), EM_SETLIMITTEXT, kNoLimit, 0);

@@ -6,9 +6,11 @@
 #include "windows/platform/Fonts.h"
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class TextBox;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -16,7 +18,7 @@ namespace quorvane::windows {
 class EditView final : public ControlView {
  public:
   /// `columns` and `lines` of it are seen at least.
-  EditView(DialogView& dialog, const std::shared_ptr<TextBox>& box, HWND parent, int columns, int lines = 1);
+  EditView(DialogView& dialog, const std::shared_ptr<forms::TextBox>& box, HWND parent, int columns, int lines = 1);
 
  protected:
   void Show() override;
@@ -24,7 +26,7 @@ class EditView final : public ControlView {
   void OnCommand(WORD code) override;
 
  private:
-  const std::shared_ptr<TextBox> box_;
+  const std::shared_ptr<forms::TextBox> box_;
   const int columns_;
   const int lines_;
   std::u16string text_;  ///< of the model, as it was shown or taken last

@@ -38,7 +38,7 @@ class Framed final : public Placeable {
 
 }  // namespace
 
-FrameView::FrameView(DialogView& dialog, const std::shared_ptr<Frame>& frame, HWND parent)
+FrameView::FrameView(DialogView& dialog, const std::shared_ptr<forms::Frame>& frame, HWND parent)
     : CaptionView(dialog, frame) {
   Make(parent, L"BUTTON", BS_GROUPBOX | WS_GROUP);
 }

@@ -13,7 +13,7 @@ constexpr double kTitleScale = 1.7;
 
 }  // namespace
 
-LabelView::LabelView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent, Look look)
+LabelView::LabelView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent, Look look)
     : CaptionView(dialog, label) {
   Make(parent, L"STATIC", SS_LEFT | SS_NOTIFY | WS_GROUP);
   if (look == Look::Plain) return;

@@ -3,9 +3,11 @@
 #include "windows/platform/Fonts.h"
 #include "windows/views/CaptionView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Label;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -14,7 +16,7 @@ class LabelView final : public CaptionView {
  public:
   enum class Look { Plain, Title };
 
-  LabelView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent, Look look = Look::Plain);
+  LabelView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent, Look look = Look::Plain);
 
  protected:
   SIZE Measure() const override;

@@ -12,7 +12,7 @@ constexpr WORD kHand = 32649;
 
 }  // namespace
 
-LinkView::LinkView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent)
+LinkView::LinkView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent)
     : CaptionView(dialog, label), label_(label) {
   Make(parent, L"STATIC", SS_LEFT | SS_NOTIFY | SS_NOPREFIX | WS_TABSTOP | WS_GROUP);
   LOGFONTW font = SystemFont();

@@ -3,9 +3,11 @@
 #include "windows/platform/Fonts.h"
 #include "windows/views/CaptionView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Label;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -13,7 +15,7 @@ namespace quorvane::windows {
 /// it.
 class LinkView final : public CaptionView {
  public:
-  LinkView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent);
+  LinkView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent);
 
  protected:
   SIZE Measure() const override;
@@ -24,7 +26,7 @@ class LinkView final : public CaptionView {
  private:
   void ShowFocus();
 
-  const std::shared_ptr<Label> label_;
+  const std::shared_ptr<forms::Label> label_;
   FontHandle underlined_;
 };
 

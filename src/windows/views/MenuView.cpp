@@ -15,13 +15,13 @@ namespace {
 /// The system's menu and what its commands stand for; a command is the place in the list, 1-based.
 class Shown {
  public:
-  explicit Shown(const Menu& menu) : handle_(Make(menu)) {}
+  explicit Shown(const forms::Menu& menu) : handle_(Make(menu)) {}
   ~Shown() { DestroyMenu(handle_); }
   Shown(const Shown&) = delete;
   Shown& operator=(const Shown&) = delete;
 
   /// Nothing when the user chose none.
-  std::shared_ptr<Menu> Ask(HWND owner, POINT place) const {
+  std::shared_ptr<forms::Menu> Ask(HWND owner, POINT place) const {
     if (GetWindowThreadProcessId(GetForegroundWindow(), nullptr) != GetCurrentThreadId()) SetForegroundWindow(owner);
     const BOOL command =
         TrackPopupMenuEx(handle_, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x, place.y, owner, nullptr);
@@ -30,13 +30,13 @@ class Shown {
   }
 
  private:
-  HMENU Make(const Menu& menu) {
+  HMENU Make(const forms::Menu& menu) {
     const HMENU made = CreatePopupMenu();
     for (const auto& item : menu.Items()) Add(made, item);
     return made;
   }
 
-  void Add(HMENU menu, const std::shared_ptr<Menu>& item) {
+  void Add(HMENU menu, const std::shared_ptr<forms::Menu>& item) {
     if (!item->Visible()) return;
     UINT flags = item->IsSeparator() ? MF_SEPARATOR : MF_STRING;
     if (!item->Enabled()) flags |= MF_GRAYED;
@@ -53,19 +53,19 @@ class Shown {
   }
 
   /// Some captions come with a line break at their end.
-  static std::u16string CaptionOf(const Menu& item) {
+  static std::u16string CaptionOf(const forms::Menu& item) {
     std::u16string caption = item.Caption();
     while (!caption.empty() && (caption.back() == u'\n' || caption.back() == u'\r')) caption.pop_back();
     return caption;
   }
 
-  std::vector<std::shared_ptr<Menu>> items_;
+  std::vector<std::shared_ptr<forms::Menu>> items_;
   HMENU handle_;
 };
 
 }  // namespace
 
-MenuView::MenuView(Menu& menu, std::function<HWND()> owner)
+MenuView::MenuView(forms::Menu& menu, std::function<HWND()> owner)
     : menu_(menu), owner_(std::move(owner)), popped_(menu.Popped.Subscribe([this] { Show(); })) {}
 
 void MenuView::PopUpAt(POINT place) {

@@ -6,9 +6,11 @@
 #include "base/Event.h"
 #include "windows/platform/Win32.h"
 
-namespace quorvane {
-
+namespace quorvane::forms {
 class Menu;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 
 namespace windows {
 
@@ -17,7 +19,7 @@ namespace windows {
 class MenuView {
  public:
   /// The menu outlives this. `owner` gives the window that the menu belongs to at that moment.
-  MenuView(Menu& menu, std::function<HWND()> owner);
+  MenuView(forms::Menu& menu, std::function<HWND()> owner);
   MenuView(const MenuView&) = delete;
   MenuView& operator=(const MenuView&) = delete;
 
@@ -27,7 +29,7 @@ class MenuView {
  private:
   void Show();
 
-  Menu& menu_;
+  forms::Menu& menu_;
   std::function<HWND()> owner_;
   std::optional<POINT> place_;
   Subscription popped_;

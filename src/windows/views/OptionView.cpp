@@ -6,7 +6,7 @@
 
 namespace quorvane::windows {
 
-OptionView::OptionView(DialogView& dialog, const std::shared_ptr<OptionButton>& option, HWND parent, bool first)
+OptionView::OptionView(DialogView& dialog, const std::shared_ptr<forms::OptionButton>& option, HWND parent, bool first)
     : CaptionView(dialog, option), option_(option) {
   Make(parent, L"BUTTON", BS_AUTORADIOBUTTON | (first ? WS_GROUP | WS_TABSTOP : 0U));
 }

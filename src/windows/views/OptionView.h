@@ -2,9 +2,11 @@
 
 #include "windows/views/CaptionView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class OptionButton;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -12,7 +14,7 @@ namespace quorvane::windows {
 class OptionView final : public CaptionView {
  public:
   /// `first` of its group, which ends before the next control that is no option.
-  OptionView(DialogView& dialog, const std::shared_ptr<OptionButton>& option, HWND parent, bool first);
+  OptionView(DialogView& dialog, const std::shared_ptr<forms::OptionButton>& option, HWND parent, bool first);
 
  protected:
   void Show() override;
@@ -20,7 +22,7 @@ class OptionView final : public CaptionView {
   void OnCommand(WORD code) override;
 
  private:
-  const std::shared_ptr<OptionButton> option_;
+  const std::shared_ptr<forms::OptionButton> option_;
 };
 
 }  // namespace quorvane::windows

@@ -12,7 +12,7 @@ constexpr int kSize = 48;  // pixels at 96 an inch
 
 }  // namespace
 
-PictureView::PictureView(DialogView& dialog, const std::shared_ptr<PictureBox>& box, HWND parent)
+PictureView::PictureView(DialogView& dialog, const std::shared_ptr<forms::PictureBox>& box, HWND parent)
     : ControlView(dialog, box),
       icon_(static_cast<HICON>(::LoadImageW(Instance(), MAKEINTRESOURCEW(kIconOfModule), IMAGE_ICON, Scaled(kSize),
                                             Scaled(kSize), LR_DEFAULTCOLOR))) {

@@ -2,16 +2,18 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class PictureBox;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 /// The program's icon.
 class PictureView final : public ControlView {
  public:
-  PictureView(DialogView& dialog, const std::shared_ptr<PictureBox>& box, HWND parent);
+  PictureView(DialogView& dialog, const std::shared_ptr<forms::PictureBox>& box, HWND parent);
   ~PictureView() override;
 
  protected:

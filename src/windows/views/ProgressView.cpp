@@ -14,7 +14,7 @@ constexpr int kHeight = 12;
 
 }  // namespace
 
-ProgressView::ProgressView(DialogView& dialog, const std::shared_ptr<ProgressBar>& bar, HWND parent)
+ProgressView::ProgressView(DialogView& dialog, const std::shared_ptr<forms::ProgressBar>& bar, HWND parent)
     : ControlView(dialog, bar), bar_(bar) {
   Make(parent, PROGRESS_CLASSW, PBS_SMOOTH);
   ::SendMessageW(Handle(), PBM_SETRANGE32, static_cast<WPARAM>(bar->Min()), bar->Max());

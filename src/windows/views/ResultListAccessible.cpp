@@ -128,7 +128,7 @@ HRESULT ResultListAccessible::get_accRole(VARIANT child, VARIANT* role) {
 }
 
 LONG ResultListAccessible::StateOf(LONG child) const {
-  const OwnerDrawList& model = list_->Model();
+  const forms::OwnerDrawList& model = list_->Model();
   LONG state = STATE_SYSTEM_FOCUSABLE;
   if (!::IsWindowVisible(list_->Handle())) state |= STATE_SYSTEM_INVISIBLE;
   if (child == CHILDID_SELF) return model.HasFocus() && model.ListIndex() < 0 ? state | STATE_SYSTEM_FOCUSED : state;

@@ -22,7 +22,7 @@ LRESULT RowFromPoint(const ResultListView& list, LPARAM place) {
 }  // namespace
 
 std::optional<LRESULT> AnswerListMessage(const ResultListView& list, UINT message, WPARAM wParam, LPARAM lParam) {
-  const OwnerDrawList& model = list.Model();
+  const forms::OwnerDrawList& model = list.Model();
   const auto row = static_cast<std::int32_t>(wParam);
   const bool there = row >= 0 && row < model.ListCount();
   switch (message) {

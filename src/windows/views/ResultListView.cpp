@@ -40,7 +40,7 @@ int LinesOfNotch(int page) {
 
 }  // namespace
 
-ResultListView::ResultListView(std::shared_ptr<OwnerDrawList> list, HWND parent, ListPlace place)
+ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, HWND parent, ListPlace place)
     : kept_(std::move(list)), list_(*kept_), place_(place), follow_(kFollowTimer, [this] { Follow(); }) {
   Making making;
   making.parent = parent;

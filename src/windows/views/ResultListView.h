@@ -11,9 +11,12 @@
 #include "windows/platform/Window.h"
 #include "windows/views/Soon.h"
 
+namespace quorvane::forms {
+class OwnerDrawList;
+}  // namespace quorvane::forms
+
 namespace quorvane {
 class Canvas;
-class OwnerDrawList;
 }  // namespace quorvane
 
 namespace quorvane::windows {
@@ -32,10 +35,10 @@ struct ListPlace {
 class ResultListView final : public Window {
  public:
   /// Hidden in `parent`; shows the part at `place` when there is that much.
-  ResultListView(std::shared_ptr<OwnerDrawList> list, HWND parent, ListPlace place);
+  ResultListView(std::shared_ptr<forms::OwnerDrawList> list, HWND parent, ListPlace place);
   ~ResultListView() override;
 
-  OwnerDrawList& Model() const { return list_; }
+  forms::OwnerDrawList& Model() const { return list_; }
   ListPlace Place() const { return place_; }
   /// 0-based row under a point of the window, -1 for none.
   int RowAt(int x, int y) const;
@@ -80,8 +83,8 @@ class ResultListView final : public Window {
   void Reveal(int row);
   SIZE Inside() const;
 
-  const std::shared_ptr<OwnerDrawList> kept_;
-  OwnerDrawList& list_;
+  const std::shared_ptr<forms::OwnerDrawList> kept_;
+  forms::OwnerDrawList& list_;
   ListPlace place_;
   int rowHeight_ = 1;    ///< pixels
   int stepAcross_ = 1;   ///< pixels of one step to the side

@@ -16,7 +16,7 @@ constexpr UINT_PTR kFollowTimer = 1;
 
 }  // namespace
 
-ResultStatusLine::ResultStatusLine(std::shared_ptr<Label> label, HWND parent, ToolTips& tips)
+ResultStatusLine::ResultStatusLine(std::shared_ptr<forms::Label> label, HWND parent, ToolTips& tips)
     : label_(std::move(label)), tips_(tips), follow_(kFollowTimer, [this] { Follow(); }) {
   Making making;
   making.control = L"STATIC";

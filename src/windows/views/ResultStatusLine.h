@@ -7,9 +7,11 @@
 #include "windows/platform/Window.h"
 #include "windows/views/Soon.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Label;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -20,7 +22,7 @@ class ToolTips;
 class ResultStatusLine final : public Window {
  public:
   /// Hidden in `parent`; `tips` outlives this.
-  ResultStatusLine(std::shared_ptr<Label> label, HWND parent, ToolTips& tips);
+  ResultStatusLine(std::shared_ptr<forms::Label> label, HWND parent, ToolTips& tips);
   ~ResultStatusLine() override;
 
  protected:
@@ -32,7 +34,7 @@ class ResultStatusLine final : public Window {
   bool IsCut() const;
   void OnGone();
 
-  std::shared_ptr<Label> label_;
+  std::shared_ptr<forms::Label> label_;
   ToolTips& tips_;
   std::u16string tip_;  ///< as it was given last
   Soon follow_;

@@ -68,7 +68,7 @@ void DrawLine(HDC dc, int x1, int y1, int x2, int y2) {
 
 }  // namespace
 
-ResultTabBar::ResultTabBar(TabControl& control, HWND parent)
+ResultTabBar::ResultTabBar(forms::TabControl& control, HWND parent)
     : control_(control), follow_(kFollowTimer, [this] { Follow(); }) {
   const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_TAB_CLASSES};
   ::InitCommonControlsEx(&classes);
@@ -103,7 +103,7 @@ int ResultTabBar::WantedHeight() const {
   return tab.bottom + 1;
 }
 
-RECT ResultTabBar::RectOf(const std::shared_ptr<Tab>& tab) const {
+RECT ResultTabBar::RectOf(const std::shared_ptr<forms::Tab>& tab) const {
   RECT place{};
   const auto found = std::ranges::find(shown_, tab, &Shown::tab);
   if (found == shown_.end()) return place;
@@ -112,7 +112,7 @@ RECT ResultTabBar::RectOf(const std::shared_ptr<Tab>& tab) const {
   return place;
 }
 
-RECT ResultTabBar::CrossOf(const std::shared_ptr<Tab>& tab) const {
+RECT ResultTabBar::CrossOf(const std::shared_ptr<forms::Tab>& tab) const {
   const RECT place = RectOf(tab);
   if (!tab || !tab->CanClose() || ::IsRectEmpty(&place)) return {};
   const int side = Scaled(kSignBox);
@@ -133,7 +133,7 @@ std::u16string ResultTabBar::Shortened(std::u16string text) const {
 }
 
 void ResultTabBar::Follow() {
-  const std::vector<std::shared_ptr<Tab>> tabs = control_.Tabs();
+  const std::vector<std::shared_ptr<forms::Tab>> tabs = control_.Tabs();
   for (std::size_t i = shown_.size(); i-- > 0;) {
     if (std::ranges::find(tabs, shown_[i].tab) != tabs.end()) continue;
     shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(i));
@@ -175,7 +175,7 @@ void ResultTabBar::FollowTab(std::size_t index) {
 
 // --- what the user does ---
 
-std::shared_ptr<Tab> ResultTabBar::TabAt(int x, int y) const {
+std::shared_ptr<forms::Tab> ResultTabBar::TabAt(int x, int y) const {
   TCHITTESTINFO hit{};
   hit.pt = {x, y};
   const LRESULT index = ::SendMessageW(Handle(), TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
@@ -186,7 +186,7 @@ std::shared_ptr<Tab> ResultTabBar::TabAt(int x, int y) const {
 /// A cross works as a button does: the press alone closes nothing.
 void ResultTabBar::OnPress(std::int16_t button, int x, int y) {
   follow_.Now();
-  const std::shared_ptr<Tab> tab = TabAt(x, y);
+  const std::shared_ptr<forms::Tab> tab = TabAt(x, y);
   pressedCross_.reset();
   if (button == kLeftButton) {
     pressed_ = tab;
@@ -207,7 +207,7 @@ void ResultTabBar::OnPress(std::int16_t button, int x, int y) {
 }
 
 void ResultTabBar::OnRelease(int x, int y) {
-  const std::shared_ptr<Tab> tab = std::exchange(pressedCross_, {}).lock();
+  const std::shared_ptr<forms::Tab> tab = std::exchange(pressedCross_, {}).lock();
   if (!tab) return;
   const RECT cross = CrossOf(tab);
   if (!::PtInRect(&cross, {x, y})) return;
@@ -219,15 +219,15 @@ void ResultTabBar::OnRelease(int x, int y) {
 /// may be one that the first press has made. Anywhere else, and with another button, it is a press again.
 void ResultTabBar::OnDoubleClick(UINT message, int x, int y) {
   follow_.Now();
-  const std::shared_ptr<Tab> tab = TabAt(x, y);
+  const std::shared_ptr<forms::Tab> tab = TabAt(x, y);
   const RECT cross = CrossOf(tab);
   if (message != WM_LBUTTONDBLCLK || ::PtInRect(&cross, {x, y})) return OnPress(ButtonOf(message), x, y);
   if (tab && tab == pressed_.lock()) control_.DoubleClickTab(tab);
   follow_.Now();
 }
 
-void ResultTabBar::OnHover(const std::shared_ptr<Tab>& overCross) {
-  const std::shared_ptr<Tab> before = hotCross_.lock();
+void ResultTabBar::OnHover(const std::shared_ptr<forms::Tab>& overCross) {
+  const std::shared_ptr<forms::Tab> before = hotCross_.lock();
   if (before == overCross) return;
   hotCross_ = overCross;
   for (const auto& tab : {before, overCross}) {
@@ -256,7 +256,7 @@ bool ResultTabBar::OnMouse(UINT message, LPARAM lParam) {
     case WM_RBUTTONUP:  // would ask for a menu, which the press has opened
       return true;
     case WM_MOUSEMOVE: {
-      const std::shared_ptr<Tab> tab = TabAt(x, y);
+      const std::shared_ptr<forms::Tab> tab = TabAt(x, y);
       const RECT cross = CrossOf(tab);
       OnHover(::PtInRect(&cross, {x, y}) ? tab : nullptr);
       TRACKMOUSEEVENT leave{sizeof(leave), TME_LEAVE, Handle(), 0};
@@ -275,7 +275,7 @@ void ResultTabBar::SelectBeside(int step) {
   follow_.Now();
   const auto now = std::ranges::find(shown_, control_.SelectedTab(), &Shown::tab) - shown_.begin() + step;
   if (!control_.Enabled() || now < 0 || now >= static_cast<std::ptrdiff_t>(shown_.size())) return;
-  const std::shared_ptr<Tab> tab = shown_[static_cast<std::size_t>(now)].tab;
+  const std::shared_ptr<forms::Tab> tab = shown_[static_cast<std::size_t>(now)].tab;
   tab->Select();
   follow_.Now();
 }
@@ -298,7 +298,7 @@ bool ResultTabBar::AnswerTip(LPARAM lParam) {
 
 // --- drawing ---
 
-void ResultTabBar::DrawSign(HDC dc, const std::shared_ptr<Tab>& tab) const {
+void ResultTabBar::DrawSign(HDC dc, const std::shared_ptr<forms::Tab>& tab) const {
   const int arm = Scaled(kSignBox) / 4;
   if (tab->CanClose()) {
     const RECT cross = CrossOf(tab);

@@ -75,8 +75,9 @@ ResultView::ResultView(ResultDialog& document, HWND parent, std::shared_ptr<Resu
   subscriptions_.push_back(
       bar_->KeyPressed.Subscribe([this](std::int16_t key) { document_.KeyDown(key, HeldKeys()); }));
   document_.SetHwnd(HandleOf(Handle()));
-  subscriptions_.push_back(document_.Controls().Added.Subscribe([this](Control& control) { Add(control); }));
-  subscriptions_.push_back(document_.Controls().Removed.Subscribe([this](Control& control) { Remove(control); }));
+  subscriptions_.push_back(document_.Controls().Added.Subscribe([this](forms::Control& control) { Add(control); }));
+  subscriptions_.push_back(
+      document_.Controls().Removed.Subscribe([this](forms::Control& control) { Remove(control); }));
   for (const auto& control : document_.Controls().All()) Add(*control);
   Layout();
 }
@@ -93,7 +94,7 @@ void ResultView::OnGone() {
   for (const auto& [control, shown] : shown_) {
     shown->subscriptions.clear();
     if (const auto* list = dynamic_cast<const ResultListView*>(shown->window.get())) {
-      memory_->Keep(std::static_pointer_cast<OwnerDrawList>(shown->control), list->Place());
+      memory_->Keep(std::static_pointer_cast<forms::OwnerDrawList>(shown->control), list->Place());
     }
   }
   if (Handle() != nullptr && document_.hwnd() == HandleOf(Handle())) document_.SetHwnd(0);
@@ -112,7 +113,7 @@ SIZE ResultView::WantedSize() const {
 
 // --- the document's controls ---
 
-void ResultView::Add(const Control& control) {
+void ResultView::Add(const forms::Control& control) {
   auto& entry = shown_[&control];
   entry = std::make_unique<Shown>();
   entry->control = document_.Controls().Item(control.Name());
@@ -122,7 +123,7 @@ void ResultView::Add(const Control& control) {
 }
 
 /// The control may go from inside an event of its own window.
-void ResultView::Remove(const Control& control) {
+void ResultView::Remove(const forms::Control& control) {
   const auto found = shown_.find(&control);
   if (found == shown_.end()) return;
   std::unique_ptr<Shown> shown = std::move(found->second);
@@ -133,13 +134,13 @@ void ResultView::Remove(const Control& control) {
   if (focus) TakeFocus();
 }
 
-const ResultView::Shown* ResultView::Find(const Control* control) const {
+const ResultView::Shown* ResultView::Find(const forms::Control* control) const {
   const auto found = shown_.find(control);
   return found != shown_.end() ? found->second.get() : nullptr;
 }
 
 /// A list is called by the caption of its tab.
-std::u16string ResultView::NameOfList(const Control& list) const {
+std::u16string ResultView::NameOfList(const forms::Control& list) const {
   for (const auto& tab : document_.vbalDTabControl1->Tabs()) {
     if (tab->Panel() && tab->Panel() == list.Container()) return tab->Caption();
   }
@@ -147,7 +148,7 @@ std::u16string ResultView::NameOfList(const Control& list) const {
 }
 
 std::unique_ptr<Window> ResultView::MakeList(Shown& shown, HWND container) {
-  const auto model = std::static_pointer_cast<OwnerDrawList>(shown.control);
+  const auto model = std::static_pointer_cast<forms::OwnerDrawList>(shown.control);
   auto list = std::make_unique<ResultListView>(model, container, memory_->PlaceOf(model));
   ::SetWindowPos(list->Handle(), HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);  // over the status line
@@ -157,25 +158,25 @@ std::unique_ptr<Window> ResultView::MakeList(Shown& shown, HWND container) {
 }
 
 std::unique_ptr<Window> ResultView::Make(Shown& shown) {
-  if (dynamic_cast<PictureBox*>(shown.control.get()) != nullptr) return std::make_unique<Panel>(Handle());
+  if (dynamic_cast<forms::PictureBox*>(shown.control.get()) != nullptr) return std::make_unique<Panel>(Handle());
   const Shown* container = Find(shown.control->Container().get());
   if (container == nullptr || !container->window) return nullptr;
   const HWND parent = container->window->Handle();
-  if (dynamic_cast<OwnerDrawList*>(shown.control.get()) != nullptr) return MakeList(shown, parent);
-  if (auto label = std::dynamic_pointer_cast<Label>(shown.control)) {
+  if (dynamic_cast<forms::OwnerDrawList*>(shown.control.get()) != nullptr) return MakeList(shown, parent);
+  if (auto label = std::dynamic_pointer_cast<forms::Label>(shown.control)) {
     return std::make_unique<ResultStatusLine>(std::move(label), parent, *tips_);
   }
   return nullptr;
 }
 
 void ResultView::Follow(Shown& shown) {
-  const bool isPanel = dynamic_cast<PictureBox*>(shown.control.get()) != nullptr;
+  const bool isPanel = dynamic_cast<forms::PictureBox*>(shown.control.get()) != nullptr;
   if (!shown.window) {
     shown.window = Make(shown);
     if (!shown.window) return;
     if (isPanel) fit_.Ask(Handle());  // whoever places what lies in it may not listen yet
   }
-  const Control& control = *shown.control;
+  const forms::Control& control = *shown.control;
   const HWND window = shown.window->Handle();
   if (!isPanel) {
     MoveTo(window, {PixelsOfTwips(control.Left()), PixelsOfTwips(control.Top()),
@@ -201,9 +202,9 @@ void ResultView::FitPanels() {
   const LONG top = bar_->WantedHeight();
   const RECT place{0, top, inside.right, inside.bottom > top ? inside.bottom : top};
   for (const auto& [control, shown] : shown_) {
-    if (!shown->window || dynamic_cast<PictureBox*>(shown->control.get()) == nullptr) continue;
+    if (!shown->window || dynamic_cast<forms::PictureBox*>(shown->control.get()) == nullptr) continue;
     MoveTo(shown->window->Handle(), place);
-    const std::shared_ptr<Control> panel = shown->control;
+    const std::shared_ptr<forms::Control> panel = shown->control;
     panel->Move(0, TwipsOfPixels(top), TwipsOfPixels(Width(place)), TwipsOfPixels(Height(place)));
   }
 }

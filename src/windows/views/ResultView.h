@@ -11,8 +11,11 @@
 #include "windows/views/Soon.h"
 #include "windows/views/ToolTips.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Control;
+}  // namespace quorvane::forms
+
+namespace quorvane {
 class ResultDialog;
 }  // namespace quorvane
 
@@ -49,18 +52,18 @@ class ResultView final : public Window, public View {
  private:
   class Panel;
   struct Shown {
-    std::shared_ptr<Control> control;
+    std::shared_ptr<forms::Control> control;
     std::unique_ptr<Window> window;  ///< none before the control has a container
     std::vector<Subscription> subscriptions;
   };
 
-  void Add(const Control& control);
-  void Remove(const Control& control);
+  void Add(const forms::Control& control);
+  void Remove(const forms::Control& control);
   void Follow(Shown& shown);
   std::unique_ptr<Window> Make(Shown& shown);
   std::unique_ptr<Window> MakeList(Shown& shown, HWND container);
-  const Shown* Find(const Control* control) const;
-  std::u16string NameOfList(const Control& list) const;
+  const Shown* Find(const forms::Control* control) const;
+  std::u16string NameOfList(const forms::Control& list) const;
   void Layout();
   void FitPanels();
   void MoveFocusOn();
@@ -74,7 +77,7 @@ class ResultView final : public Window, public View {
   MenuView tabMenu_;
   std::unique_ptr<ToolTips> tips_;
   std::unique_ptr<ResultTabBar> bar_;
-  std::map<const Control*, std::unique_ptr<Shown>> shown_;
+  std::map<const forms::Control*, std::unique_ptr<Shown>> shown_;
   bool barChosen_ = false;  ///< the user has put the focus on the bar
   Soon fit_;
   std::vector<Subscription> subscriptions_;

@@ -4,7 +4,8 @@
 
 namespace quorvane::windows {
 
-RuleView::RuleView(DialogView& dialog, const std::shared_ptr<Line>& line, HWND parent) : ControlView(dialog, line) {
+RuleView::RuleView(DialogView& dialog, const std::shared_ptr<forms::Line>& line, HWND parent)
+    : ControlView(dialog, line) {
   Make(parent, L"STATIC", SS_ETCHEDHORZ | WS_GROUP);
 }
 

@@ -2,16 +2,18 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Line;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 /// A line across, as decoration.
 class RuleView final : public ControlView {
  public:
-  RuleView(DialogView& dialog, const std::shared_ptr<Line>& line, HWND parent);
+  RuleView(DialogView& dialog, const std::shared_ptr<forms::Line>& line, HWND parent);
 
  protected:
   void Show() override {}

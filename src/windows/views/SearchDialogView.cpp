@@ -28,7 +28,7 @@ SearchDialogView::SearchDialogView(frmSearchDialog& form, HWND parent) : DialogV
 
 std::unique_ptr<Placeable> SearchDialogView::MakeTexts() {
   auto grid = std::make_unique<Grid>(Units().Across(kGap), Units().Down(kGap));
-  const auto line = [&](const std::shared_ptr<Label>& label, const std::shared_ptr<ComboBox>& combo) {
+  const auto line = [&](const std::shared_ptr<forms::Label>& label, const std::shared_ptr<forms::ComboBox>& combo) {
     auto& words = Enter<LabelView>(label, Handle());
     auto& box = Enter<ComboView>(combo, Handle(), ComboView::Kind::Editable);
     grid->AddRow({&words, &box});

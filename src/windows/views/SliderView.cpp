@@ -14,7 +14,7 @@ constexpr int kHeight = 18;
 
 }  // namespace
 
-SliderView::SliderView(DialogView& dialog, const std::shared_ptr<Slider>& slider, HWND parent)
+SliderView::SliderView(DialogView& dialog, const std::shared_ptr<forms::Slider>& slider, HWND parent)
     : ControlView(dialog, slider), slider_(slider) {
   Make(parent, TRACKBAR_CLASSW, TBS_HORZ | TBS_AUTOTICKS | WS_TABSTOP | WS_GROUP);
   ::SendMessageW(Handle(), TBM_SETRANGEMIN, FALSE, slider->Min());

@@ -2,16 +2,18 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Slider;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 /// A thumb on a scale, with a tip that tells of its place.
 class SliderView final : public ControlView {
  public:
-  SliderView(DialogView& dialog, const std::shared_ptr<Slider>& slider, HWND parent);
+  SliderView(DialogView& dialog, const std::shared_ptr<forms::Slider>& slider, HWND parent);
 
  protected:
   void Show() override;
@@ -19,7 +21,7 @@ class SliderView final : public ControlView {
   bool OnReflected(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
  private:
-  const std::shared_ptr<Slider> slider_;
+  const std::shared_ptr<forms::Slider> slider_;
   std::u16string tip_;
 };
 

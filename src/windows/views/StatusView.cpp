@@ -13,7 +13,7 @@ constexpr UINT_PTR kTimer = 1;
 
 }  // namespace
 
-StatusView::StatusView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent)
+StatusView::StatusView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent)
     : ControlView(dialog, label), label_(label) {
   Make(parent, L"STATIC", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | WS_GROUP);
 }

@@ -2,9 +2,11 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class Label;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -12,7 +14,7 @@ namespace quorvane::windows {
 /// what room there is, and cuts what does not fit. Its text has no access keys.
 class StatusView final : public ControlView {
  public:
-  StatusView(DialogView& dialog, const std::shared_ptr<Label>& label, HWND parent);
+  StatusView(DialogView& dialog, const std::shared_ptr<forms::Label>& label, HWND parent);
 
  protected:
   void Show() override;
@@ -22,7 +24,7 @@ class StatusView final : public ControlView {
  private:
   void ShowCaption();
 
-  const std::shared_ptr<Label> label_;
+  const std::shared_ptr<forms::Label> label_;
   bool asked_ = false;  ///< a timer runs that will show the caption
 };
 

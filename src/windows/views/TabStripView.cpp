@@ -39,7 +39,7 @@ class TabStripView::PageWindow final : public Window {
   }
 };
 
-TabStripView::TabStripView(DialogView& dialog, const std::shared_ptr<TabStrip>& strip, HWND parent)
+TabStripView::TabStripView(DialogView& dialog, const std::shared_ptr<forms::TabStrip>& strip, HWND parent)
     : ControlView(dialog, strip), strip_(strip) {
   Make(parent, WC_TABCONTROLW, WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS);
   for (std::int16_t i = 0; i < strip->Tabs(); ++i) {

@@ -6,16 +6,18 @@
 
 #include "windows/views/ControlView.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class TabStrip;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
 /// Tabs over one place, each with a page: a window in which its controls lie. The page of the shown tab alone is seen.
 class TabStripView final : public ControlView {
  public:
-  TabStripView(DialogView& dialog, const std::shared_ptr<TabStrip>& strip, HWND parent);
+  TabStripView(DialogView& dialog, const std::shared_ptr<forms::TabStrip>& strip, HWND parent);
   ~TabStripView() override;
 
   /// The window of a tab, 0-based, for the controls in it.
@@ -34,7 +36,7 @@ class TabStripView final : public ControlView {
  private:
   class PageWindow;
 
-  const std::shared_ptr<TabStrip> strip_;
+  const std::shared_ptr<forms::TabStrip> strip_;
   std::vector<std::u16string> captions_;
   std::vector<std::unique_ptr<PageWindow>> pages_;
   std::vector<std::unique_ptr<Placeable>> layouts_;  ///< one a page, nothing for an empty one

@@ -48,12 +48,12 @@ std::u16string AnsiTextOf(IDataObject& data) {
   return text;
 }
 
-class Dragged final : public DataObject {
+class Dragged final : public forms::DataObject {
  public:
   explicit Dragged(IDataObject& data) : data_(data) {}
 
   bool GetFormat(std::int16_t format) const override {
-    return format == kPlainText && (Has(data_, CF_UNICODETEXT) || Has(data_, CF_TEXT));
+    return format == forms::kPlainText && (Has(data_, CF_UNICODETEXT) || Has(data_, CF_TEXT));
   }
   std::u16string GetData(std::int16_t format) const override {
     if (!GetFormat(format)) RaiseError(ErrorNumber::InvalidProcedureCall, u"The dropped data has no such format");
@@ -70,7 +70,7 @@ class Dragged final : public DataObject {
 /// as other objects do: the system holds it for as long as the window is there, and the windows go with the code.
 class TextDrop::Target final : public IDropTarget {
  public:
-  explicit Target(std::function<void(const DataObject&)> take) : take_(std::move(take)) {}
+  explicit Target(std::function<void(const forms::DataObject&)> take) : take_(std::move(take)) {}
   virtual ~Target() = default;
 
   void Forget() { take_ = nullptr; }
@@ -91,7 +91,7 @@ class TextDrop::Target final : public IDropTarget {
   }
 
   STDMETHODIMP DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
-    takes_ = data != nullptr && take_ && Dragged(*data).GetFormat(kPlainText);
+    takes_ = data != nullptr && take_ && Dragged(*data).GetFormat(forms::kPlainText);
     return Answer(effect);
   }
   STDMETHODIMP DragOver(DWORD, POINTL, DWORD* effect) override { return Answer(effect); }
@@ -110,12 +110,12 @@ class TextDrop::Target final : public IDropTarget {
     return S_OK;
   }
 
-  std::function<void(const DataObject&)> take_;
+  std::function<void(const forms::DataObject&)> take_;
   ULONG references_ = 1;
   bool takes_ = false;
 };
 
-TextDrop::TextDrop(HWND window, std::function<void(const DataObject&)> take)
+TextDrop::TextDrop(HWND window, std::function<void(const forms::DataObject&)> take)
     : window_(window), target_(new Target(std::move(take))) {
   ::RegisterDragDrop(window_, target_);
 }

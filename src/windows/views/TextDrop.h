@@ -4,9 +4,11 @@
 
 #include "windows/platform/Win32.h"
 
-namespace quorvane {
+namespace quorvane::forms {
 class DataObject;
-}
+}  // namespace quorvane::forms
+
+namespace quorvane {}
 
 namespace quorvane::windows {
 
@@ -14,7 +16,7 @@ namespace quorvane::windows {
 class TextDrop {
  public:
   /// `take` is given what is dropped. Without drag and drop in the thread nothing happens.
-  TextDrop(HWND window, std::function<void(const DataObject&)> take);
+  TextDrop(HWND window, std::function<void(const forms::DataObject&)> take);
   ~TextDrop();
   TextDrop(const TextDrop&) = delete;
   TextDrop& operator=(const TextDrop&) = delete;

@@ -8,10 +8,11 @@
 
 namespace quorvane::test {
 
-class TestForm final : public Dialog {
+class TestForm final : public forms::Dialog {
  public:
-  explicit TestForm(FormBorder border = FormBorder::FixedDialog, FormStart start = FormStart::Manual)
-      : Dialog(u"frmTest", border, start), button(std::make_shared<CommandButton>()) {
+  explicit TestForm(forms::FormBorder border = forms::FormBorder::FixedDialog,
+                    forms::FormStart start = forms::FormStart::Manual)
+      : Dialog(u"frmTest", border, start), button(std::make_shared<forms::CommandButton>()) {
     SetCaption(u"A form");
     Controls().Place(u"cmdOk", button);
     SetDefaultButton(button);
@@ -19,12 +20,12 @@ class TestForm final : public Dialog {
   }
   HWND Window() const { return windows::WindowOf(hWnd()); }
 
-  const std::shared_ptr<CommandButton> button;
+  const std::shared_ptr<forms::CommandButton> button;
   bool keeps = false;
   std::string unloads;
 
  protected:
-  void Form_QueryUnload(bool& cancel, UnloadMode mode) override {
+  void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override {
     unloads += std::to_string(static_cast<int>(mode));
     cancel = keeps;
   }
@@ -45,9 +46,9 @@ class FormWindowTest : public PlatformFixture {
     platform.SetMainWindow(host.Handle());
   }
   ~FormWindowTest() override {
-    while (TheForms().Count() > 0) {
-      static_cast<TestForm&>(*TheForms().Item(0)).keeps = false;
-      TheForms().Item(0)->Unload();
+    while (forms::TheForms().Count() > 0) {
+      static_cast<TestForm&>(*forms::TheForms().Item(0)).keeps = false;
+      forms::TheForms().Item(0)->Unload();
     }
   }
   static std::u16string TitleOf(HWND window) {
@@ -99,7 +100,7 @@ TEST_F(FormWindowTest, AModalFormDisablesTheHostAndReturnsWhenItIsClosed) {
     ::PostMessageW(form->Window(), WM_KEYDOWN, VK_ESCAPE, 1);
   });
   const auto closed = form->button->Click.Subscribe([&] { form->Unload(); });
-  form->Show(FormModal::Modal);
+  form->Show(forms::FormModal::Modal);
   EXPECT_FALSE(enabled);
   EXPECT_NE(front, nullptr);
   EXPECT_TRUE(::IsWindowEnabled(host.Handle()));
@@ -130,7 +131,7 @@ TEST_F(FormWindowTest, AChildOfTheHostStaysInItsPlace) {
 }
 
 TEST_F(FormWindowTest, WhatFloatsTakesNoFocusAndIsNoHigherThanTheScreen) {
-  const auto form = std::make_shared<TestForm>(FormBorder::None);
+  const auto form = std::make_shared<TestForm>(forms::FormBorder::None);
   ::SetFocus(host.Handle());
   form->Load();
   form->Show();

@@ -91,14 +91,14 @@ TEST_F(GdiCanvasTest, FontsAreSelectedAndGivenBack) {
 
 TEST_F(GdiCanvasTest, TheMeasurerCountsLinesAndTabStops) {
   windows::GdiTextMeasurer measurer;
-  Font font;
+  forms::Font font;
   font.Name = u"Arial";
   const std::int32_t line = measurer.LineHeight(font);
   EXPECT_GT(line, 9);
   EXPECT_EQ(measurer.TextHeight(font, u"a\r\nb"), 2 * line);
   EXPECT_EQ(measurer.LineWidth(font, u"a\t"), measurer.LineWidth(font, u"\t"));
   EXPECT_GT(measurer.LineWidth(font, u"\ta"), measurer.LineWidth(font, u"\t"));
-  Font larger = font;
+  forms::Font larger = font;
   larger.Size = 18;
   EXPECT_GT(measurer.LineWidth(larger, u"abc"), measurer.LineWidth(font, u"abc"));
   EXPECT_EQ(measurer.LineHeight(font), line);

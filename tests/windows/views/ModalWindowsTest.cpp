@@ -21,7 +21,7 @@ class ModalWindowsTest : public ViewsTest {
  protected:
   void WalkOptions(const std::function<void(frmOption&)>& walk) {
     Walk(
-        u"frmOption", [] { TheForms().Instance(u"frmOption")->Show(FormModal::Modal); },
+        u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },
         [&] { walk(The<frmOption>()); });
   }
   static HWND Below(HWND parent, const wchar_t* className, int skip = 0) {
@@ -79,7 +79,10 @@ TEST_F(ModalWindowsTest, TheHostIsDisabledMeanwhileAndTheFocusComesBack) {
   SearchDialog().SetFocus(SearchDialog().cmbReplace);
   const HWND before = ::GetFocus();
   Walk(
-      u"frmAbout", [&] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal, SearchDialog().shared_from_this()); },
+      u"frmAbout",
+      [&] {
+        forms::TheForms().Instance(u"frmAbout")->Show(forms::FormModal::Modal, SearchDialog().shared_from_this());
+      },
       [&] {
         EXPECT_FALSE(::IsWindowEnabled(mainWindow));
         EXPECT_EQ(::GetForegroundWindow(), WindowOf(The<frmAbout>()));
@@ -94,7 +97,7 @@ TEST_F(ModalWindowsTest, TheHostIsDisabledMeanwhileAndTheFocusComesBack) {
 
 TEST_F(ModalWindowsTest, TheAboutBoxShowsItsTextsAndOpensItsLinks) {
   Walk(
-      u"frmAbout", [] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal); },
+      u"frmAbout", [] { forms::TheForms().Instance(u"frmAbout")->Show(forms::FormModal::Modal); },
       [&] {
         auto& about = The<frmAbout>();
         about.txt说明->SetText(u"one\ntwo\rthree\r\n");

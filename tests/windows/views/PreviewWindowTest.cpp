@@ -13,12 +13,14 @@ constexpr Color kBlue = 0xFF0000;
 
 class PreviewWindowTest : public ViewsTest {
  protected:
-  PreviewWindowTest() : form(dynamic_cast<frmCodePreview&>(*TheForms().Instance(u"frmCodePreview"))) { form.Load(); }
+  PreviewWindowTest() : form(dynamic_cast<frmCodePreview&>(*forms::TheForms().Instance(u"frmCodePreview"))) {
+    form.Load();
+  }
 
   /// As the form fills itself: the match in red and struck through, in blue what comes in its place.
   void Fill(const std::u16string& before, const std::u16string& match, const std::u16string& instead,
             const std::u16string& behind) {
-    RichTextBox& box = *form.rtPreview;
+    forms::RichTextBox& box = *form.rtPreview;
     const auto start = static_cast<std::int32_t>(before.size());
     box.SetText({});
     box.SetSelColor(0);
@@ -97,7 +99,7 @@ TEST_F(PreviewWindowTest, TheMatchIsSeenInATextOfManyLines) {
 }
 
 TEST_F(PreviewWindowTest, MeasuresWhatItShows) {
-  const Font& font = form.Font();
+  const forms::Font& font = form.Font();
   const auto width = [&](std::u16string_view line) { return measurer.LineWidth(font, line); };
   EXPECT_EQ(width(u""), 0);
   EXPECT_EQ(width(u"iiii"), width(u"MMMM")) << "code is read in columns";
@@ -119,7 +121,7 @@ TEST_F(PreviewWindowTest, StaysAwayWhileTheHostWaitsForAnAnswer) {
   form.Show();
   EXPECT_TRUE(::IsWindowVisible(Window()));
   Walk(
-      u"frmAbout", [] { TheForms().Instance(u"frmAbout")->Show(FormModal::Modal); },
+      u"frmAbout", [] { forms::TheForms().Instance(u"frmAbout")->Show(forms::FormModal::Modal); },
       [&] {
         EXPECT_FALSE(::IsWindowVisible(Window())) << "it was there before";
         Press(VK_ESCAPE);

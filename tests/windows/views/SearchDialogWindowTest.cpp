@@ -20,14 +20,14 @@ class SearchDialogWindowTest : public ViewsTest {
   GlobalSetting& Setting() { return *Globals::gobjSetting; }
   frmSearchDialog& D() { return SearchDialog(); }
   /// The box in which the user types.
-  static HWND Edit(const Control& combo) { return ::FindWindowExW(WindowOf(combo), nullptr, L"Edit", nullptr); }
+  static HWND Edit(const forms::Control& combo) { return ::FindWindowExW(WindowOf(combo), nullptr, L"Edit", nullptr); }
   std::string Active() {
     const auto control = D().ActiveControl();
     return control ? ToUtf8(control->Name()) : "none";
   }
   /// "text start+length" of the model and, behind "/", of the box when that differs.
   std::string Find() {
-    const ComboBox& model = *D().cmbSearch;
+    const forms::ComboBox& model = *D().cmbSearch;
     const auto show = [](const std::u16string& text, std::int32_t start, std::int32_t length) {
       return ToUtf8(text) + " " + std::to_string(start) + "+" + std::to_string(length);
     };
@@ -39,7 +39,7 @@ class SearchDialogWindowTest : public ViewsTest {
         show(TextOf(Edit(model)), static_cast<std::int32_t>(start), static_cast<std::int32_t>(end - start));
     return shown == told ? told : told + " / " + shown;
   }
-  static bool IsTicked(const Control& box, WPARAM state = BST_CHECKED) {
+  static bool IsTicked(const forms::Control& box, WPARAM state = BST_CHECKED) {
     return ::SendMessageW(WindowOf(box), BM_GETCHECK, 0, 0) == static_cast<LRESULT>(state);
   }
   bool IsListOpen() { return ::SendMessageW(WindowOf(*D().cmbSearch), CB_GETDROPPEDSTATE, 0, 0) != 0; }
@@ -170,8 +170,8 @@ TEST_F(SearchDialogWindowTest, MarkedLettersAndClicksReachTheModel) {
 /// As at the start and the end of a task.
 TEST_F(SearchDialogWindowTest, TheFocusWaitsWhileControlsAreDisabled) {
   Type(u"x");
-  for (const std::shared_ptr<Control>& control :
-       {std::shared_ptr<Control>(D().cmbReplace), std::shared_ptr<Control>(D().cmdSearch)}) {
+  for (const std::shared_ptr<forms::Control>& control :
+       {std::shared_ptr<forms::Control>(D().cmbReplace), std::shared_ptr<forms::Control>(D().cmdSearch)}) {
     D().SetFocus(control);
     const HWND focus = ::GetFocus();
     for (const bool enabled : {false, true}) {
@@ -208,7 +208,7 @@ TEST_F(SearchDialogWindowTest, TheMenuComesOnTheSurfaceAlone) {
 }
 
 TEST_F(SearchDialogWindowTest, TextIsDroppedOnTheBoxes) {
-  const auto target = [&](const Control& combo) {
+  const auto target = [&](const forms::Control& combo) {
     return static_cast<IDropTarget*>(::GetPropW(WindowOf(combo), L"OleDropTargetInterface"));
   };
   ASSERT_NE(target(*D().cmbSearch), nullptr);
@@ -241,7 +241,7 @@ TEST_F(SearchDialogWindowTest, TextIsDroppedOnTheBoxes) {
 }
 
 TEST_F(SearchDialogWindowTest, AnotherLanguageHasItsOwnSizes) {
-  const auto width = [&](const Control& control) {
+  const auto width = [&](const forms::Control& control) {
     RECT place{};
     ::GetWindowRect(WindowOf(control), &place);
     return place.right - place.left;

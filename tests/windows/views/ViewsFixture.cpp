@@ -166,8 +166,8 @@ ViewsTest::ViewsTest() : host_(std::make_shared<PlainHost>()) {
 }
 
 ViewsTest::~ViewsTest() {
-  while (TheForms().Count() > 0) TheForms().Item(0)->Unload();
-  TheForms().Forget();
+  while (forms::TheForms().Count() > 0) forms::TheForms().Item(0)->Unload();
+  forms::TheForms().Forget();
   Globals::EndOfCode();
   Serve();
   ::DestroyWindow(mainWindow);
@@ -241,7 +241,7 @@ void ViewsTest::ClickAt(HWND window, POINT place, bool right, int times) {
 }
 
 frmSearchDialog& ViewsTest::SearchDialog() {
-  return dynamic_cast<frmSearchDialog&>(*TheForms().Instance(u"frmSearchDialog"));
+  return dynamic_cast<frmSearchDialog&>(*forms::TheForms().Instance(u"frmSearchDialog"));
 }
 
 void ViewsTest::ShowSearchDialog() {
@@ -249,11 +249,11 @@ void ViewsTest::ShowSearchDialog() {
   Serve();
 }
 
-HWND ViewsTest::WindowOf(const quorvane::Dialog& form) {
+HWND ViewsTest::WindowOf(const forms::Dialog& form) {
   return quorvane::windows::WindowOf(form.hWnd());
 }
 
-HWND ViewsTest::WindowOf(const Control& control) {
+HWND ViewsTest::WindowOf(const forms::Control& control) {
   return quorvane::windows::WindowOf(control.hWnd());
 }
 
@@ -268,7 +268,7 @@ void ViewsTest::Walk(const std::u16string& name, const std::function<void()>& op
   bool walked = false;
   MessageLoop::TimerId watch = 0;
   watch = platform.loop.StartTimer(20, [&] {
-    const auto form = TheForms().Count() > 0 ? TheForms().Open().back() : nullptr;
+    const auto form = forms::TheForms().Count() > 0 ? forms::TheForms().Open().back() : nullptr;
     if (!form || form->Name() != name || !form->Visible()) return;
     platform.loop.StopTimer(watch);
     walked = true;

@@ -86,15 +86,15 @@ class ViewsTest : public ::testing::Test {
   frmSearchDialog& SearchDialog();
   void ShowSearchDialog();
   /// The window of an open form; null when it has none.
-  static HWND WindowOf(const quorvane::Dialog& form);
-  static HWND WindowOf(const Control& control);
+  static HWND WindowOf(const forms::Dialog& form);
+  static HWND WindowOf(const forms::Control& control);
   static std::u16string TextOf(HWND window);
   /// Opens a modal form from an event of the loop and runs `walk` when it is in front; the walk has to close it.
   void Walk(const std::u16string& name, const std::function<void()>& open, const std::function<void()>& walk);
   /// The open form of that class.
   template <class Model>
   static Model& The() {
-    for (const auto& form : TheForms().Open()) {
+    for (const auto& form : forms::TheForms().Open()) {
       if (auto* found = dynamic_cast<Model*>(form.get())) return *found;
     }
     throw std::runtime_error("no such form is open");
