@@ -17,7 +17,12 @@ class BridgedAddins final : public vbide::Addins, public HostObject {
  public:
   using HostObject::HostObject;
 
+  /// A host may enter an add-in into its list only when that has answered its connection: the record that came with
+  /// the connection stands in for it.
   std::shared_ptr<vbide::AddIn> Item(std::u16string_view progId) override;
+
+ private:
+  std::shared_ptr<vbide::AddIn> OwnRecord(std::u16string_view progId) const;
 };
 
 class BridgedWindows final : public vbide::Windows, public HostObject {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Skip.h"
 #include "windows/com/DispatchCall.h"
 
 namespace quorvane::bridge {
@@ -13,13 +14,18 @@ namespace {
 constexpr std::size_t kHandled = 1;
 constexpr std::size_t kCancelDefault = 2;
 
-/// A flag that the caller may read and the listener may change; false when it was not given.
+/// A flag that the caller may read and the listener may change; false when it was not given, or as something that is
+/// no flag.
 bool FlagOf(const com::DispatchCall& call, std::size_t index) {
-  return call.Has(index) && call.Bool(index);
+  bool flag = false;
+  SkipErrors([&] { flag = call.Has(index) && call.Bool(index); });
+  return flag;
 }
 
 void GiveFlag(const com::DispatchCall& call, std::size_t index, bool flag) {
-  if (call.Has(index) && (call.At(index).vt & VT_BYREF) != 0) call.Give(index, com::Variant::Of(flag));
+  SkipErrors([&] {
+    if (call.Has(index) && (call.At(index).vt & VT_BYREF) != 0) call.Give(index, com::Variant::Of(flag));
+  });
 }
 
 }  // namespace

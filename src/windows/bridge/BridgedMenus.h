@@ -30,7 +30,7 @@ class BridgedCommandBars final : public vbide::CommandBars, public HostObject {
  public:
   using HostObject::HostObject;
 
-  /// A host that raises for a name it does not know has no such bar.
+  /// A host that raises for a name it does not know has no such bar, and one that gave no bars at all has none.
   std::shared_ptr<vbide::CommandBar> Item(std::u16string_view name) override;
 };
 

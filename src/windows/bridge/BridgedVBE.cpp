@@ -1,5 +1,7 @@
 #include "windows/bridge/BridgedVBE.h"
 
+#include "base/Error.h"
+#include "base/Skip.h"
 #include "windows/bridge/BridgedAddins.h"
 #include "windows/bridge/BridgedMenus.h"
 #include "windows/bridge/BridgedPane.h"
@@ -27,8 +29,12 @@ std::vector<std::shared_ptr<vbide::VBProject>> BridgedVBE::VBProjects() const {
   return items;
 }
 
+/// A host without menus may raise: it has bars of which none is there.
 std::shared_ptr<vbide::CommandBars> BridgedVBE::CommandBars() {
-  return One<BridgedCommandBars>(u"CommandBars");
+  if (Object() == nullptr) RaiseError(ErrorNumber::ObjectNotSet);
+  com::ComPtr<IDispatch> bars;
+  SkipErrors([&] { bars = Get(u"CommandBars"); });
+  return std::make_shared<BridgedCommandBars>(Link().shared_from_this(), bars);
 }
 
 std::shared_ptr<vbide::Windows> BridgedVBE::Windows() {

@@ -4,6 +4,12 @@
 
 namespace quorvane::bridge {
 
+namespace {
+
+constexpr std::uint32_t kSystemTimer = 0x0118;  // by which a caret blinks
+
+}  // namespace
+
 bool HostEpoch::MayChangeCode(std::uint32_t message) {
   switch (message) {
     case WM_NULL:
@@ -18,6 +24,7 @@ bool HostEpoch::MayChangeCode(std::uint32_t message) {
     case WM_MOUSELEAVE:
     case WM_NCMOUSELEAVE:
     case WM_MOUSEWHEEL:
+    case kSystemTimer:
       return false;
     default:
       return true;

@@ -22,18 +22,10 @@ void HostLink::Renew(HostObject& wrapper, const com::ComPtr<IDispatch>& object) 
   known_[wrapper.Identity()] = self;
 }
 
-bool HostLink::IsFresh(std::type_index kind, const com::ComPtr<IDispatch>& object,
-                       const std::function<com::ComPtr<IDispatch>()>& ask) {
-  const auto found = fresh_.find(kind);
-  if (found != fresh_.end()) return found->second;
-  const bool fresh = com::IdentityOf(ask()).Get() != com::IdentityOf(object).Get();
-  fresh_[kind] = fresh;
-  return fresh;
-}
-
 void HostLink::End() {
   known_.clear();
   named_.clear();
+  ownAddIn_.Reset();
   // A release may let the host call in and make wrappers end.
   const std::vector<HostObject*> living(all_.begin(), all_.end());
   for (HostObject* const wrapper : living) {

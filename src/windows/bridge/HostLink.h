@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <typeindex>
 #include <unordered_map>
@@ -30,8 +31,8 @@ using DocumentFinder = std::function<std::shared_ptr<vbide::Document>(const com:
 ///
 /// The logic knows a thing of the host by its pointer, so there is one wrapper for one thing. A thing is known by its
 /// IUnknown, which its wrapper holds so that the address is not used for another one. Some hosts hand out a fresh
-/// object at each call: the link finds that out, once for each kind, by asking twice, and goes by names there; the
-/// newer object then takes the older's place in the wrapper.
+/// object at each call, or at some calls: the link finds that out by asking twice for an object it has not seen, and
+/// from then on goes by names for that kind; the newer object then takes the older's place in the wrapper.
 class HostLink final : public std::enable_shared_from_this<HostLink> {
  public:
   /// The epoch outlives the link and all wrappers.
@@ -42,6 +43,9 @@ class HostLink final : public std::enable_shared_from_this<HostLink> {
   HostEpoch& Epoch() { return epoch_; }
   com::ClassIds& Classes() { return classes_; }
   const DocumentFinder& Documents() const { return documents_; }
+  /// The host's record of this add-in as it came with the connection; nothing when none came.
+  const com::ComPtr<IDispatch>& OwnAddIn() const { return ownAddIn_; }
+  void SetOwnAddIn(const com::ComPtr<IDispatch>& addIn) { ownAddIn_ = addIn; }
   /// Never the same number twice, and never 0.
   std::uint64_t NextRevision() { return ++revision_; }
 
@@ -59,7 +63,10 @@ class HostLink final : public std::enable_shared_from_this<HostLink> {
     const com::ComPtr<IDispatch> object = ask();
     if (!object) return nullptr;
     if (auto known = std::dynamic_pointer_cast<Wrapper>(KnownAs(object))) return known;
-    if (!IsFresh(typeid(Wrapper), object, ask)) return Entered<Wrapper>(object);
+    if (fresh_.count(typeid(Wrapper)) == 0) {
+      if (com::IdentityOf(ask()).Get() == com::IdentityOf(object).Get()) return Entered<Wrapper>(object);
+      NameKnown<Wrapper>();
+    }
     const std::u16string name = Wrapper::NameOf(com::LateBound(object, classes_), classes_);
     std::weak_ptr<HostObject>& named = named_[{typeid(Wrapper), name}];
     if (auto known = std::dynamic_pointer_cast<Wrapper>(named.lock())) {
@@ -87,17 +94,28 @@ class HostLink final : public std::enable_shared_from_this<HostLink> {
   std::shared_ptr<HostObject> KnownAs(const com::ComPtr<IDispatch>& object) const;
   void Enter(const std::shared_ptr<HostObject>& wrapper);
   void Renew(HostObject& wrapper, const com::ComPtr<IDispatch>& object);
-  bool IsFresh(std::type_index kind, const com::ComPtr<IDispatch>& object,
-               const std::function<com::ComPtr<IDispatch>()>& ask);
+  /// From now on things of this kind go by their names, those that have a wrapper included.
+  template <class Wrapper>
+  void NameKnown() {
+    fresh_.insert(typeid(Wrapper));
+    const auto known = known_;  // asking for a name calls the host
+    for (const auto& [identity, entered] : known) {
+      const auto wrapper = std::dynamic_pointer_cast<Wrapper>(entered.lock());
+      if (!wrapper) continue;
+      const com::LateBound object(com::ComPtr<IDispatch>(wrapper->Object()), classes_);
+      named_[{typeid(Wrapper), Wrapper::NameOf(object, classes_)}] = wrapper;
+    }
+  }
 
   HostEpoch& epoch_;
   DocumentFinder documents_;
+  com::ComPtr<IDispatch> ownAddIn_;
   com::ClassIds classes_;
   std::uint64_t revision_ = 0;
   std::unordered_set<HostObject*> all_;
   std::unordered_map<IUnknown*, std::weak_ptr<HostObject>> known_;  ///< by the IUnknown that the wrapper holds
   std::map<std::pair<std::type_index, std::u16string>, std::weak_ptr<HostObject>> named_;
-  std::map<std::type_index, bool> fresh_;  ///< kinds of which the host makes a new object at each call
+  std::set<std::type_index> fresh_;  ///< kinds of which the host makes a new object at each call
 };
 
 }  // namespace quorvane::bridge

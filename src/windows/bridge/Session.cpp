@@ -23,6 +23,7 @@ std::shared_ptr<vbide::VBE> Session::Application() const {
 }
 
 std::shared_ptr<vbide::AddIn> Session::AddIn(const com::ComPtr<IDispatch>& addIn) const {
+  link_->SetOwnAddIn(addIn);
   return link_->Wrap<BridgedAddIn>(addIn);
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/Text.h"
+#include "windows/com/Bstr.h"
 #include "windows/com/ErrorTranslation.h"
 #include "windows/com/EventSink.h"
 #include "windows/com/WideText.h"
@@ -61,23 +63,52 @@ ComPtr<ITypeInfo> FromLibraryOf(const ComPtr<IUnknown>& source, REFIID iid) {
   return wanted;
 }
 
+/// The member of that name among those that the interface describes one by one.
+bool FindDescribed(ITypeInfo& info, const std::u16string& event, MEMBERID& id) {
+  FUNCDESC* member = nullptr;
+  for (UINT i = 0; SUCCEEDED(info.GetFuncDesc(i, &member)) && member != nullptr; ++i) {
+    const MEMBERID candidate = member->memid;
+    info.ReleaseFuncDesc(member);
+    member = nullptr;
+    Bstr name;
+    UINT count = 0;
+    if (FAILED(info.GetNames(candidate, name.Put(), 1, &count)) || count == 0) continue;
+    if (!EqualsNoCaseAscii(name.Text(), event)) continue;
+    id = candidate;
+    return true;
+  }
+  return false;
+}
+
 DISPID IdIn(const ComPtr<ITypeInfo>& info, std::u16string event) {
   MEMBERID id = kOnlyEvent;
   wchar_t* names[] = {Wide(event.data())};
-  if (!info || FAILED(info->GetIDsOfNames(names, 1, &id))) return kOnlyEvent;
-  return id;
+  if (!info) return kOnlyEvent;
+  if (SUCCEEDED(info->GetIDsOfNames(names, 1, &id))) return id;
+  return FindDescribed(*info, event, id) ? id : kOnlyEvent;
 }
 
-/// The point of that interface; the first of all when the source's class names none.
+IID InterfaceOf(IConnectionPoint& point) {
+  IID iid = IID_NULL;
+  return SUCCEEDED(point.GetConnectionInterface(&iid)) ? iid : IID_NULL;
+}
+
+/// The point of that interface; when the source's class names none, the first of all that is not the one by which any
+/// object tells of its changed properties.
 ComPtr<IConnectionPoint> PointOf(const ComPtr<IUnknown>& source, const ComPtr<ITypeInfo>& info) {
   const auto container = source.As<IConnectionPointContainer>();
   if (!container) Check(E_NOINTERFACE);
   ComPtr<IConnectionPoint> point;
   if (info && SUCCEEDED(container->FindConnectionPoint(InterfaceOf(*info), point.Put())) && point) return point;
   ComPtr<IEnumConnectionPoints> points;
-  Check(container->EnumConnectionPoints(points.Put()));
-  ULONG fetched = 0;
-  if (!points || points->Next(1, point.Put(), &fetched) != S_OK || !point) Check(CONNECT_E_NOCONNECTION);
+  if (SUCCEEDED(container->EnumConnectionPoints(points.Put())) && points) {
+    ULONG fetched = 0;
+    while (points->Next(1, point.Put(), &fetched) == S_OK && point) {
+      if (!IsEqualIID(InterfaceOf(*point), IID_IPropertyNotifySink)) return point;
+    }
+  }
+  Check(container->FindConnectionPoint(IID_IDispatch, point.Put()));
+  if (!point) Check(CONNECT_E_NOCONNECTION);
   return point;
 }
 
@@ -87,8 +118,7 @@ EventConnection::EventConnection(const ComPtr<IUnknown>& source, const std::u16s
   if (!source) RaiseError(ErrorNumber::ObjectNotSet);
   ComPtr<ITypeInfo> info = SourceInfo(source);
   point_ = PointOf(source, info);
-  IID iid = IID_NULL;
-  Check(point_->GetConnectionInterface(&iid));
+  const IID iid = InterfaceOf(*point_);
   if (!info || !IsEqualGUID(InterfaceOf(*info), iid)) info = FromLibraryOf(source, iid);
   sink_ = MakeObject<EventSink>(iid, IdIn(info, event), std::move(handler));
   Check(point_->Advise(static_cast<IDispatch*>(sink_.Get()), &cookie_));

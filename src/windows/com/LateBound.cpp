@@ -1,5 +1,6 @@
 #include "windows/com/LateBound.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/Error.h"
@@ -12,7 +13,8 @@ namespace {
 
 constexpr std::int32_t kNoSuchMember = 438;
 
-/// The identifier of the object's class, GUID_NULL when it tells of none.
+/// The identifier of the object's class, GUID_NULL when it tells of none. Type information that bears the name of
+/// IDispatch itself says nothing of the class.
 GUID ClassOf(IDispatch& object) {
   ComPtr<ITypeInfo> info;
   TYPEATTR* attributes = nullptr;
@@ -20,7 +22,12 @@ GUID ClassOf(IDispatch& object) {
   if (FAILED(info->GetTypeAttr(&attributes)) || attributes == nullptr) return GUID_NULL;
   const GUID guid = attributes->guid;
   info->ReleaseTypeAttr(attributes);
-  return guid;
+  return IsEqualGUID(guid, IID_IDispatch) || IsEqualGUID(guid, IID_IUnknown) ? GUID_NULL : guid;
+}
+
+/// The call did not get as far as the member.
+bool MissesMember(HRESULT result) {
+  return result == DISP_E_MEMBERNOTFOUND || result == DISP_E_UNKNOWNNAME;
 }
 
 }  // namespace
@@ -34,12 +41,16 @@ DISPID MemberIds::IdOf(IDispatch& object, const char16_t* name) {
   std::u16string buffer(wanted);
   wchar_t* names[] = {Wide(buffer.data())};
   const HRESULT result = object.GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
-  if (result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND) {
+  if (MissesMember(result)) {
     throw Error(kNoSuchMember, u"Object doesn't support this property or method: " + buffer);
   }
   Check(result);
   known_.emplace_back(wanted, id);
   return id;
+}
+
+bool MemberIds::Knows(const char16_t* name) const {
+  return std::ranges::any_of(known_, [&](const auto& known) { return known.first == name; });
 }
 
 std::shared_ptr<MemberIds> ClassIds::Of(IDispatch& object) {
@@ -55,6 +66,22 @@ LateBound::LateBound(ComPtr<IDispatch> object, ClassIds& classes) : object_(std:
   if (object_) ids_ = classes.Of(*object_);
 }
 
+/// An id that was learnt from another object of the class, and that this one does not know, is asked for again.
+HRESULT LateBound::Ask(IDispatch& object, const char16_t* name, WORD flags, DISPPARAMS& arguments, VARIANT* result,
+                       EXCEPINFO& exception) const {
+  UINT wrong = 0;
+  const auto invoke = [&](MemberIds& ids) {
+    return object.Invoke(ids.IdOf(object, name), IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments, result, &exception,
+                         &wrong);
+  };
+  const std::shared_ptr<MemberIds> ids = ids_;
+  const bool learnt = ids->Knows(name);
+  const HRESULT outcome = invoke(*ids);
+  if (!learnt || !MissesMember(outcome)) return outcome;
+  MemberIds own;
+  return invoke(own);
+}
+
 void LateBound::Put(const char16_t* name, const Variant& value) const {
   VARIANT given = value.Get();
   Invoke(name, DISPATCH_PROPERTYPUT, &given, 1);
@@ -62,16 +89,13 @@ void LateBound::Put(const char16_t* name, const Variant& value) const {
 
 Variant LateBound::Invoke(const char16_t* name, WORD flags, VARIANT* reversed, std::size_t count) const {
   const ComPtr<IDispatch> object = object_;  // the call may end in our own release of it
-  const std::shared_ptr<MemberIds> ids = ids_;
   if (!object) RaiseError(ErrorNumber::ObjectNotSet);
   const bool put = flags == DISPATCH_PROPERTYPUT;
   DISPID named = DISPID_PROPERTYPUT;
   DISPPARAMS arguments{reversed, put ? &named : nullptr, static_cast<UINT>(count), put ? 1U : 0U};
   EXCEPINFO exception{};
-  UINT wrong = 0;
   Variant result;
-  const HRESULT outcome = object->Invoke(ids->IdOf(*object, name), IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments,
-                                         put ? nullptr : result.Put(), &exception, &wrong);
+  const HRESULT outcome = Ask(*object, name, flags, arguments, put ? nullptr : result.Put(), exception);
   if (FAILED(outcome)) throw ErrorOf(outcome, exception);
   return result;
 }

@@ -16,6 +16,8 @@ class MemberIds {
   /// Raises error 438, naming the member, when the object has none of that name. Upper and lower case are the object's
   /// matter.
   DISPID IdOf(IDispatch& object, const char16_t* name);
+  /// Whether it has been learnt already.
+  bool Knows(const char16_t* name) const;
 
  private:
   std::vector<std::pair<std::u16string_view, DISPID>> known_;  ///< the names are literals
@@ -59,6 +61,8 @@ class LateBound {
     return Variant::Of(value);
   }
   Variant Invoke(const char16_t* name, WORD flags, VARIANT* reversed, std::size_t count) const;
+  HRESULT Ask(IDispatch& object, const char16_t* name, WORD flags, DISPPARAMS& arguments, VARIANT* result,
+              EXCEPINFO& exception) const;
 
   ComPtr<IDispatch> object_;
   std::shared_ptr<MemberIds> ids_;

@@ -10,6 +10,7 @@ namespace quorvane::windows {
 namespace {
 
 constexpr std::uint32_t kBringViewForward = 0x1043;
+constexpr std::u16string_view kHostClass = u"wndclass_desked_gsk";
 
 bool OfThisProcess(HWND window) {
   DWORD process = 0;
@@ -22,7 +23,7 @@ bool OfThisProcess(HWND window) {
 WindowHandle Win32Windows::FindWindow(std::u16string_view className, std::u16string_view windowName) {
   const std::u16string wantedClass(className);
   const std::u16string wantedName(windowName);
-  HWND first = nullptr;
+  HWND first = className == kHostClass && ::IsWindow(mainWindow_) ? mainWindow_ : nullptr;
   for (HWND at = nullptr;;) {
     at = ::FindWindowExW(nullptr, at, Wide(wantedClass), Wide(wantedName));
     if (at == nullptr) return HandleOf(first);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/NativeWindows.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 
@@ -8,6 +9,9 @@ namespace quorvane::windows {
 /// with that, as the window system wants it, and back when it becomes a window of its own.
 class Win32Windows final : public NativeWindows {
  public:
+  /// What stands for the host's main window when none of this process bears its class and title. Null: nothing.
+  void SetMainWindow(HWND window) { mainWindow_ = window; }
+
   /// The host's own window before an equally named one of another process.
   WindowHandle FindWindow(std::u16string_view className, std::u16string_view windowName) override;
   WindowHandle FindWindowEx(WindowHandle parent, std::u16string_view className,
@@ -26,6 +30,9 @@ class Win32Windows final : public NativeWindows {
   ScreenPoint GetCursorPos() override;
   bool GetWindowRect(WindowHandle window, ScreenRect& rect) override;
   std::uint32_t GetSysColor(std::int32_t index) override;
+
+ private:
+  HWND mainWindow_ = nullptr;
 };
 
 }  // namespace quorvane::windows

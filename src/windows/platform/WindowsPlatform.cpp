@@ -50,6 +50,7 @@ std::unique_ptr<HttpRequest> WindowsPlatform::NewHttpRequest() {
 void WindowsPlatform::SetMainWindow(HWND window) {
   mainWindow_ = window;
   prompts_.SetMainWindow(window);
+  windows_.SetMainWindow(window);
   input_.SetHostWindow(window);
   forms_.SetOwner(window);
 }

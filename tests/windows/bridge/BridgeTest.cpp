@@ -34,6 +34,9 @@ const std::vector<Meanness> kHosts = {
     {.freshObjects = true},
     {.freshObjects = true, .typeInformation = false, .strictLines = true, .wrapsDocument = true, .refusesMenu = true},
     {.typeInformation = false, .strictLines = true},
+    {.freshActive = true, .oneClassId = true, .otherPoints = true, .noBars = true},
+    {.typeInformation = false, .otherPoints = true, .noAddIns = true},
+    {.otherPoints = true},
 };
 
 /// A workbench on one side, the bridge to it on the other.
@@ -78,6 +81,10 @@ TEST_P(BridgeTest, OneWrapperForOneThing) {
       }
     }
   }
+  modules[3]->CodePane()->Show();
+  EXPECT_EQ(host_->ActiveCodePane(), modules[0]->CodePane());
+  EXPECT_EQ(host_->ActiveCodePane()->CodeModule(), modules[0]);
+  EXPECT_EQ(host_->ActiveVBProject(), host_->VBProjects()[0]);
   ASSERT_EQ(modules.size(), 6U);
   for (std::size_t i = 0; i < 6; ++i) {
     for (std::size_t j = 0; j < 6; ++j) EXPECT_EQ(modules[i] == modules[j], i % 3 == j % 3);
@@ -92,7 +99,7 @@ TEST_P(BridgeTest, NothingComesAsNothing) {
     EXPECT_EQ(host_->ActiveVBProject(), nullptr);
   }
   EXPECT_TRUE(host_->VBProjects().empty());
-  EXPECT_EQ(host_->CommandBars()->Item(u"Add-Ins"), nullptr);
+  EXPECT_EQ(host_->CommandBars()->Item(u"Add-Ins"), nullptr) << "and nothing is raised";
   EXPECT_EQ(test::Raised([&] { host_->Addins()->Item(u"No.Such"); }), 9);
 }
 
@@ -179,7 +186,7 @@ TEST_P(BridgeTest, TheRevisionMovesWhenTheTextMayHave) {
 
 TEST_P(BridgeTest, ClicksComeUntilTheEnd) {
   Open(Group{});
-  if (GetParam().refusesMenu) {
+  if (GetParam().refusesMenu || GetParam().noBars) {
     EXPECT_EQ(host_->CommandBars()->Item(u"Add-Ins"), nullptr);
     return;
   }
@@ -245,7 +252,7 @@ class HostedObject final : public com::DispatchObject<HostedObject, IDispatch, I
     static const std::vector<com::DispatchMember<HostedObject>> none;
     return none;
   }
-  HRESULT STDMETHODCALLTYPE GetDocument(std::shared_ptr<vbide::Document>* document) override {
+  HRESULT STDMETHODCALLTYPE GetDocument(const void*, std::shared_ptr<vbide::Document>* document) override {
     *document = document_;
     return S_OK;
   }
@@ -265,6 +272,8 @@ TEST_P(BridgeTest, TheDocumentIsFoundBehindWhatTheHostHandsOut) {
     return workbench_->MainWindow();
   };
   std::shared_ptr<vbide::Document> document;
+  const auto own = session_->AddIn(exporter_->Export(std::shared_ptr<vbide::AddIn>(addIn)));
+  EXPECT_EQ(test::Raised([&] { host_->Addins()->Item(u"P.Other"); }), 9);
   const auto known = host_->Addins()->Item(u"p.connect");
   const auto window = host_->Windows()->CreateToolWindow(known, u"P.Doc", u"标题", u"{1}", document);
   EXPECT_EQ(told, u"P.Connect|P.Doc|标题|{1}");

@@ -65,7 +65,8 @@ class Exported : public com::DispatchObject<Self, IDispatch, Rest...> {
     if (!exporter_->TheMeanness.typeInformation) return Base::GetTypeInfo(index, locale, info);
     StubTypeInfo::Ids ids;
     for (const auto& member : Self::Members()) ids.emplace_back(member.name, member.id);
-    *info = com::MakeObject<StubTypeInfo>(ClassId(), std::move(ids)).Detach();
+    const GUID id = exporter_->TheMeanness.oneClassId ? IID_IDispatch : ClassId();
+    *info = com::MakeObject<StubTypeInfo>(id, std::move(ids)).Detach();
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {

@@ -28,10 +28,13 @@ class ExportedAddins final : public Exported<ExportedAddins, vbide::Addins> {
  public:
   using Exported::Exported;
   static constexpr const char* kKind = "Addins";
+  void Item(DispatchCall& call) const {
+    if (TheExporter().TheMeanness.noAddIns) RaiseError(ErrorNumber::SubscriptOutOfRange);
+    call.Return(Out(TheModel()->Item(call.Text(0))));
+  }
   static const std::vector<com::DispatchMember<ExportedAddins>>& Members() {
     using S = ExportedAddins;
-    static const auto members =
-        Numbered<S>(1305, {{u"Item", kCalled, [](S& s, DispatchCall& c) { c.Return(s.Out(s->Item(c.Text(0)))); }}});
+    static const auto members = Numbered<S>(1305, {{u"Item", kCalled, [](S& s, DispatchCall& c) { s.Item(c); }}});
     return members;
   }
 };
@@ -123,10 +126,18 @@ class ExportedHost final : public Exported<ExportedHost, vbide::VBE> {
   void VBProjects(DispatchCall& call) const {
     call.Return(Variant::Of(com::MakeObject<ExportedProjects>(TheExporter().shared_from_this(), TheModel()).Get()));
   }
+  void CommandBars(DispatchCall& call) const {
+    if (TheExporter().TheMeanness.noBars) RaiseError(ErrorNumber::ActionNotSupported);
+    call.Return(Out(TheModel()->CommandBars()));
+  }
   /// Nothing comes as a null object, an empty value or a null of the general kind, in turn.
   template <class Model>
   void Maybe(DispatchCall& call, const std::shared_ptr<Model>& model) {
-    if (model) return call.Return(Out(model));
+    Meanness& meanness = TheExporter().TheMeanness;
+    const bool before = std::exchange(meanness.freshObjects, meanness.freshObjects || meanness.freshActive);
+    if (model) call.Return(Out(model));
+    meanness.freshObjects = before;
+    if (model) return;
     static constexpr VARTYPE kNothings[] = {VT_DISPATCH, VT_EMPTY, VT_UNKNOWN, VT_NULL};
     VARIANT nothing{};
     nothing.vt = kNothings[turn_++ % 4];
@@ -140,7 +151,7 @@ class ExportedHost final : public Exported<ExportedHost, vbide::VBE> {
         {{u"ActiveCodePane", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { s.Maybe(c, s->ActiveCodePane()); }},
          {u"ActiveVBProject", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { s.Maybe(c, s->ActiveVBProject()); }},
          {u"VBProjects", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { s.VBProjects(c); }},
-         {u"CommandBars", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { c.Return(s.Out(s->CommandBars())); }},
+         {u"CommandBars", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { s.CommandBars(c); }},
          {u"Windows", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { c.Return(s.Out(s->Windows())); }},
          {u"Events", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { c.Return(s.Out(s->Events())); }},
          {u"Addins", DISPATCH_PROPERTYGET, [](S& s, DispatchCall& c) { c.Return(s.Out(s->Addins())); }},

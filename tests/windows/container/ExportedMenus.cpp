@@ -1,6 +1,7 @@
 // The host's menus behind IDispatch, with their clicks raised through a connection point.
 
 #include <map>
+#include <vector>
 
 #include "base/Error.h"
 #include "windows/container/Exported.h"
@@ -82,10 +83,10 @@ class ExportedBars final : public Exported<ExportedBars, vbide::CommandBars> {
 
 class ClickSource;
 
-/// The one connection point of a source of clicks. The source may go before it.
+/// A connection point of a source of clicks. The source may go before it.
 class ClickPoint final : public com::ComObject<IConnectionPoint> {
  public:
-  explicit ClickPoint(Census& living) : living_(living) {}
+  explicit ClickPoint(Census& living, const GUID& events = kClickEvents) : living_(living), events_(events) {}
 
   void Raise(const ComPtr<IDispatch>& control, DISPID event, bool& handled, bool& cancelDefault) {
     const auto sinks = sinks_;  // a listener may leave
@@ -101,7 +102,7 @@ class ClickPoint final : public com::ComObject<IConnectionPoint> {
   }
 
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override {
-    *iid = kClickEvents;
+    *iid = events_;
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) override {
@@ -110,7 +111,7 @@ class ClickPoint final : public com::ComObject<IConnectionPoint> {
   }
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
     ComPtr<IDispatch> listener;
-    if (FAILED(sink->QueryInterface(kClickEvents, listener.PutVoid()))) return CONNECT_E_CANNOTCONNECT;
+    if (FAILED(sink->QueryInterface(events_, listener.PutVoid()))) return CONNECT_E_CANNOTCONNECT;
     *cookie = ++last_;
     sinks_[*cookie] = listener;
     living_.Born("sink");
@@ -125,19 +126,21 @@ class ClickPoint final : public com::ComObject<IConnectionPoint> {
 
  private:
   Census& living_;
+  GUID events_;
   std::map<DWORD, ComPtr<IDispatch>> sinks_;
   DWORD last_ = 100;
 };
 
-/// Gives the one point, once.
-class OnePoint final : public com::ComObject<IEnumConnectionPoints> {
+/// Gives each point once, the last of them first.
+class Points final : public com::ComObject<IEnumConnectionPoints> {
  public:
-  explicit OnePoint(ComPtr<IConnectionPoint> point) : point_(std::move(point)) {}
+  explicit Points(std::vector<ComPtr<IConnectionPoint>> points) : points_(std::move(points)) {}
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, IConnectionPoint** points, ULONG* fetched) override {
     if (fetched != nullptr) *fetched = 0;
-    if (count == 0 || !point_) return S_FALSE;
-    *points = point_.Detach();
+    if (count == 0 || points_.empty()) return S_FALSE;
+    *points = points_.back().Detach();
+    points_.pop_back();
     if (fetched != nullptr) *fetched = 1;
     return count == 1 ? S_OK : S_FALSE;
   }
@@ -146,7 +149,7 @@ class OnePoint final : public com::ComObject<IEnumConnectionPoints> {
   HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints**) override { return E_NOTIMPL; }
 
  private:
-  ComPtr<IConnectionPoint> point_;
+  std::vector<ComPtr<IConnectionPoint>> points_;
 };
 
 class ClickSource final
@@ -167,7 +170,11 @@ class ClickSource final
   }
 
   HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override {
-    *points = com::MakeObject<OnePoint>(ComPtr<IConnectionPoint>(point_.Get())).Detach();
+    std::vector<ComPtr<IConnectionPoint>> all = {ComPtr<IConnectionPoint>(point_.Get())};
+    if (TheExporter().TheMeanness.otherPoints) {
+      all.emplace_back(com::MakeObject<ClickPoint>(TheExporter().Living, IID_IPropertyNotifySink));
+    }
+    *points = com::MakeObject<Points>(std::move(all)).Detach();
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
@@ -179,7 +186,9 @@ class ClickSource final
   HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** info) override {
     *info = nullptr;
     if (!Told()) return E_NOTIMPL;
-    ComPtr<ITypeInfo> events = com::MakeObject<StubTypeInfo>(kClickEvents, StubTypeInfo::Ids{{u"Click", kClick}});
+    ComPtr<ITypeInfo> events =
+        com::MakeObject<StubTypeInfo>(kClickEvents, StubTypeInfo::Ids{{u"Other", 12}, {u"Click", kClick}}, nullptr,
+                                      TheExporter().TheMeanness.otherPoints);
     *info = com::MakeObject<StubTypeInfo>(GUID_NULL, StubTypeInfo::Ids{}, std::move(events)).Detach();
     return S_OK;
   }

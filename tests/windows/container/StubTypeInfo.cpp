@@ -17,6 +17,7 @@ HRESULT StubTypeInfo::GetTypeAttr(TYPEATTR** attributes) {
 }
 
 HRESULT StubTypeInfo::GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) {
+  if (onlyDescribes_) return E_NOTIMPL;
   if (count != 1) return DISP_E_UNKNOWNNAME;
   for (const auto& [name, id] : ids_) {
     if (!EqualsNoCaseAscii(name, com::FromWide(names[0]))) continue;
@@ -24,6 +25,25 @@ HRESULT StubTypeInfo::GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) 
     return S_OK;
   }
   return DISP_E_UNKNOWNNAME;
+}
+
+HRESULT StubTypeInfo::GetFuncDesc(UINT index, FUNCDESC** member) {
+  if (index >= ids_.size()) return TYPE_E_ELEMENTNOTFOUND;
+  *member = new (std::nothrow) FUNCDESC{};
+  if (*member == nullptr) return E_OUTOFMEMORY;
+  (*member)->memid = ids_[index].second;
+  return S_OK;
+}
+
+HRESULT StubTypeInfo::GetNames(MEMBERID id, BSTR* names, UINT count, UINT* given) {
+  *given = 0;
+  for (const auto& [name, known] : ids_) {
+    if (known != id || count == 0) continue;
+    names[0] = SysAllocString(com::Wide(name));
+    *given = 1;
+    return S_OK;
+  }
+  return TYPE_E_ELEMENTNOTFOUND;
 }
 
 HRESULT StubTypeInfo::GetRefTypeOfImplType(UINT index, HREFTYPE* reference) {

@@ -1,5 +1,7 @@
 #include "windows/host32/Options.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "base/Convert.h"
@@ -10,6 +12,20 @@
 namespace quorvane::container {
 
 namespace {
+
+struct Flag {
+  std::string_view word;
+  bool Meanness::*member;
+  bool value;
+};
+
+constexpr Flag kFlags[] = {
+    {"--fresh", &Meanness::freshObjects, true},       {"--no-type-info", &Meanness::typeInformation, false},
+    {"--strict-lines", &Meanness::strictLines, true}, {"--wrap-document", &Meanness::wrapsDocument, true},
+    {"--no-menu", &Meanness::refusesMenu, true},      {"--fresh-active", &Meanness::freshActive, true},
+    {"--one-class-id", &Meanness::oneClassId, true},  {"--other-points", &Meanness::otherPoints, true},
+    {"--no-bars", &Meanness::noBars, true},           {"--no-add-ins", &Meanness::noAddIns, true},
+};
 
 ConnectBy WayNamed(const std::string& name) {
   if (name == "vtable") return ConnectBy::Vtable;
@@ -29,16 +45,9 @@ Options Options::Parse(int argc, wchar_t** argv) {
       if (i + 1 >= argc) RaiseError(ErrorNumber::InvalidProcedureCall, FromUtf8(word + " needs a value"));
       return text(++i);
     };
-    if (word == "--fresh") {
-      options.meanness.freshObjects = true;
-    } else if (word == "--no-type-info") {
-      options.meanness.typeInformation = false;
-    } else if (word == "--strict-lines") {
-      options.meanness.strictLines = true;
-    } else if (word == "--wrap-document") {
-      options.meanness.wrapsDocument = true;
-    } else if (word == "--no-menu") {
-      options.meanness.refusesMenu = true;
+    const auto flag = std::ranges::find(kFlags, word, &Flag::word);
+    if (flag != std::end(kFlags)) {
+      options.meanness.*flag->member = flag->value;
     } else if (word == "--connect-by") {
       options.connectBy = WayNamed(value());
     } else if (word == "--codepage") {

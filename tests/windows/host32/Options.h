@@ -12,7 +12,8 @@ enum class ConnectBy { Vtable, Dispatch, OlderInterface };
 
 /// The container's command line.
 ///
-///     quorvane-host32 [--fresh] [--no-type-info] [--strict-lines] [--wrap-document] [--no-menu]
+///     quorvane-host32 [--fresh] [--no-type-info] [--strict-lines] [--wrap-document] [--no-menu] [--fresh-active]
+///                     [--one-class-id] [--other-points] [--no-bars] [--no-add-ins]
 ///                     [--connect-by vtable|dispatch|older] [--codepage NAME] [--connect MODE] [FILE…]
 ///
 /// FILE are groups, projects or modules; without any the container opens a small group of its own. --connect MODE loads
