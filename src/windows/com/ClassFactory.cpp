@@ -1,16 +1,13 @@
 #include "windows/com/ClassFactory.h"
 
-#include <vector>
+#include <atomic>
 
 namespace quorvane::com {
 
 namespace {
 
-/// One for each lock; a class object may go before its locks do.
-std::vector<std::unique_ptr<ModuleReference>>& Locks() {
-  static std::vector<std::unique_ptr<ModuleReference>> locks;
-  return locks;
-}
+/// A class object may go before its locks do.
+std::atomic<long> locks{0};
 
 }  // namespace
 
@@ -24,14 +21,15 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object)
 }
 
 HRESULT ClassFactory::LockServer(BOOL lock) {
-  return Guarded([&] {
-    if (lock) {
-      Locks().push_back(std::make_unique<ModuleReference>());
-    } else if (!Locks().empty()) {
-      const std::unique_ptr<ModuleReference> last = std::move(Locks().back());
-      Locks().pop_back();
-    }
-  });
+  if (lock) {
+    ++locks;
+    ModuleReference::Take();
+  } else if (--locks >= 0) {
+    ModuleReference::Drop();
+  } else {
+    ++locks;  // there was none
+  }
+  return S_OK;
 }
 
 }  // namespace quorvane::com

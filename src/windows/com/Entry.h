@@ -10,23 +10,23 @@ namespace quorvane::com {
 /// Entries nest; as long as one stands nothing under its feet may go, nor does the code end. What has to wait for that
 /// is told to WhenAtRest, and runs at the end of the outermost entry.
 ///
-/// Everything here belongs to the one thread of the user interface.
+/// Each thread counts its own; the code itself belongs to one of them.
 class Entry {
  public:
-  Entry() { ++depth_; }
+  Entry();
   ~Entry();
   Entry(const Entry&) = delete;
   Entry& operator=(const Entry&) = delete;
 
-  /// How many stand.
-  static int Depth() { return depth_; }
-  /// Runs `action` behind the outermost entry; at once when none stands. What it raises is ignored.
+  /// How many stand on this thread.
+  static int Depth();
+  /// Runs `action` behind the outermost entry; at once when none stands. What it raises is ignored. For the thread of
+  /// the code alone.
   static void WhenAtRest(std::function<void()> action);
 
  private:
   static void Rest();
 
-  static int depth_;
   ModuleReference module_;
 };
 

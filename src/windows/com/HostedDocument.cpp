@@ -11,11 +11,16 @@ std::weak_ptr<vbide::Document>& LastMade() {
 
 }  // namespace
 
+const void* ThisFile() {
+  static const char place = 0;
+  return &place;
+}
+
 std::shared_ptr<vbide::Document> DocumentBehind(IUnknown* object) {
   ComPtr<IHostedDocument> hosted;
   std::shared_ptr<vbide::Document> document;
   if (object != nullptr && SUCCEEDED(object->QueryInterface(__uuidof(IHostedDocument), hosted.PutVoid())) && hosted &&
-      SUCCEEDED(hosted->GetDocument(&document)) && document) {
+      SUCCEEDED(hosted->GetDocument(ThisFile(), &document)) && document) {
     return document;
   }
   return LastMade().lock();

@@ -13,10 +13,18 @@ std::atomic<bool> ending{false};
 }  // namespace
 
 ModuleReference::ModuleReference() {
-  ++count;
+  Take();
 }
 
 ModuleReference::~ModuleReference() {
+  Drop();
+}
+
+void ModuleReference::Take() {
+  ++count;
+}
+
+void ModuleReference::Drop() {
   if (--count != 0) return;
   void (*const ended)() = whenUnused;
   if (ended == nullptr || ending.exchange(true)) return;

@@ -5,7 +5,7 @@ namespace quorvane::com {
 /// What keeps the program file loaded: objects of ours that others hold, locks of its class objects, and entries from
 /// outside that still stand on the stack. When the last of them goes the code ends.
 ///
-/// All of it lives on the host's one thread, but for the count itself.
+/// Any thread may count.
 class ModuleReference {
  public:
   ModuleReference();
@@ -14,6 +14,9 @@ class ModuleReference {
   ModuleReference& operator=(const ModuleReference&) = delete;
 
   static long Count();
+  /// One that no object holds, and its end.
+  static void Take();
+  static void Drop();
   /// Called each time the count comes down to 0, behind the end of the object that held the last; must not raise. The
   /// count is 0 during the call, and a reference taken and dropped in it does not call again. Nothing to call nobody.
   static void WhenUnused(void (*ended)());

@@ -1,5 +1,8 @@
 #include "windows/connect/Code.h"
 
+#include <atomic>
+#include <utility>
+
 #include "addin/connect/Connect.h"
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/core/Globals.h"
@@ -18,6 +21,7 @@
 #include "platform/forms/Forms.h"
 #include "windows/bridge/Session.h"
 #include "windows/com/Entry.h"
+#include "windows/com/ErrorTranslation.h"
 #include "windows/com/HostedDocument.h"
 #include "windows/connect/MainWindow.h"
 #include "windows/platform/Fonts.h"
@@ -32,6 +36,10 @@ namespace {
 
 /// Never destroyed by the end of the process: by then neither the host nor the window system can be asked for anything.
 Code* running = nullptr;
+/// Whose code it is, from before its beginning until behind its end; 0 when there is none.
+std::atomic<DWORD> owner{0};
+/// A window of the owner's, to which other threads may post.
+std::atomic<HWND> wakened{nullptr};
 
 /// Asks running searches to end. They end behind the event that is being handled now.
 void CancelTasks() {
@@ -78,24 +86,42 @@ Code::~Code() {
 }
 
 Code& Code::The() {
-  if (running == nullptr) {
+  const DWORD self = ::GetCurrentThreadId();
+  DWORD before = 0;
+  if (!owner.compare_exchange_strong(before, self) && before != self) com::Check(RPC_E_WRONG_THREAD);
+  if (running != nullptr) return *running;
+  try {
     running = new Code;
-    com::ModuleReference::WhenUnused(&Code::End);
+  } catch (...) {
+    owner = 0;
+    throw;
   }
+  wakened = running->platform_.Queue().Window();
+  com::ModuleReference::WhenUnused(&Code::End);
   return *running;
 }
 
 bool Code::Running() {
-  return running != nullptr;
+  return owner != 0;
 }
 
+/// Another thread that lets go last has the owner end the code, behind any message to a window of ours. A thread that
+/// has ended has no windows any more.
 void Code::End() {
+  const DWORD self = ::GetCurrentThreadId();
+  DWORD thread = owner;
+  if (thread != self) {
+    if (thread == 0 || ::PostMessageW(wakened, WM_NULL, 0, 0)) return;
+    if (!owner.compare_exchange_strong(thread, self)) return;
+  }
   com::ModuleReference::WhenUnused(nullptr);
+  wakened = nullptr;
   delete running;
   running = nullptr;
   Window::ForgetClasses();
   ForgetFonts();
   ThemeScope::Forget();
+  owner = 0;
 }
 
 /// A key that is held back does what it does without the add-in; one that fails is ours, and the press itself tells.
@@ -115,7 +141,8 @@ void Code::RouteKeys() {
 void Code::OnConnection(const com::ComPtr<IDispatch>& application, std::int32_t mode,
                         const com::ComPtr<IDispatch>& addIn) {
   if (!stopping_) return Start(application, mode, addIn);
-  com::Entry::WhenAtRest([=] { The().Start(application, mode, addIn); });
+  if (next_) RaiseError(ErrorNumber::InvalidProcedureCall, u"The add-in is connected already");
+  next_ = Asked{application, mode, addIn};
 }
 
 void Code::Start(const com::ComPtr<IDispatch>& application, std::int32_t mode, const com::ComPtr<IDispatch>& addIn) {
@@ -128,10 +155,17 @@ void Code::Start(const com::ComPtr<IDispatch>& application, std::int32_t mode, c
 }
 
 void Code::OnDisconnection(std::int32_t mode) {
+  next_.reset();
   if (!connect_ || stopping_) return;
   if (com::Entry::Depth() <= 1) return Stop(mode);  // this call itself is one
   StopSoon();
-  com::Entry::WhenAtRest([mode] { The().Stop(mode); });
+  com::Entry::WhenAtRest([mode] { The().StopAtRest(mode); });
+}
+
+void Code::StopAtRest(std::int32_t mode) {
+  Stop(mode);
+  const auto next = std::exchange(next_, std::nullopt);
+  if (next) Start(next->application, next->mode, next->addIn);
 }
 
 /// What cannot wait: the host may come to its end without coming back here.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "base/Event.h"
 #include "windows/bridge/HostEpoch.h"
@@ -27,12 +28,15 @@ class Code {
   Code(const Code&) = delete;
   Code& operator=(const Code&) = delete;
 
-  /// The one that runs; made at the first call.
+  /// The one that runs; made at the first call. It belongs to the thread of that call: raises RPC_E_WRONG_THREAD on any
+  /// other.
   static Code& The();
   static bool Running();
+  /// Ends it, which nobody needs any more; on another thread than its own soon, at once where its own has ended.
+  static void End();
 
   /// The host connects the add-in. Raises error 5 while it is connected. Where a disconnection is still waiting for its
-  /// end, the connection comes behind that.
+  /// end, the connection comes behind that, unless it is taken back before.
   void OnConnection(const com::ComPtr<IDispatch>& application, std::int32_t mode, const com::ComPtr<IDispatch>& addIn);
   /// The host lets the add-in go. Where that comes out of something of ours, such as the yield of a search, the
   /// settings are saved, tasks cancelled and windows hidden at once, and the rest happens when that has come to its
@@ -42,12 +46,19 @@ class Code {
   ViewFactory& Views() { return platform_.Views(); }
 
  private:
+  /// A connection that waits.
+  struct Asked {
+    com::ComPtr<IDispatch> application;
+    std::int32_t mode;
+    com::ComPtr<IDispatch> addIn;
+  };
+
   Code();
-  static void End();
 
   void Start(const com::ComPtr<IDispatch>& application, std::int32_t mode, const com::ComPtr<IDispatch>& addIn);
   void Stop(std::int32_t mode);
   void StopSoon();
+  void StopAtRest(std::int32_t mode);
   void RouteKeys();
 
   WindowsPlatform platform_;
@@ -55,6 +66,7 @@ class Code {
   std::unique_ptr<bridge::Session> session_;
   std::shared_ptr<Connect> connect_;  ///< nothing unless connected
   bool stopping_ = false;             ///< the disconnection waits for its end
+  std::optional<Asked> next_;         ///< what comes behind that
   Subscription removed_;
 };
 

@@ -1,7 +1,10 @@
 // What COM calls of this file. The classes are made by hand; registration is the user's own.
 #include "addin/core/RegistrationData.h"
+#include "base/Skip.h"
+#include "vbide/VBIDE.h"
 #include "windows/com/AddInObject.h"
 #include "windows/com/ClassFactory.h"
+#include "windows/com/Entry.h"
 #include "windows/com/ErrorTranslation.h"
 #include "windows/com/ModuleReference.h"
 #include "windows/com/Registration.h"
@@ -14,14 +17,28 @@ namespace quorvane::windows {
 
 namespace {
 
-/// The add-in as the host tells it what happens.
+/// The add-in as the host tells it what happens, by one of the objects that it has made. An object that was refused the
+/// connection has none to end; one that the host lets go while it is connected ends it.
 class Listener final : public com::AddInListener {
  public:
+  ~Listener() override {
+    const com::Entry entry;
+    if (connected_) SkipErrors([this] { OnDisconnection(kHostShutdown); });
+  }
+
   void OnConnection(const com::ComPtr<IDispatch>& application, std::int32_t mode,
                     const com::ComPtr<IDispatch>& addIn) override {
     Code::The().OnConnection(application, mode, addIn);
+    connected_ = true;
   }
-  void OnDisconnection(std::int32_t mode) override { Code::The().OnDisconnection(mode); }
+  void OnDisconnection(std::int32_t mode) override {
+    if (std::exchange(connected_, false)) Code::The().OnDisconnection(mode);
+  }
+
+ private:
+  static constexpr auto kHostShutdown = static_cast<std::int32_t>(vbide::DisconnectMode::HostShutdown);
+
+  bool connected_ = false;
 };
 
 com::ComPtr<IUnknown> NewAddIn() {
@@ -61,7 +78,9 @@ HRESULT WINAPI DllGetClassObject(REFCLSID id, REFIID iid, void** object) {
 }
 
 HRESULT WINAPI DllCanUnloadNow() {
-  return com::ModuleReference::Count() == 0 && !server::Code::Running() ? S_OK : S_FALSE;
+  if (com::ModuleReference::Count() != 0) return S_FALSE;
+  if (server::Code::Running()) server::Code::End();
+  return server::Code::Running() ? S_FALSE : S_OK;
 }
 
 HRESULT WINAPI DllRegisterServer() {

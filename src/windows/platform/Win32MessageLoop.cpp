@@ -35,7 +35,7 @@ Turn HandleOne() {
 }  // namespace
 
 /// The hidden window whose timers and messages these are.
-class Win32MessageLoop::Receiver final : public Window {
+class Win32MessageLoop::Receiver final : public windows::Window {
  public:
   Receiver() {
     Making making;
@@ -122,6 +122,10 @@ void Win32MessageLoop::StopTimer(TimerId timer) {
 
 void Win32MessageLoop::Post(std::function<void()> action) {
   receiver_->Post(std::move(action));
+}
+
+HWND Win32MessageLoop::Window() const {
+  return receiver_->Handle();
 }
 
 }  // namespace quorvane::windows

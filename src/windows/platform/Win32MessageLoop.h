@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "platform/MessageLoop.h"
+#include "windows/com/Win32.h"
 
 namespace quorvane::windows {
 
@@ -25,6 +26,8 @@ class Win32MessageLoop final : public MessageLoop {
 
   /// Runs `action` from the queue, soon, as an event of its own. Dropped when this ends first.
   void Post(std::function<void()> action);
+  /// The hidden window that receives them, for as long as this lives.
+  HWND Window() const;
 
  private:
   class Receiver;

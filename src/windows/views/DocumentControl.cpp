@@ -65,8 +65,9 @@ const std::vector<com::DispatchMember<DocumentControl>>& DocumentControl::Member
   return members;
 }
 
-HRESULT DocumentControl::GetDocument(std::shared_ptr<vbide::Document>* document) {
+HRESULT DocumentControl::GetDocument(const void* file, std::shared_ptr<vbide::Document>* document) {
   if (document == nullptr) return E_POINTER;
+  if (file != com::ThisFile()) return E_ACCESSDENIED;
   *document = document_;
   return S_OK;
 }

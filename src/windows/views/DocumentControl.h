@@ -32,7 +32,7 @@ class DocumentControl final
 
   static const std::vector<com::DispatchMember<DocumentControl>>& Members();
 
-  HRESULT STDMETHODCALLTYPE GetDocument(std::shared_ptr<vbide::Document>* document) override;
+  HRESULT STDMETHODCALLTYPE GetDocument(const void* file, std::shared_ptr<vbide::Document>* document) override;
 
   // IOleObject
   HRESULT STDMETHODCALLTYPE SetClientSite(IOleClientSite* site) override;

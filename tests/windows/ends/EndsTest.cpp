@@ -42,7 +42,8 @@ class EndsTest : public ::testing::Test {
 /// Whichever way the host tells of them, connection and disconnection leave nothing behind, twice in one process.
 TEST_F(EndsTest, NothingIsLeftBehindADisconnection) {
   for (const char* way :
-       {"", "--connect-by dispatch", "--connect-by older", "--fresh --no-type-info", "--wrap-document", "--no-menu"}) {
+       {"", "--connect-by dispatch", "--connect-by older", "--fresh --no-type-info", "--wrap-document", "--no-menu",
+        "--no-bars --one-class-id", "--no-add-ins --other-points --fresh-active"}) {
     SCOPED_TRACE(way);
     HostProcess host(way);
     Register(host);
@@ -57,6 +58,28 @@ TEST_F(EndsTest, NothingIsLeftBehindADisconnection) {
   }
 }
 
+TEST_F(EndsTest, TheHostLetsGoWithoutAWord) {
+  HostProcess host;
+  Register(host);
+  ASSERT_EQ(host.Ask("connect 1"), "ok connected");
+  EXPECT_EQ(host.Ask("drop"), "ok dropped");
+  EXPECT_EQ(host.Ask("counts"), "ok ");
+  EXPECT_EQ(host.Ask("free"), "ok unloaded");
+}
+
+TEST_F(EndsTest, OneThreadHasTheCode) {
+  HostProcess host;
+  Register(host);
+  EXPECT_EQ(host.Ask("other-thread"), "ok made");
+  EXPECT_EQ(host.Ask("free"), "ok unloaded");
+  ASSERT_EQ(host.Ask("connect 1"), "ok connected");
+  for (const char* progId : {"QuorvaneForVB6.Connect", "QuorvaneForVB6.ResultDialog"}) {
+    EXPECT_EQ(host.Ask(std::string("other-thread ") + progId), "ok refused -2147417842");
+  }
+  EXPECT_EQ(host.Ask("disconnect 1"), "ok disconnected");
+  EXPECT_EQ(host.Ask("free"), "ok unloaded");
+}
+
 TEST_F(EndsTest, ADisconnectionInTheMidstOfASearchWaitsForItsEnd) {
   HostProcess host("\"" + BigProject() + "\"");
   Register(host);
@@ -65,6 +88,13 @@ TEST_F(EndsTest, ADisconnectionInTheMidstOfASearchWaitsForItsEnd) {
   EXPECT_EQ(host.Ask("disconnect 1"), "ok disconnected");
   EXPECT_EQ(host.AskFor("free", "ok unloaded"), "ok unloaded");
   EXPECT_EQ(host.Ask("counts"), "ok ");
+  // A connection before that end, which is taken back as well.
+  ASSERT_EQ(host.Ask("connect 1"), "ok connected");
+  ASSERT_NO_FATAL_FAILURE(BeginSearch(host));
+  EXPECT_EQ(host.Ask("disconnect 1"), "ok disconnected");
+  EXPECT_EQ(host.Ask("connect 1"), "ok connected");
+  EXPECT_EQ(host.Ask("disconnect 1"), "ok disconnected");
+  EXPECT_EQ(host.AskFor("free", "ok unloaded"), "ok unloaded");
   // And a connection that comes before that end.
   ASSERT_EQ(host.Ask("connect 1"), "ok connected");
   ASSERT_NO_FATAL_FAILURE(BeginSearch(host));

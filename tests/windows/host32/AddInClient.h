@@ -21,6 +21,8 @@ class AddInClient {
                const com::ComPtr<IDispatch>& addIn);
   /// Raises what the add-in answers; it is released all the same.
   void Disconnect(long mode);
+  /// Releases it and tells it nothing.
+  void Drop() { object_.Reset(); }
 
  private:
   void Tell(const char16_t* event, const com::ComPtr<IDispatch>& application, long mode,

@@ -12,6 +12,7 @@
 #include "base/Text.h"
 #include "windows/com/ErrorTranslation.h"
 #include "windows/com/ModuleReference.h"
+#include "windows/host32/Classes.h"
 #include "windows/host32/Input.h"
 #include "workbench/model/CommandButton.h"
 #include "workbench/model/HostAddins.h"
@@ -23,6 +24,7 @@ namespace quorvane::container {
 namespace {
 
 constexpr UINT kLine = WM_APP + 1;
+constexpr char kAddIn[] = "QuorvaneForVB6.Connect";
 constexpr wchar_t kAddInFile[] = L"QuorvaneForVB6.dll";
 
 std::string TitleOf(HWND window) {
@@ -147,6 +149,8 @@ LRESULT Commands::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 const std::map<std::string, Commands::Command>& Commands::Table() {
   static const std::map<std::string, Command> table = {{"connect", &Commands::Connect},
                                                        {"disconnect", &Commands::Disconnect},
+                                                       {"drop", &Commands::Drop},
+                                                       {"other-thread", &Commands::OtherThread},
                                                        {"counts", &Commands::Counts},
                                                        {"free", &Commands::Free},
                                                        {"register", &Commands::Register},
@@ -201,7 +205,7 @@ workbench::Module& Commands::Module(const std::string& name) const {
 
 std::string Commands::Connect(Words& words) {
   const long mode = words.NextNumber("0");
-  const std::u16string progId = FromUtf8(words.Next("QuorvaneForVB6.Connect"));
+  const std::u16string progId = FromUtf8(words.Next(kAddIn));
   const std::shared_ptr<vbide::VBE> host(std::shared_ptr<void>(), &frame_.TheWorkbench());
   client_.Connect(progId, exporter_->Export(host), mode,
                   exporter_->Export(frame_.TheWorkbench().TheAddins()->Register(progId)));
@@ -218,6 +222,27 @@ std::string Commands::Disconnect(Words& words) {
   }
   frame_.CloseToolWindows();
   return "disconnected";
+}
+
+std::string Commands::Drop(Words&) {
+  client_.Drop();
+  frame_.CloseToolWindows();
+  return "dropped";
+}
+
+std::string Commands::OtherThread(Words& words) {
+  const std::u16string progId = FromUtf8(words.Next(kAddIn));
+  std::string told = "made";
+  std::thread([&] {
+    CoInitialize(nullptr);
+    try {
+      MakeByProgId(progId);
+    } catch (const Error& error) {
+      told = "refused " + std::to_string(error.Number);
+    }
+    CoUninitialize();
+  }).join();
+  return told;
 }
 
 std::string Commands::Counts(Words&) {

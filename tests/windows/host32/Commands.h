@@ -18,6 +18,8 @@ namespace quorvane::container {
 ///
 ///     connect [MODE [PROGID]]   makes the add-in (QuorvaneForVB6.Connect) and tells it of its connection; MODE 0 to 2
 ///     disconnect [MODE]         tells it of its disconnection, closes its tool windows, releases it
+///     drop                      releases it and tells it nothing, and closes its tool windows
+///     other-thread [PROGID]     makes another one on a thread of its own, which then ends; "made" or its error
 ///     counts                    what the add-in still holds: "CodeModule 2, VBE 1", then what else is alive
 ///     free                      frees unused program files: "loaded" or "unloaded" says whether the add-in's is there
 ///     register FILE, unregister FILE
@@ -64,6 +66,8 @@ class Commands final : public WindowObject {
 
   std::string Connect(Words& words);
   std::string Disconnect(Words& words);
+  std::string Drop(Words& words);
+  std::string OtherThread(Words& words);
   std::string Counts(Words& words);
   std::string Free(Words& words);
   std::string Register(Words& words);
