@@ -74,6 +74,7 @@ class Bench:
         self.runs = options.runs
         self.program = options.program
         self.benches = Path(options.benches)
+        self.windows = Path(options.windows)
         self.folder = Path("build/bench")
         self.folder.mkdir(parents=True, exist_ok=True)
         shutil.rmtree(self.folder / "group", ignore_errors=True)
@@ -174,6 +175,32 @@ class Bench:
                     statistics.median(times["window"]), statistics.median(times["lines"]), 3),
                 Row("Cancel in the midst of that search, worst run, against 100 ms", "ms", max(times["cancel"]), 100, 1)]
 
+    def bridge(self):
+        """Searches whose host stands behind IDispatch, under Wine. No rows, said loudly, where that cannot run."""
+        program = self.windows / "tests/windows/BridgeBench.exe"
+        if not program.exists():
+            print(f"scripts/bench: THE BRIDGE WAS NOT MEASURED: {program} was not built", file=sys.stderr)
+            return []
+        wine = subprocess.run(["scripts/wine", program], capture_output=True, text=True)
+        if wine.returncode == 77:
+            print(f"scripts/bench: THE BRIDGE WAS NOT MEASURED: {wine.stderr.strip()}", file=sys.stderr)
+            return []
+        if wine.returncode not in (0, 1):
+            raise Failure(f"{program} ended with {wine.returncode}: {wine.stderr.strip()}")
+        times = {}
+        for line in wine.stdout.splitlines():
+            mode, count, milliseconds, _ = line.split()
+            times[mode, int(count)] = float(milliseconds)
+        rows = []
+        for mode in dict.fromkeys(mode for mode, _ in times):
+            few, some, many = (times[mode, count] for count in (10_000, 35_000, 100_000))
+            rows.append(Row(f"`{mode}`: 35,000 matches through the bridge, against 3.5 times 10,000", "ms",
+                            some, few * 3.5, 1.3))
+            rows.append(Row(f"`{mode}`: a match among 100,000 through the bridge, against one among 10,000", "µs",
+                            many / 100, few / 10, 1.3))
+        expect("kinds of searches through the bridge", len(rows), 6)
+        return rows
+
     def memory(self):
         rows = []
         for name in ("rare", "many", "most"):
@@ -215,8 +242,10 @@ makes this page. It generates a group of {group['lines']:,} lines in {group['mod
 takes turns, and each time is the median of {bench.runs} runs. The rows on the search phase and on single
 modules come from `bench/SearchPhase.cpp`: processor time, without process start and files. The search in the
 window is timed from the press of the button to the last row, painting included, with the group open; what it is held
-against is the whole run of the command line. A ratio is
-ours by reference; its limit is the most that it may be.
+against is the whole run of the command line. The rows on the bridge come from `tests/windows/BridgeBench.cpp`, a
+32-bit Windows program under Wine: searches of one module in a host behind `IDispatch`, processor time, the best of
+three runs each.
+A ratio is ours by reference; its limit is the most that it may be.
 
 {datetime.date.today().isoformat()}, {machine()}; {version(['rg', '--version'])}, {version(['xsltproc', '--version'])}.
 
@@ -230,10 +259,12 @@ def main():
     parser.add_argument("--runs", type=int, default=7, help="of each measurement")
     parser.add_argument("--program", default="build/release/quorvane")
     parser.add_argument("--benches", default="build/release/bench")
+    parser.add_argument("--windows", default="build/windows")
     options = parser.parse_args()
     bench = Bench(options)
     bench.check_counts()
-    rows = bench.rare_text() + bench.result_lines() + bench.window() + bench.search_phase() + bench.memory()
+    rows = bench.rare_text() + bench.result_lines() + bench.window() + bench.search_phase() + bench.bridge()
+    rows += bench.memory()
     print(table(rows))
     if options.write:
         Path("docs/benchmarks.md").write_text(page(bench, rows), encoding="utf-8")
