@@ -68,7 +68,7 @@ int Find(const Options& options) {
   session.CheckOutput(options);
   if (options.format == Format::Lines) UseStylesheet(options.xsl);
   Output output(options.output);
-  ResultPage& page = KeepUntilExit<ResultPage>();
+  ResultPage& page = KeepUntilExit<ResultPage>(options.format == Format::Lines);
   std::u16string module;
   const auto scanning = page.mobjTask.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
   std::set<std::string> cutShort;
@@ -87,6 +87,7 @@ int Find(const Options& options) {
     try {
       return Search(page, session, output);
     } catch (const Error& error) {
+      reporter->Cut();
       output.Finish();  // what was found before the error stays
       throw WhereItHappened(error, module);
     }

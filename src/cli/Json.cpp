@@ -8,34 +8,36 @@ namespace quorvane::cli {
 
 namespace {
 
-void AppendEscaped(std::string_view utf8, std::string& out) {
-  constexpr char hex[] = "0123456789abcdef";
-  for (const char c : utf8) {
-    switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      default:
-        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-          out += "\\u00";
-          out += hex[(c >> 4) & 0xF];
-          out += hex[c & 0xF];
-        } else {
-          out += c;
-        }
+std::string Escaped(char c) {
+  switch (c) {
+    case '"':
+      return "\\\"";
+    case '\\':
+      return "\\\\";
+    case '\n':
+      return "\\n";
+    case '\r':
+      return "\\r";
+    case '\t':
+      return "\\t";
+    default: {
+      constexpr char hex[] = "0123456789abcdef";
+      return std::string("\\u00") + hex[(c >> 4) & 0xF] + hex[c & 0xF];
     }
+  }
+}
+
+bool IsPlain(char c) {
+  return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\' && c != 0x7F;
+}
+
+void AppendEscaped(std::string_view utf8, std::string& out) {
+  for (std::size_t at = 0; at < utf8.size();) {
+    std::size_t end = at;
+    while (end < utf8.size() && IsPlain(utf8[end])) ++end;
+    out.append(utf8.substr(at, end - at));
+    if (end < utf8.size()) out += Escaped(utf8[end++]);
+    at = end;
   }
 }
 
@@ -80,9 +82,15 @@ Json& Json::Key(std::string_view name) {
 }
 
 Json& Json::Text(std::u16string_view value) {
+  utf8_.clear();
+  AppendUtf8(value, utf8_);
+  return ValidUtf8(utf8_);
+}
+
+Json& Json::ValidUtf8(std::string_view value) {
   Value();
   out_ += '"';
-  AppendEscaped(ToUtf8(value), out_);
+  AppendEscaped(value, out_);
   out_ += '"';
   return *this;
 }
@@ -92,12 +100,8 @@ Json& Json::Utf8(std::string_view value) {
 }
 
 Json& Json::Number(std::int64_t value) {
-  return Digits(ToText(value));
-}
-
-Json& Json::Digits(std::u16string_view digits) {
   Value();
-  AppendUtf8(digits, out_);
+  out_ += std::to_string(value);
   return *this;
 }
 

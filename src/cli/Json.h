@@ -17,9 +17,9 @@ class Json {
   Json& Text(std::u16string_view value);
   /// `value` is UTF-8; what is not becomes U+FFFD.
   Json& Utf8(std::string_view value);
+  /// The same where all of it surely is UTF-8.
+  Json& ValidUtf8(std::string_view value);
   Json& Number(std::int64_t value);
-  /// `digits` is a number already in decimal.
-  Json& Digits(std::u16string_view digits);
 
   /// What was written since the last Take.
   std::string Take();
@@ -28,6 +28,7 @@ class Json {
   void Value();
 
   std::string out_;
+  std::string utf8_;  ///< of the last text
   bool comma_ = false;  ///< the next value is not the first of its container
 };
 

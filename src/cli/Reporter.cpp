@@ -1,10 +1,10 @@
 #include "cli/Reporter.h"
 
-#include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
+#include "addin/results/MatchField.h"
+#include "addin/results/MatchReader.h"
 #include "addin/results/ResultLineParts.h"
 #include "addin/search/PositionInfo.h"
 #include "addin/search/ResultCollection.h"
@@ -14,7 +14,8 @@
 #include "cli/Output.h"
 #include "cli/Places.h"
 #include "cli/ResultPage.h"
-#include "platform/Platform.h"
+#include "native/xml/XmlRowWriter.h"
+#include "native/xml/XmlText.h"
 #include "platform/XmlDocument.h"
 
 namespace quorvane::cli {
@@ -24,34 +25,6 @@ namespace {
 constexpr std::string_view kBold = "\033[1m";
 constexpr std::string_view kPrefixColor = "\033[36m";
 constexpr std::string_view kPlain = "\033[0m";
-
-/// What an element of the result document tells, in its order.
-struct Attribute {
-  std::string_view name;
-  bool isNumber;
-};
-constexpr std::array<Attribute, 17> kAttributes{{{"ID", true},
-                                                 {"Y1", true},
-                                                 {"Y2", true},
-                                                 {"X1", true},
-                                                 {"X2", true},
-                                                 {"ScreenX1", true},
-                                                 {"ScreenX2", true},
-                                                 {"StartPos", true},
-                                                 {"EndPos", true},
-                                                 {"MatchStr", false},
-                                                 {"ComponentName", false},
-                                                 {"ProjectName", false},
-                                                 {"RelativeStartPos", true},
-                                                 {"RelativeEndPos", true},
-                                                 {"ProcName", false},
-                                                 {"ProcType", false},
-                                                 {"Line", false}}};
-
-/// A whole number as an attribute holds it.
-std::int32_t NumberOf(const XmlElement& item, std::string_view name) {
-  return std::stoi(ToUtf8(item.GetAttribute(name)));
-}
 
 class LineReporter final : public Reporter {
  public:
@@ -72,9 +45,9 @@ class LineReporter final : public Reporter {
   }
 
   void AppendColored(const std::u16string& line, std::int32_t id) {
-    const auto item = page_.mobjFilter.Item(id);
-    const auto parts =
-        FindMatchInResultLine(line, item->GetAttribute("Line"), NumberOf(*item, "StartPos"), NumberOf(*item, "EndPos"));
+    const PositionInfo& pi = *page_.Result()->Item(id);
+    const std::u16string source = page_.Filter().Item(id)->GetAttribute("Line");
+    const auto parts = FindMatchInResultLine(line, source, pi.StartPos(pi.mlngY1), pi.EndPos(pi.mlngY1));
     if (!parts) return AppendUtf8(line, bytes_);
     const auto piece = [this](std::string_view style, std::u16string_view text) {
       if (text.empty()) return;
@@ -97,65 +70,73 @@ class LineReporter final : public Reporter {
 class VimgrepReporter final : public Reporter {
  public:
   VimgrepReporter(ResultPage& page, Output& output) {
-    page.OnMatch = [&page, &output](const PositionInfo& pi) {
-      const auto item = page.mobjFilter.Item(pi.mlngID);
+    page.OnMatch = [this, &output](const PositionInfo& pi) {
       const FilePlace place = PlaceOf(pi);
-      output.Write(place.path + ':' + std::to_string(place.line) + ':' + ToUtf8(item->GetAttribute("X1")) + ':' +
-                   ToUtf8(item->GetAttribute("Line")) + '\n');
+      native::ToXmlText(pi.line(), text_);
+      bytes_ = place.path;
+      bytes_.append(":").append(std::to_string(place.line)).append(":").append(std::to_string(pi.mlngX1)).append(":");
+      output.Write(bytes_.append(text_).append("\n"));
     };
   }
+
+ private:
+  std::string bytes_;
+  std::string text_;
 };
 
 class JsonReporter final : public Reporter {
  public:
   JsonReporter(ResultPage& page, Output& output) : output_(output) {
-    page.OnMatch = [this, &page](const PositionInfo& pi) { Tell(*page.mobjFilter.Item(pi.mlngID), PlaceOf(pi)); };
+    page.OnMatch = [this](const PositionInfo& pi) { Tell(pi, PlaceOf(pi)); };
   }
 
  private:
-  void Tell(const XmlElement& item, const FilePlace& place) {
+  void Tell(const PositionInfo& pi, const FilePlace& place) {
+    MatchReader match(pi);
     json_.BeginObject();
-    for (const Attribute& attribute : kAttributes) {
-      json_.Key(attribute.name);
-      const std::u16string value = item.GetAttribute(attribute.name);
-      attribute.isNumber ? json_.Digits(value) : json_.Text(value);
+    for (const MatchFieldInfo& field : MatchFields()) {
+      json_.Key(field.Name);
+      if (field.IsNumber()) {
+        json_.Number(field.Number(match));
+      } else {
+        native::ToXmlText(field.Text(match), text_);  // as the result document has it
+        json_.ValidUtf8(text_);
+      }
     }
     json_.Key("Path").Utf8(place.path).Key("FileLine").Number(place.line).EndObject();
-    output_.Write(json_.Take() + '\n');
+    output_.Write(json_.Take() += '\n');
   }
 
   Output& output_;
   Json json_;
+  std::string text_;
 };
 
 class XmlReporter final : public Reporter {
  public:
-  XmlReporter(ResultPage& page, Output& output) : page_(page), output_(output) {}
+  XmlReporter(ResultPage& page, Output& output) : output_(output), writer_("SearchResult", "MatchItem") {
+    page.OnMatch = [this](const PositionInfo& pi) {
+      MatchReader match(pi);
+      writer_.BeginRow();
+      for (const MatchFieldInfo& field : MatchFields()) {
+        field.IsNumber() ? writer_.Number(field.Name, field.Number(match)) : writer_.Text(field.Name, field.Text(match));
+      }
+      writer_.EndRow();
+      output_.Write(writer_.Take());
+    };
+  }
 
   void Finish() override {
-    std::string xml = page_.Untold().empty() ? page_.mobjFilter.Document().Xml() : ToldElements();
-    if (!xml.ends_with('\n')) xml += '\n';
-    output_.Write(xml);
+    writer_.Finish();
+    output_.Write(writer_.Take());
+  }
+  void Cut() override {
+    if (writer_.HasRows()) Finish();
   }
 
  private:
-  /// The document without the elements of matches that were not told, which are incomplete.
-  std::string ToldElements() const {
-    const auto document = ThePlatform().NewXmlDocument();
-    const auto root = document->CreateElement("SearchResult");
-    document->SetDocumentElement(*root);
-    for (std::int32_t id = 1; id <= page_.Result()->Count(); ++id) {
-      if (page_.Untold().contains(id)) continue;
-      const auto element = document->CreateElement("MatchItem");
-      for (const Attribute& attribute : kAttributes)
-        element->SetAttribute(attribute.name, page_.mobjFilter.Item(id)->GetAttribute(attribute.name));
-      root->AppendChild(*element);
-    }
-    return document->Xml();
-  }
-
-  ResultPage& page_;
   Output& output_;
+  native::XmlRowWriter writer_;
 };
 
 class CountReporter final : public Reporter {

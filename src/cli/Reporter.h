@@ -16,6 +16,8 @@ class Reporter {
 
   /// What is told when the search has ended, also when it was cancelled.
   virtual void Finish() {}
+  /// The same when it has ended with an error.
+  virtual void Cut() {}
 };
 
 /// Both `page` and `output` outlive the reporter; it listens to the page from now on.

@@ -9,18 +9,22 @@
 
 namespace quorvane::cli {
 
-ResultPage::ResultPage() : result_(std::make_shared<ResultCollection>()), condSnap_(std::make_shared<ConditionSnap>()) {
+ResultPage::ResultPage(bool showsLines)
+    : result_(std::make_shared<ResultCollection>()), condSnap_(std::make_shared<ConditionSnap>()) {
   condSnap_->Setup(*this);
   result_->Setup(*this);
   mobjTask.Setup(*this);
-  mobjFilter.Setup(*this);
-  filterAdd_ = mobjFilter.OnAdd.Subscribe([this](const std::u16string& line, std::int32_t id) {
-    lastLine_ = id;
-    AddListItem(line, id);
-  });
+  if (showsLines) {
+    mobjFilter.emplace();
+    mobjFilter->Setup(*this);
+    filterAdd_ = mobjFilter->OnAdd.Subscribe([this](const std::u16string& line, std::int32_t id) {
+      lastLine_ = id;
+      AddListItem(line, id);
+    });
+  }
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
     if (lastLine_ != pi->mlngID) {
-      CheckElement(*pi);
+      CheckColumns(*pi);
       if (firstFailed_ == 0) firstFailed_ = pi->mlngID;
     }
     if (OnMatch) OnMatch(*pi);
@@ -29,7 +33,7 @@ ResultPage::ResultPage() : result_(std::make_shared<ResultCollection>()), condSn
 
 ResultPage::~ResultPage() {
   mobjTask.TearDown();
-  mobjFilter.TearDown();
+  if (mobjFilter) mobjFilter->TearDown();
   result_->TearDown();
   condSnap_->TearDown();
 }
@@ -38,22 +42,21 @@ void ResultPage::AddListItem(const std::u16string& line, std::int32_t id) {
   if (OnLine && !TrimBlanks(line).empty()) OnLine(line, id);
 }
 
-void ResultPage::CheckElement(const PositionInfo& pi) {
+void ResultPage::CheckColumns(const PositionInfo& pi) {
   try {
-    pi.ScreenX1();
-    pi.ScreenX2();
+    pi.CheckScreenColumns();
   } catch (const Error&) {
-    untold_.insert(pi.mlngID);
+    ++untold_;
     throw;
   }
 }
 
 std::int32_t ResultPage::CountOfTold() const {
-  return result_->Count() - static_cast<std::int32_t>(untold_.size());
+  return result_->Count() - untold_;
 }
 
 void ResultPage::CheckLines() {
-  if (firstFailed_ != 0) mobjFilter.Item(firstFailed_)->TransformNode(mobjFilter.StyleSheet());
+  if (firstFailed_ != 0 && mobjFilter) mobjFilter->Item(firstFailed_)->TransformNode(mobjFilter->StyleSheet());
 }
 
 }  // namespace quorvane::cli

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <set>
+#include <optional>
 #include <string>
 
 #include "addin/results/FilterManager.h"
@@ -12,10 +12,11 @@
 
 namespace quorvane::cli {
 
-/// The page of a search without a window: it passes matches and lines on as they come.
+/// The page of a search without a window: it passes matches and lines on as they come. Where no lines are shown there
+/// is no result document either.
 class ResultPage final : public IPage {
  public:
-  ResultPage();
+  explicit ResultPage(bool showsLines);
   ~ResultPage() override;
   ResultPage(const ResultPage&) = delete;
   ResultPage& operator=(const ResultPage&) = delete;
@@ -26,7 +27,7 @@ class ResultPage final : public IPage {
   void ClearList() override {}
   void AddListItem(const std::u16string& line, std::int32_t id) override;
 
-  /// For each match, once its element stands in the result document.
+  /// For each match that can be told.
   std::function<void(const PositionInfo&)> OnMatch;
   /// For each line that is shown; before OnMatch of the same match.
   std::function<void(const std::u16string& line, std::int32_t id)> OnLine;
@@ -34,9 +35,9 @@ class ResultPage final : public IPage {
   /// Raises the stylesheet's own error when it failed for a match.
   void CheckLines();
 
-  /// The matches that could not be told, by ID: their elements are incomplete.
-  const std::set<std::int32_t>& Untold() const { return untold_; }
   std::int32_t CountOfTold() const;
+  /// Of a page that shows lines.
+  FilterManager& Filter() { return *mobjFilter; }
 
  private:
   std::shared_ptr<ResultCollection> result_;
@@ -44,13 +45,13 @@ class ResultPage final : public IPage {
 
  public:
   TaskManager mobjTask;
-  FilterManager mobjFilter;
 
  private:
-  /// Raises the error that left a match's element incomplete, such as that of a line too long for a screen column.
-  void CheckElement(const PositionInfo& pi);
+  /// Raises the error of a match that cannot be told, such as that of a line too long for a screen column.
+  void CheckColumns(const PositionInfo& pi);
 
-  std::set<std::int32_t> untold_;
+  std::optional<FilterManager> mobjFilter;
+  std::int32_t untold_ = 0;       ///< number of matches that could not be told
   std::int32_t lastLine_ = 0;     ///< the match that the last line came for, shown or not
   std::int32_t firstFailed_ = 0;  ///< the first match without a line; 0: none
   Subscription filterAdd_;

@@ -3,44 +3,26 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/ObjStat.h"
+#include "addin/results/MatchField.h"
+#include "addin/results/MatchReader.h"
 #include "addin/search/IPage.h"
 #include "addin/search/PositionInfo.h"
 #include "addin/search/ResultCollection.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Checked.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "platform/Platform.h"
 #include "platform/XmlDocument.h"
-#include "vbide/VBIDE.h"
 
 namespace quorvane {
 
 namespace {
 
 void WriteAttributes(XmlElement& item, const PositionInfo& pi) {
-  const auto number = [&item](std::string_view name, std::int32_t value) { item.SetAttribute(name, ToText(value)); };
-  number("ID", pi.mlngID);
-  number("Y1", pi.mlngY1);
-  number("Y2", pi.mlngY2);
-  number("X1", pi.mlngX1);
-  number("X2", pi.mlngX2);
-  number("ScreenX1", pi.ScreenX1());
-  number("ScreenX2", pi.ScreenX2());
-  number("StartPos", pi.StartPos(pi.mlngY1));
-  number("EndPos", pi.EndPos(pi.mlngY1));
-  item.SetAttribute("MatchStr", pi.MatchStr());
-  item.SetAttribute("ComponentName", Deref(pi.component()).Name());
-  item.SetAttribute("ProjectName", Deref(pi.project()).Name());
-  const std::int32_t relativeStart = pi.RelativeMatchStartPos();
-  number("RelativeStartPos", relativeStart);
-  // Start and end on one line have the same text before them: it is read once.
-  const bool oneLine = pi.mlngY1 == pi.mlngY2;
-  number("RelativeEndPos",
-         oneLine ? Checked32(std::int64_t{relativeStart} - pi.mlngX1 + pi.mlngX2) : pi.RelativeMatchEndPos());
-  item.SetAttribute("ProcName", pi.ProcName());
-  item.SetAttribute("ProcType", pi.ProcType());
-  item.SetAttribute("Line", pi.line());
+  MatchReader match(pi);
+  for (const MatchFieldInfo& field : MatchFields()) {
+    item.SetAttribute(field.Name, field.IsNumber() ? ToText(field.Number(match)) : field.Text(match));
+  }
 }
 
 std::int32_t ToNumber(const std::u16string& text) {

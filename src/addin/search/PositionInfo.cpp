@@ -22,6 +22,15 @@ namespace quorvane {
 namespace {
 constexpr std::int32_t kMaximized = 2;
 constexpr std::int32_t kLineBreak = 2;  // CR LF
+
+/// Up to here a place has a screen column that 16 bits hold, also when all characters before it are wide.
+constexpr std::int32_t kSafePlace = 16384;
+
+bool IsAscii(std::u16string_view text) {
+  unsigned any = 0;
+  for (const char16_t c : text) any |= c;
+  return any < 0x80;
+}
 }  // namespace
 
 PositionInfo::PositionInfo() {
@@ -47,6 +56,11 @@ std::int32_t PositionInfo::ScreenX2() const {
   return XToScreenX(mlngX2, LineText(mlngY2));
 }
 
+void PositionInfo::CheckScreenColumns() const {
+  if (mlngX1 > kSafePlace) ScreenX1();
+  if (mlngX2 > kSafePlace) ScreenX2();
+}
+
 void PositionInfo::SetScreenX1(std::int32_t column) {
   mlngX1 = ScreenXToX(column, LineText(mlngY1));
 }
@@ -55,17 +69,31 @@ void PositionInfo::SetScreenX2(std::int32_t column) {
   mlngX2 = ScreenXToX(column, LineText(mlngY2));
 }
 
+void PositionInfo::SetScreenColumns(std::int32_t first, std::int32_t last) {
+  if (mlngY1 != mlngY2) {
+    SetScreenX1(first);
+    SetScreenX2(last);
+    return;
+  }
+  const std::u16string line = LineText(mlngY1);
+  mlngX1 = ScreenXToX(first, line);
+  mlngX2 = ScreenXToX(last, line);
+}
+
 std::int32_t PositionInfo::XToScreenX(std::int32_t x, std::u16string_view s) {
+  const std::u16string_view head = s.substr(0, static_cast<std::size_t>(std::max(Checked16(x) - 1, 0)));
+  if (IsAscii(head)) return Checked16(static_cast<std::int64_t>(head.size()) + 1);
   const CodePage& page = ThePlatform().AnsiCodePage();
-  const auto limit = static_cast<std::size_t>(std::max(Checked16(x) - 1, 0));
   std::int32_t column = 1;
-  for (const char16_t c : s.substr(0, limit)) column = Checked16(column + (page.IsWide(c) ? 2 : 1));
+  for (const char16_t c : head) column = Checked16(column + (page.IsWide(c) ? 2 : 1));
   return column;
 }
 
 std::int32_t PositionInfo::ScreenXToX(std::int32_t sx, std::u16string_view s) {
-  const CodePage& page = ThePlatform().AnsiCodePage();
   const std::int32_t limit = Checked16(sx);
+  const std::u16string_view head = s.substr(0, static_cast<std::size_t>(std::max(limit - 1, 0)));
+  if (IsAscii(head)) return Checked16(static_cast<std::int64_t>(head.size()) + 1);
+  const CodePage& page = ThePlatform().AnsiCodePage();
   std::int32_t column = 1;
   std::size_t i = 0;
   for (; i < s.size() && column < limit; ++i) column = Checked16(column + (page.IsWide(s[i]) ? 2 : 1));
@@ -111,14 +139,15 @@ void PositionInfo::SetEndPos(std::int32_t baseLine, std::int32_t pos, OffsetInde
 
 std::u16string PositionInfo::MatchStr() const {
   std::u16string text = Code().Lines(mlngY1, Checked32(std::int64_t{mlngY2} - mlngY1 + 1));
-  const std::int32_t start = StartPos(mlngY1);
-  const std::int64_t length = std::int64_t{EndPos(mlngY1)} - start;
-  if (start < 1 || length < 0) RaiseError(ErrorNumber::InvalidProcedureCall);
-  const auto begin = static_cast<std::size_t>(start) - 1;
-  if (begin >= text.size()) return {};
-  text.resize(std::min(text.size(), begin + static_cast<std::size_t>(length)));
-  text.erase(0, begin);
-  return text;
+  const std::u16string_view piece = Cut(text, StartPos(mlngY1), EndPos(mlngY1));
+  if (piece.size() == text.size()) return text;  // a whole module is not copied
+  return std::u16string(piece);
+}
+
+std::u16string_view PositionInfo::Cut(std::u16string_view text, std::int32_t start, std::int32_t end) {
+  if (start < 1 || end < start) RaiseError(ErrorNumber::InvalidProcedureCall);
+  const auto begin = std::min(text.size(), static_cast<std::size_t>(start) - 1);
+  return text.substr(begin, static_cast<std::size_t>(end - start));
 }
 
 std::int32_t PositionInfo::GetLineCount(std::u16string_view s) {

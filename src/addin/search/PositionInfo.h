@@ -45,6 +45,13 @@ class PositionInfo {
   /// X as a screen column of the host: a character of two bytes takes two.
   std::int32_t ScreenX1() const;
   std::int32_t ScreenX2() const;
+  /// Raises what ScreenX1 and ScreenX2 raise; reads no line when they cannot leave their range.
+  void CheckScreenColumns() const;
+  /// Place `x` of the line `s` as a screen column.
+  static std::int32_t XToScreenX(std::int32_t x, std::u16string_view s);
+  /// The characters from `start` to before `end` of `text`, as far as they exist; 1-based. Raises error 5 when `start`
+  /// is below 1 or above `end`.
+  static std::u16string_view Cut(std::u16string_view text, std::int32_t start, std::int32_t end);
   /// The text of the range, CR LF inside when it spans lines.
   std::u16string MatchStr() const;
   /// Whether a comment mark stands before the end of the range, on its lines or on the continued lines above.
@@ -83,6 +90,8 @@ class PositionInfo {
   /// X1 from a screen column in line Y1, which must be set.
   void SetScreenX1(std::int32_t column);
   void SetScreenX2(std::int32_t column);
+  /// Both at once: lines Y1 and Y2, if one, are read once.
+  void SetScreenColumns(std::int32_t first, std::int32_t last);
   /// 1-based offset of the range's start in the text that begins at line `baseLine`.
   std::int32_t StartPos(std::int32_t baseLine) const;
   std::int32_t EndPos(std::int32_t baseLine) const;
@@ -98,7 +107,6 @@ class PositionInfo {
   std::int32_t Offset(std::int32_t baseLine, std::int32_t y, std::int32_t x) const;
   std::int32_t RelativeStartLine(std::int32_t rlc) const;
   void EndAtLineEnd();
-  static std::int32_t XToScreenX(std::int32_t x, std::u16string_view s);
   static std::int32_t ScreenXToX(std::int32_t sx, std::u16string_view s);
   static bool InsideString(std::u16string_view s, std::size_t pos);
   static bool HasCommentMark(std::u16string_view s);

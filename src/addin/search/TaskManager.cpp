@@ -173,8 +173,7 @@ void TaskManager::ScanFindTo(PositionInfo& pos, std::int32_t limit) {
     match->mobjCodeObject = pos.mobjCodeObject;
     match->mlngY1 = line_ = range.StartLine;
     match->mlngY2 = range.EndLine;
-    match->SetScreenX1(range.StartColumn);
-    match->SetScreenX2(range.EndColumn);
+    match->SetScreenColumns(range.StartColumn, range.EndColumn);
     Take(match);
     range = {range.EndLine, range.EndColumn, pos.mlngY2, limit};
     if (range.StartLine == range.EndLine && range.StartColumn == range.EndColumn) return;

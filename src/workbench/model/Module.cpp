@@ -19,30 +19,14 @@ std::size_t Width(const CodePage& page, char16_t c) {
   return page.IsWide(c) ? 2 : 1;
 }
 
-/// 1-based screen column of the 0-based unit `unit`.
-std::int32_t ToColumn(const CodePage& page, std::u16string_view line, std::size_t unit) {
-  std::size_t column = 1;
-  for (std::size_t i = 0; i < unit; ++i) column += Width(page, line[i]);
-  return Checked32(static_cast<std::int64_t>(column));
-}
-
-/// 0-based unit at the 1-based screen column `column`; a column inside of a wide character gives the unit behind it, a
-/// column past the end the length of the line.
-std::size_t ToUnit(const CodePage& page, std::u16string_view line, std::int32_t column) {
-  std::size_t unit = 0;
-  for (std::int64_t at = 1; unit < line.size() && at < column; ++unit)
-    at += static_cast<std::int64_t>(Width(page, line[unit]));
-  return unit;
-}
-
-/// The same for the exclusive end of a range, which holds no half of a wide character.
-std::size_t ToEndUnit(const CodePage& page, std::u16string_view line, std::int32_t column) {
-  const std::size_t unit = ToUnit(page, line, column);
-  return unit > 0 && ToColumn(page, line, unit) > column ? unit - 1 : unit;
-}
-
 bool IsAscii(std::string_view bytes) {
   return std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
+bool IsAscii(std::u16string_view text) {
+  unsigned any = 0;
+  for (const char16_t c : text) any |= c;
+  return any < 0x80;
 }
 
 std::u16string Hex(char16_t c) {
@@ -97,6 +81,7 @@ std::int32_t Module::CountOfDeclarationLines() const {
 }
 
 std::u16string Module::Lines(std::int32_t start, std::int32_t count) const {
+  if (count == 1 && start >= 1 && start <= text_.Count()) return std::u16string(Read(start).text);
   return text_.Joined(std::int64_t{start} - 1, count);
 }
 
@@ -202,14 +187,44 @@ bool Module::Find(std::u16string_view target, vbide::Selection& range, bool whol
   return scans ? FindInFile(search, bounds, range) : FindByLines(search, bounds, range);
 }
 
-bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const {
-  const CodePage& page = text_.Page();
+const Module::ReadLine& Module::Read(std::int32_t line) const {
+  if (readLine_.number == line && readLine_.revision == text_.Revision()) return readLine_;
+  readLine_ = {};
   const std::u16string_view text = text_.LineText(line - 1, lineBuffer_);
-  const std::size_t from = line == bounds.startLine ? ToUnit(page, text, bounds.startColumn) : 0;
-  const std::size_t to = line == bounds.endLine ? ToEndUnit(page, text, bounds.endColumn) : text.size();
+  readLine_ = {line, text_.Revision(), text, IsAscii(text)};
+  return readLine_;
+}
+
+/// 1-based screen column of the 0-based unit `unit`.
+std::int32_t Module::ToColumn(const ReadLine& line, std::size_t unit) const {
+  std::size_t column = unit + 1;
+  for (std::size_t i = 0; !line.ascii && i < unit; ++i) column += Width(text_.Page(), line.text[i]) - 1;
+  return Checked32(static_cast<std::int64_t>(column));
+}
+
+/// 0-based unit at the 1-based screen column `column`; a column inside of a wide character gives the unit behind it, a
+/// column past the end the length of the line.
+std::size_t Module::ToUnit(const ReadLine& line, std::int32_t column) const {
+  if (line.ascii) return std::min(line.text.size(), static_cast<std::size_t>(std::max(column, 1) - 1));
+  std::size_t unit = 0;
+  for (std::int64_t at = 1; unit < line.text.size() && at < column; ++unit)
+    at += static_cast<std::int64_t>(Width(text_.Page(), line.text[unit]));
+  return unit;
+}
+
+/// The same for the exclusive end of a range, which holds no half of a wide character.
+std::size_t Module::ToEndUnit(const ReadLine& line, std::int32_t column) const {
+  const std::size_t unit = ToUnit(line, column);
+  return unit > 0 && ToColumn(line, unit) > column ? unit - 1 : unit;
+}
+
+bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const {
+  const ReadLine& read = Read(line);
+  const std::size_t from = line == bounds.startLine ? ToUnit(read, bounds.startColumn) : 0;
+  const std::size_t to = line == bounds.endLine ? ToEndUnit(read, bounds.endColumn) : read.text.size();
   LineMatch match;
-  if (from >= to || !search.matcher->Next(text, from, to, match)) return false;
-  found = {line, ToColumn(page, text, match.begin), line, ToColumn(page, text, match.end)};
+  if (from >= to || !search.matcher->Next(read.text, from, to, match)) return false;
+  found = {line, ToColumn(read, match.begin), line, ToColumn(read, match.end)};
   return true;
 }
 

@@ -87,7 +87,18 @@ class Module final : public vbide::CodeModule {
     Sieve sieve;
   };
   struct Bounds;
+  /// A line as it was last read.
+  struct ReadLine {
+    std::int32_t number = 0;     ///< 1-based; 0: none yet
+    std::uint64_t revision = 0;  ///< of the text that it was read from
+    std::u16string_view text;    ///< in lineBuffer_, or typed text
+    bool ascii = false;          ///< a screen column is then a place in the text
+  };
 
+  const ReadLine& Read(std::int32_t line) const;
+  std::size_t ToUnit(const ReadLine& line, std::int32_t column) const;
+  std::size_t ToEndUnit(const ReadLine& line, std::int32_t column) const;
+  std::int32_t ToColumn(const ReadLine& line, std::size_t unit) const;
   const ProcedureMap& Map() const;
   const Procedure& Named(std::u16string_view name, vbide::ProcKind kind) const;
   const Search& Prepared(std::u16string_view target, const MatchOptions& options) const;
@@ -105,7 +116,8 @@ class Module final : public vbide::CodeModule {
   mutable std::uint64_t mapRevision_ = 0;             ///< 0: no map yet
   mutable const Procedure* lastProcedure_ = nullptr;  ///< that ProcOfLine last gave, of this map
   mutable std::unique_ptr<Search> search_;
-  mutable std::u16string lineBuffer_;
+  mutable std::u16string lineBuffer_;  ///< that readLine_ alone points into
+  mutable ReadLine readLine_;
 };
 
 }  // namespace quorvane::workbench
