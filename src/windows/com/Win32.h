@@ -17,7 +17,7 @@
 #define STRICT
 #endif
 
-// Users sit on anything from XP on: what is newer is looked up at run time.
+// Windows Vista is the least that the toolchain's own libraries run on. What COM and windows need is older.
 #ifndef _WIN32_WINNT
 #define _WIN32_WINNT 0x0501
 #endif

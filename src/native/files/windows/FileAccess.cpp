@@ -21,7 +21,7 @@ std::string RealPath(const std::string& path) {
   if (!file.IsOpen()) return {};
   std::wstring real(GetFinalPathNameByHandleW(file.Handle(), nullptr, 0, 0), L'\0');
   real.resize(GetFinalPathNameByHandleW(file.Handle(), real.data(), static_cast<DWORD>(real.size()), 0));
-  return TextOfWide(real);
+  return TextOfWide(real.empty() ? FullPath(WidePath(path)) : real);  // some refuse a long one
 }
 
 }  // namespace quorvane::native

@@ -31,6 +31,20 @@ HANDLE AsHandle(std::intptr_t handle) {
   return reinterpret_cast<HANDLE>(handle);
 }
 
+/// A file that is not there yet is. False with errno set.
+bool IsReplaceable(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(WidePath(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return true;
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    errno = EACCES;
+    return false;
+  }
+  const WideHandle held(path, GENERIC_READ | DELETE);
+  if (held.IsOpen() || GetLastError() != ERROR_SHARING_VIOLATION) return true;
+  errno = EBUSY;
+  return false;
+}
+
 }  // namespace
 
 NewFile::NewFile(std::string target) : target_(std::move(target)) {
@@ -81,10 +95,12 @@ int NewFile::TakePlace() {
 }
 
 /// ReplaceFileW carries attributes, access list and date of creation over. Not every file system can: there the new
-/// file comes as it is.
+/// file comes as it is. A file that is write-protected or that another program holds is left alone from the start,
+/// since what comes behind a refusal is not the same everywhere.
 int MoveOver(const char* from, const char* to) {
   const std::wstring source = WidePath(from);
   const std::wstring target = WidePath(to);
+  if (!IsReplaceable(to)) return -1;
   if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0)
     return 0;
   if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;

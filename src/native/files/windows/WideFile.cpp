@@ -17,13 +17,13 @@ constexpr std::size_t kLongest = 240;  // below MAX_PATH by what a temporary nam
 constexpr std::wstring_view kPrefix = LR"(\\?\)";
 constexpr std::wstring_view kServerPrefix = LR"(\\?\UNC\)";
 
+}  // namespace
+
 std::wstring FullPath(const std::wstring& path) {
   std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   return full;
 }
-
-}  // namespace
 
 std::wstring WidePath(const std::string& path) {
   const std::u16string text = FromUtf8(path);

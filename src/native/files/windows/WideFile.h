@@ -8,6 +8,9 @@ namespace quorvane::native {
 /// A path in UTF-8 as the wide functions take it; one that is too long for them gets the prefix that lifts the limit.
 std::wstring WidePath(const std::string& path);
 
+/// The same path from its drive or server on, without "." and "..".
+std::wstring FullPath(const std::wstring& path);
+
 /// UTF-8 with '/' of a path that the system gave, without such a prefix.
 std::string TextOfWide(const std::wstring& path);
 
