@@ -1,6 +1,5 @@
 #include "windows/platform/BufferedPaint.h"
 #include "windows/platform/GdiCanvas.h"
-#include "windows/platform/GdiTextMeasurer.h"
 #include "windows/platform/PlatformFixture.h"
 
 namespace quorvane::test {
@@ -87,21 +86,6 @@ TEST_F(GdiCanvasTest, FontsAreSelectedAndGivenBack) {
   EXPECT_GT(canvas->TextWidth(u"Match"), width);
   EXPECT_EQ(canvas->SelectFont(nullptr), bold);
   EXPECT_EQ(canvas->TextWidth(u"Match"), own);
-}
-
-TEST_F(GdiCanvasTest, TheMeasurerCountsLinesAndTabStops) {
-  windows::GdiTextMeasurer measurer;
-  forms::Font font;
-  font.Name = u"Arial";
-  const std::int32_t line = measurer.LineHeight(font);
-  EXPECT_GT(line, 9);
-  EXPECT_EQ(measurer.TextHeight(font, u"a\r\nb"), 2 * line);
-  EXPECT_EQ(measurer.LineWidth(font, u"a\t"), measurer.LineWidth(font, u"\t"));
-  EXPECT_GT(measurer.LineWidth(font, u"\ta"), measurer.LineWidth(font, u"\t"));
-  forms::Font larger = font;
-  larger.Size = 18;
-  EXPECT_GT(measurer.LineWidth(larger, u"abc"), measurer.LineWidth(font, u"abc"));
-  EXPECT_EQ(measurer.LineHeight(font), line);
 }
 
 }  // namespace quorvane::test
