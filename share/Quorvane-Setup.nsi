@@ -51,49 +51,97 @@ LangString notWritten ${LANG_SIMPCHINESE} "无法把文件写入 $INSTDIR。"
 LangString purge ${LANG_ENGLISH} "Do you want to remove your settings of Quorvane, too?"
 LangString purge ${LANG_SIMPCHINESE} "是否同时删除 Quorvane 的设置？"
 
-; Takes away the file on the stack, unless somebody holds it: then the stack says "held" and it stays.
-!macro TakeAway un
-Function ${un}TakeAway
+; Whether somebody holds the file on the stack: leaves "held" there, or nothing. A program file that is loaded can be
+; renamed but not opened for writing.
+!macro IsHeld un
+Function ${un}IsHeld
   Exch $0
+  Push $1
   ClearErrors
   ${If} ${FileExists} "$0"
-    ; A program file that is loaded can be renamed but not opened for writing.
     FileOpen $1 "$0" a
     ${If} ${Errors}
       StrCpy $0 "held"
     ${Else}
       FileClose $1
-      Delete "$0"
       StrCpy $0 ""
     ${EndIf}
+  ${Else}
+    StrCpy $0 ""
   ${EndIf}
+  Pop $1
   Exch $0
 FunctionEnd
 !macroend
-!insertmacro TakeAway ""
-!insertmacro TakeAway "un."
+!insertmacro IsHeld ""
+!insertmacro IsHeld "un."
 
-!macro Held un file
-  Push "${file}"
-  Call ${un}TakeAway
+; Names in $2 whether one of the program files is held.
+!macro AnyHeld un
+  Push "$INSTDIR\QuorvaneForVB6.dll"
+  Call ${un}IsHeld
   Pop $2
-  ${If} $2 == "held"
-    MessageBox MB_OK|MB_ICONEXCLAMATION "$(inUse)" /SD IDOK
-    SetErrorLevel 2
-    Quit
+  ${If} $2 == ""
+    Push "$INSTDIR\quorvane.exe"
+    Call ${un}IsHeld
+    Pop $2
   ${EndIf}
 !macroend
 
+!macro ForAllFiles what
+  !insertmacro ${what} "QuorvaneForVB6.dll"
+  !insertmacro ${what} "quorvane.exe"
+  !insertmacro ${what} "ReadMe.txt"
+  !insertmacro ${what} "License.txt"
+!macroend
+!macro Unpack file
+  File "/oname=${file}.new" "${BUILD}/${file}"
+!macroend
+!macro DropNew file
+  Delete "$INSTDIR\${file}.new"
+!macroend
+!macro TakeNew file
+  Delete "$INSTDIR\${file}.old"
+  ${If} ${FileExists} "$INSTDIR\${file}"
+    Rename "$INSTDIR\${file}" "$INSTDIR\${file}.old"
+  ${EndIf}
+  Rename "$INSTDIR\${file}.new" "$INSTDIR\${file}"
+!macroend
+!macro TakeOld file
+  ${If} ${FileExists} "$INSTDIR\${file}.old"
+    Delete "$INSTDIR\${file}"
+    Rename "$INSTDIR\${file}.old" "$INSTDIR\${file}"
+  ${Else}
+    Delete "$INSTDIR\${file}"
+  ${EndIf}
+!macroend
+!macro DropOld file
+  Delete "$INSTDIR\${file}.old"
+!macroend
+
 Section
-  !insertmacro Held "" "$INSTDIR\QuorvaneForVB6.dll"
-  !insertmacro Held "" "$INSTDIR\quorvane.exe"
   SetOutPath "$INSTDIR"
   SetOverwrite try
   ClearErrors
-  File "${BUILD}/QuorvaneForVB6.dll"
-  File "${BUILD}/quorvane.exe"
-  File "${BUILD}/ReadMe.txt"
-  File "${BUILD}/License.txt"
+  !insertmacro ForAllFiles Unpack
+  ${If} ${Errors}
+    StrCpy $3 "$(notWritten)"
+  ${Else}
+    !insertmacro AnyHeld ""
+    ${If} $2 == "held"
+      StrCpy $3 "$(inUse)"
+    ${EndIf}
+  ${EndIf}
+  ${If} $3 != ""
+    !insertmacro ForAllFiles DropNew
+    SetOutPath "$TEMP"
+    RMDir "$INSTDIR"
+    MessageBox MB_OK|MB_ICONEXCLAMATION "$3" /SD IDOK
+    SetErrorLevel 2
+    Quit
+  ${EndIf}
+  ClearErrors
+  !insertmacro ForAllFiles TakeNew
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   ${If} ${Errors}
     StrCpy $3 "$(notWritten)"
@@ -104,11 +152,20 @@ Section
     ${EndIf}
   ${EndIf}
   ${If} $3 != ""
-    Call RemoveFiles
+    !insertmacro ForAllFiles TakeOld
+    !insertmacro ForAllFiles DropNew
+    ${If} ${FileExists} "$INSTDIR\QuorvaneForVB6.dll"
+      RegDLL "$INSTDIR\QuorvaneForVB6.dll"
+    ${Else}
+      Delete "$INSTDIR\Uninstall.exe"
+    ${EndIf}
+    SetOutPath "$TEMP"
+    RMDir "$INSTDIR"
     MessageBox MB_OK|MB_ICONSTOP "$3" /SD IDOK
     SetErrorLevel 2
     Quit
   ${EndIf}
+  !insertmacro ForAllFiles DropOld
   WriteRegStr HKCU "${HOME}" "Folder" "$INSTDIR"
   WriteRegStr HKCU "${LISTED}" "DisplayName" "Quorvane"
   WriteRegStr HKCU "${LISTED}" "DisplayVersion" "${version_1}.${version_2}.${version_4}"
@@ -119,32 +176,19 @@ Section
   WriteRegDWORD HKCU "${LISTED}" "NoRepair" 1
 SectionEnd
 
-!macro RemoveFiles un
-Function ${un}RemoveFiles
-  Delete "$INSTDIR\QuorvaneForVB6.dll"
-  Delete "$INSTDIR\quorvane.exe"
-  Delete "$INSTDIR\ReadMe.txt"
-  Delete "$INSTDIR\License.txt"
-  Delete "$INSTDIR\Uninstall.exe"
-  SetOutPath "$TEMP"
-  RMDir "$INSTDIR"
-FunctionEnd
+!macro Remove file
+  Delete "$INSTDIR\${file}"
 !macroend
-!insertmacro RemoveFiles ""
-!insertmacro RemoveFiles "un."
 
 Section Uninstall
-  ; The classes leave the registry while the file is still there to say which.
-  UnRegDLL "$INSTDIR\QuorvaneForVB6.dll"
-  Push "$INSTDIR\QuorvaneForVB6.dll"
-  Call un.TakeAway
-  Pop $2
+  !insertmacro AnyHeld "un."
   ${If} $2 == "held"
-    RegDLL "$INSTDIR\QuorvaneForVB6.dll"
     MessageBox MB_OK|MB_ICONEXCLAMATION "$(inUse)" /SD IDOK
     SetErrorLevel 2
     Quit
   ${EndIf}
+  ; The classes leave the registry while the file is still there to say which.
+  UnRegDLL "$INSTDIR\QuorvaneForVB6.dll"
 
   StrCpy $4 0
   ${GetParameters} $0
@@ -160,8 +204,14 @@ Section Uninstall
   ${If} $4 = 1
     DeleteRegKey HKCU "${SETTINGS}"
     Delete "$INSTDIR\config.ini"
+    ; Where the folder of the program could not be written to.
+    Delete "$APPDATA\Quorvane\config.ini"
+    RMDir "$APPDATA\Quorvane"
   ${EndIf}
-  Call un.RemoveFiles
+  !insertmacro ForAllFiles Remove
+  Delete "$INSTDIR\Uninstall.exe"
+  SetOutPath "$TEMP"
+  RMDir "$INSTDIR"
   DeleteRegKey HKCU "${LISTED}"
   DeleteRegValue HKCU "${HOME}" "Folder"
   DeleteRegKey /ifempty HKCU "${HOME}"
