@@ -84,10 +84,10 @@ class BenchPlatform final : public Platform {
 class ListPage final : public IPage {
  public:
   ListPage() {
-    mobjCondSnap->Setup(*this);
     mcolResult->Setup(*this);
     mobjFilter.Setup(*this);
-    onAdd_ = mobjFilter.OnAdd.Subscribe([this](const std::u16string& line, std::int32_t id) { AddListItem(line, id); });
+    onAdd_ =
+        mobjFilter.OnAdd.Subscribe([this](const std::u16string& line, std::int32_t) { mvecLines.push_back(line); });
     mobjTask.Setup(*this);
   }
   ~ListPage() override {
@@ -95,14 +95,10 @@ class ListPage final : public IPage {
     onAdd_.Reset();
     mobjFilter.TearDown();
     mcolResult->TearDown();
-    mobjCondSnap->TearDown();
   }
 
   std::shared_ptr<ResultCollection> Result() const override { return mcolResult; }
   std::shared_ptr<ConditionSnap> CondSnap() const override { return mobjCondSnap; }
-  void SetTabCaption(const std::u16string&) override {}
-  void ClearList() override { mvecLines.clear(); }
-  void AddListItem(const std::u16string& line, std::int32_t) override { mvecLines.push_back(line); }
 
   TaskManager& Task() { return mobjTask; }
   std::size_t LineCount() const { return mvecLines.size(); }

@@ -42,6 +42,42 @@ std::u16string ErrorText(ErrorNumber number) {
       return u"Object doesn't support this action";
     case ErrorNumber::DuplicateKey:
       return u"This key is already associated with an element of this collection";
+    case ErrorNumber::UserInterrupt:
+      return u"Interrupted by the user";
+    case ErrorNumber::OutOfStack:
+      return u"Out of stack space";
+    case ErrorNumber::NotDefined:
+      return u"Sub or Function not defined";
+    case ErrorNumber::DiskFull:
+      return u"Disk full";
+    case ErrorNumber::PermissionDenied:
+      return u"Permission denied";
+    case ErrorNumber::PathFileAccess:
+      return u"Path/File access error";
+    case ErrorNumber::InvalidFileFormat:
+      return u"Invalid file format";
+    case ErrorNumber::ResourceNotFound:
+      return u"Resource not found";
+    case ErrorNumber::ObjectWasUnloaded:
+      return u"Object was unloaded";
+    case ErrorNumber::InvalidPropertyIndex:
+      return u"Invalid property array index";
+    case ErrorNumber::AlreadyDisplayed:
+      return u"Form already displayed; can't show modally";
+    case ErrorNumber::NoSuchMember:
+      return u"Object doesn't support this property or method";
+    case ErrorNumber::NoSuchNamedArgument:
+      return u"Named argument not found";
+    case ErrorNumber::WrongArgumentCount:
+      return u"Wrong number of arguments or invalid property assignment";
+    case ErrorNumber::ArgumentNotOptional:
+      return u"Argument not optional";
+    case ErrorNumber::NameTaken:
+      return u"There is already a control with the name";
+    case ErrorNumber::NoSuchControl:
+      return u"There is no control";
+    case ErrorNumber::DialogCanceled:
+      return u"Cancel was selected.";
   }
   return u"Application-defined or object-defined error";
 }

@@ -13,13 +13,31 @@ enum class ErrorNumber : std::int32_t {
   OutOfMemory = 7,
   SubscriptOutOfRange = 9,
   TypeMismatch = 13,
+  UserInterrupt = 18,
+  OutOfStack = 28,
+  NotDefined = 35,
   Internal = 51,
+  DiskFull = 61,
+  PermissionDenied = 70,
+  PathFileAccess = 75,
   ObjectNotSet = 91,
   InvalidPattern = 93,
+  InvalidFileFormat = 321,
+  ResourceNotFound = 326,
+  ObjectWasUnloaded = 364,
   InvalidPropertyValue = 380,
+  InvalidPropertyIndex = 381,
+  AlreadyDisplayed = 400,
   CannotCreateObject = 429,
+  NoSuchMember = 438,
   ActionNotSupported = 445,
+  NoSuchNamedArgument = 448,
+  ArgumentNotOptional = 449,
+  WrongArgumentCount = 450,
   DuplicateKey = 457,
+  NameTaken = 727,
+  NoSuchControl = 730,
+  DialogCanceled = 32755,
 };
 
 /// The one error type. It unwinds to the handler at the top of an event, a command or a program.
@@ -28,6 +46,8 @@ class Error : public std::exception {
   Error() = default;
   Error(std::int32_t number, std::u16string description, std::u16string source = u"VBQuorvane",
         std::u16string helpFile = {}, std::int32_t helpContext = 0);
+
+  bool Is(ErrorNumber number) const { return Number == static_cast<std::int32_t>(number); }
 
   /// The description in UTF-8.
   const char* what() const noexcept override { return mstrWhat.c_str(); }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Error.h"
+#include "base/KeyCode.h"
 #include "base/Text.h"
 
 namespace quorvane::chordtrap {
@@ -13,9 +14,6 @@ namespace quorvane::chordtrap {
 namespace {
 
 constexpr std::int32_t kLastCode = 255;
-constexpr std::int32_t kF1 = 112;
-constexpr std::int32_t kF24 = 135;
-constexpr std::int32_t kNumpad0 = 96;
 
 struct KeyName {
   std::int32_t code;
@@ -23,14 +21,43 @@ struct KeyName {
 };
 
 constexpr KeyName kNames[] = {
-    {8, u"Backspace"},    {9, u"Tab"},           {13, u"Enter"},       {19, u"Pause"},      {20, u"CapsLock"},
-    {27, u"Esc"},         {32, u"Space"},        {33, u"PageUp"},      {34, u"PageDown"},   {35, u"End"},
-    {36, u"Home"},        {37, u"Left"},         {38, u"Up"},          {39, u"Right"},      {40, u"Down"},
-    {44, u"PrintScreen"}, {45, u"Insert"},       {46, u"Delete"},      {93, u"Menu"},       {106, u"NumMultiply"},
-    {107, u"NumAdd"},     {109, u"NumSubtract"}, {110, u"NumDecimal"}, {111, u"NumDivide"}, {144, u"NumLock"},
-    {145, u"ScrollLock"}, {186, u";"},           {187, u"="},          {188, u","},         {189, u"-"},
-    {190, u"."},          {191, u"/"},           {192, u"`"},          {219, u"["},         {220, u"\\"},
-    {221, u"]"},          {222, u"'"},
+    {kKeyBackspace, u"Backspace"},
+    {kKeyTab, u"Tab"},
+    {kKeyEnter, u"Enter"},
+    {kKeyPause, u"Pause"},
+    {kKeyCapsLock, u"CapsLock"},
+    {kKeyEscape, u"Esc"},
+    {kKeySpace, u"Space"},
+    {kKeyPageUp, u"PageUp"},
+    {kKeyPageDown, u"PageDown"},
+    {kKeyEnd, u"End"},
+    {kKeyHome, u"Home"},
+    {kKeyLeft, u"Left"},
+    {kKeyUp, u"Up"},
+    {kKeyRight, u"Right"},
+    {kKeyDown, u"Down"},
+    {kKeyPrintScreen, u"PrintScreen"},
+    {kKeyInsert, u"Insert"},
+    {kKeyDelete, u"Delete"},
+    {kKeyMenu, u"Menu"},
+    {kKeyNumMultiply, u"NumMultiply"},
+    {kKeyNumAdd, u"NumAdd"},
+    {kKeyNumSubtract, u"NumSubtract"},
+    {kKeyNumDecimal, u"NumDecimal"},
+    {kKeyNumDivide, u"NumDivide"},
+    {kKeyNumLock, u"NumLock"},
+    {kKeyScrollLock, u"ScrollLock"},
+    {kKeySemicolon, u";"},
+    {kKeyEquals, u"="},
+    {kKeyComma, u","},
+    {kKeyMinus, u"-"},
+    {kKeyFullStop, u"."},
+    {kKeySlash, u"/"},
+    {kKeyBackquote, u"`"},
+    {kKeyOpenBracket, u"["},
+    {kKeyBackslash, u"\\"},
+    {kKeyCloseBracket, u"]"},
+    {kKeyQuote, u"'"},
 };
 
 struct ModifierName {
@@ -47,8 +74,8 @@ bool IsLetterOrDigit(std::int32_t code) {
 
 std::u16string NameOf(std::int32_t code) {
   if (IsLetterOrDigit(code)) return std::u16string(1, static_cast<char16_t>(code));
-  if (code >= kNumpad0 && code < kNumpad0 + 10) return u"Num" + ToText(code - kNumpad0);
-  if (code >= kF1 && code <= kF24) return u"F" + ToText(code - kF1 + 1);
+  if (code >= kKeyNumpad0 && code < kKeyNumpad0 + 10) return u"Num" + ToText(code - kKeyNumpad0);
+  if (code >= kKeyF1 && code <= kKeyF24) return u"F" + ToText(code - kKeyF1 + 1);
   for (const KeyName& key : kNames) {
     if (key.code == code) return std::u16string(key.name);
   }
@@ -108,7 +135,7 @@ bool IsModifierKey(std::int32_t keyCode) {
 
 bool IsUsable(const KeyChord& chord) {
   if (chord.KeyCode == 0 || IsModifierKey(chord.KeyCode)) return false;
-  return (chord.Modifier & (kCtrl | kAlt)) != 0 || (chord.KeyCode >= kF1 && chord.KeyCode <= kF24);
+  return (chord.Modifier & (kCtrl | kAlt)) != 0 || (chord.KeyCode >= kKeyF1 && chord.KeyCode <= kKeyF24);
 }
 
 }  // namespace quorvane::chordtrap

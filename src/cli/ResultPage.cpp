@@ -11,7 +11,6 @@ namespace quorvane::cli {
 
 ResultPage::ResultPage(bool showsLines)
     : result_(std::make_shared<ResultCollection>()), condSnap_(std::make_shared<ConditionSnap>()) {
-  condSnap_->Setup(*this);
   result_->Setup(*this);
   mobjTask.Setup(*this);
   if (showsLines) {
@@ -19,7 +18,7 @@ ResultPage::ResultPage(bool showsLines)
     mobjFilter->Setup(*this);
     filterAdd_ = mobjFilter->OnAdd.Subscribe([this](const std::u16string& line, std::int32_t id) {
       lastLine_ = id;
-      AddListItem(line, id);
+      TakeLine(line, id);
     });
   }
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
@@ -35,10 +34,9 @@ ResultPage::~ResultPage() {
   mobjTask.TearDown();
   if (mobjFilter) mobjFilter->TearDown();
   result_->TearDown();
-  condSnap_->TearDown();
 }
 
-void ResultPage::AddListItem(const std::u16string& line, std::int32_t id) {
+void ResultPage::TakeLine(const std::u16string& line, std::int32_t id) {
   if (OnLine && !TrimBlanks(line).empty()) OnLine(line, id);
 }
 

@@ -23,9 +23,6 @@ class ResultPage final : public IPage {
 
   std::shared_ptr<ResultCollection> Result() const override { return result_; }
   std::shared_ptr<ConditionSnap> CondSnap() const override { return condSnap_; }
-  void SetTabCaption(const std::u16string&) override {}
-  void ClearList() override {}
-  void AddListItem(const std::u16string& line, std::int32_t id) override;
 
   /// For each match that can be told.
   std::function<void(const PositionInfo&)> OnMatch;
@@ -47,6 +44,7 @@ class ResultPage final : public IPage {
   TaskManager mobjTask;
 
  private:
+  void TakeLine(const std::u16string& line, std::int32_t id);
   /// Raises the error of a match that cannot be told, such as that of a line too long for a screen column.
   void CheckColumns(const PositionInfo& pi);
 

@@ -4,18 +4,12 @@
 
 namespace quorvane {
 
-namespace {
-
-constexpr std::int32_t kActionNotSupported = 445;
-
-}  // namespace
-
 void MessageLoop::WaitWhile(const std::function<bool()>&) {
-  throw Error(kActionNotSupported, u"This platform cannot wait for a form");
+  RaiseError(ErrorNumber::ActionNotSupported, u"This platform cannot wait for a form");
 }
 
 MessageLoop::TimerId MessageLoop::StartTimer(std::int32_t, std::function<void()>) {
-  throw Error(kActionNotSupported, u"This platform has no timers");
+  RaiseError(ErrorNumber::ActionNotSupported, u"This platform has no timers");
 }
 
 void MessageLoop::StopTimer(TimerId) {}

@@ -6,10 +6,8 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kActionNotSupported = 445;
-
 [[noreturn]] void Refuse(std::u16string_view call) {
-  throw Error(kActionNotSupported, u"This window system does not support " + std::u16string(call));
+  RaiseError(ErrorNumber::ActionNotSupported, u"This window system does not support " + std::u16string(call));
 }
 
 }  // namespace

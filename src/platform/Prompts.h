@@ -13,14 +13,38 @@ struct FileDialogSetup {
   std::u16string DefaultExt;  ///< for a name without an extension; with or without its dot
 };
 
+/// What a message box shows: its buttons, and an icon and another default button added to them.
+enum MsgBoxFlag : int {
+  kOkOnly = 0,
+  kOkCancel = 1,
+  kAbortRetryIgnore = 2,
+  kYesNoCancel = 3,
+  kYesNo = 4,
+  kRetryCancel = 5,
+  kCritical = 16,
+  kQuestion = 32,
+  kExclamation = 48,
+  kInformation = 64,
+  kSecondButton = 256,  ///< is the default
+};
+
+/// The button that ended a message box.
+enum MsgBoxAnswer : int {
+  kAnswerOk = 1,
+  kAnswerCancel = 2,
+  kAnswerAbort = 3,
+  kAnswerRetry = 4,
+  kAnswerIgnore = 5,
+  kAnswerYes = 6,
+  kAnswerNo = 7,
+};
+
 /// Message boxes and file dialogs.
 class Prompts {
  public:
   virtual ~Prompts() = default;
 
-  /// Buttons and icon of `flags` and the answer have the platform's values: flags 0 OK, 1 OK and Cancel, 2 Abort, Retry
-  /// and Ignore, 4 Yes and No, 16 critical, 32 question, 256 second button as default; answers 1 OK, 2 Cancel, 3 Abort,
-  /// 4 Retry, 5 Ignore, 6 Yes, 7 No.
+  /// `flags` is a sum of MsgBoxFlag, the answer a MsgBoxAnswer.
   virtual int MsgBox(const std::u16string& text, int flags, const std::u16string& caption) = 0;
 
   /// The path that the user chose to save to, the default extension added where it is due; nothing for a cancel. Raises

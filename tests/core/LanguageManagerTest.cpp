@@ -31,7 +31,7 @@ TEST_F(LanguageManagerTest, EveryTextInBothLanguages) {
   for (std::int32_t id = 0; id < 1000; ++id) {
     std::u16string entry = ToText(id);
     for (language.Language = 0; language.Language < 2; ++language.Language) {
-      const auto text = language.Entry(id);
+      const auto text = language.Entry(static_cast<StringId>(id));
       if (text) entry += u"\t\"" + ReplaceAll(ReplaceAll(*text, u"\r", u"\\r"), u"\n", u"\\n") + u"\"";
     }
     if (std::stoi(line) != id) {
@@ -48,14 +48,14 @@ TEST_F(LanguageManagerTest, TheChoiceLivesInTheFile) {
   {
     LanguageManager first;
     EXPECT_EQ(first.Language, 0);
-    EXPECT_EQ(first.GetString(103), u"替换(&L)");
+    EXPECT_EQ(first.GetString(StringId::ReplaceLabel), u"替换(&L)");
     EXPECT_EQ(Config(), "");
   }
   EXPECT_EQ(Config(), "[Language Setting]\r\nLanguage=0\r\n");
   {
     LanguageManager second;
     second.Language = 1;
-    EXPECT_EQ(second.GetString(204, {u"a"}), u"Search 'a'");
+    EXPECT_EQ(second.GetString(StringId::TabCaption, {u"a"}), u"Search 'a'");
   }
   EXPECT_EQ(Config(), "[Language Setting]\r\nLanguage=1\r\n");
   EXPECT_EQ(LanguageManager().Language, 1);
@@ -84,7 +84,7 @@ TEST_F(LanguageManagerTest, ADamagedFile) {
 
   for (const char* number : {"2", "-1", "2147483647", "536870912"}) {
     Config() = std::string("[Language Setting]\nLanguage=") + number + "\n";
-    EXPECT_EQ(Raised([] { LanguageManager().GetString(104); }), 326) << number;
+    EXPECT_EQ(Raised([] { LanguageManager().GetString(StringId::Area); }), 326) << number;
   }
 }
 
@@ -103,7 +103,7 @@ TEST_F(LanguageManagerTest, AnErrorIsShownEvenWithoutALanguage) {
 class CaptionedForm final : public forms::Form, public IVersionUI {
  public:
   explicit CaptionedForm(std::u16string name) : Form(std::move(name)) {}
-  void Update() override { SetCaption(Globals::Language().GetString(218)); }
+  void Update() override { SetCaption(Globals::Language().GetString(StringId::OptionsTitle)); }
 };
 
 TEST_F(LanguageManagerTest, UpdateAllUIReachesWhatIsOpen) {

@@ -37,7 +37,7 @@ TEST_F(AboutTest, CaptionsInBothLanguages) {
   Globals::Language().Language = 0;
   Globals::Language().UpdateAllUI();
   EXPECT_EQ(a.Caption(), u"关于 The add-in");
-  EXPECT_EQ(a.lbl网址->Caption(), Globals::Language().GetString(157));
+  EXPECT_EQ(a.lbl网址->Caption(), Globals::Language().GetString(StringId::Website));
 }
 
 TEST_F(AboutTest, TextsBesideTheProgram) {

@@ -235,7 +235,7 @@ TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
 class TabbedDialog final : public forms::Dialog {
  public:
   TabbedDialog() : Dialog(u"t") {
-    first->SetContainer(frame);
+    frame->Add(first);
     frame->SetContainer(tabs->Panel(0));
     second->SetContainer(tabs->Panel(1));
     for (const auto& button : {first, second, cancel}) button->SetCaption(u"&x");

@@ -107,7 +107,7 @@ TEST_F(OptionTest, OkTakesAllEditsAndRenewsTheLanguageEverywhere) {
   EXPECT_EQ(Memory(), kEdited);
   EXPECT_EQ(redraws, 1);
   EXPECT_NE(Dialog().cmdSearch->Caption(), english);
-  EXPECT_EQ(Dialog().cmdSearch->Caption(), Globals::Language().GetString(118));
+  EXPECT_EQ(Dialog().cmdSearch->Caption(), Globals::Language().GetString(StringId::Search));
   EXPECT_EQ(told, 1) << "what is no form follows too";
   EXPECT_EQ(Setting().menumSearchTo, 1) << "the default counts at the next start";
   EXPECT_EQ(ToUtf8(Open().Combo语言->Text()), "中文(简体)") << "every show starts from the current values";

@@ -26,7 +26,6 @@ class RecordedPage final : public IResultPage {
 
   std::shared_ptr<ResultCollection> Result() const override { return nullptr; }
   std::shared_ptr<ConditionSnap> CondSnap() const override { return nullptr; }
-  void SetTabCaption(const std::u16string& caption) override { tab->SetCaption(caption); }
   void ClearList() override {}
   void AddListItem(const std::u16string&, std::int32_t) override {}
 

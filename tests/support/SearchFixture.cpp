@@ -26,11 +26,11 @@ std::string Join(const std::vector<std::string>& lines) {
 }
 
 TestPage::TestPage() {
-  condSnap->Setup(*this);
   results->Setup(*this);
   task.Setup(*this);
   filter.Setup(*this);
   added_ = filter.OnAdd.Subscribe([this](const std::u16string& line, std::int32_t id) { AddListItem(line, id); });
+  named_ = condSnap->Named.Subscribe([this](const std::u16string& text) { caption = text; });
   cleared_ = filter.OnClear.Subscribe([this] { ClearList(); });
 }
 
@@ -38,7 +38,6 @@ TestPage::~TestPage() {
   task.TearDown();
   filter.TearDown();
   results->TearDown();
-  condSnap->TearDown();
 }
 
 void TestPage::AddListItem(const std::u16string& line, std::int32_t id) {

@@ -10,8 +10,8 @@
 
 #include "addin/core/Globals.h"
 #include "addin/results/FilterManager.h"
+#include "addin/results/IListPage.h"
 #include "addin/search/ConditionSnap.h"
-#include "addin/search/IPage.h"
 #include "addin/search/ResultCollection.h"
 #include "addin/search/TaskManager.h"
 #include "addin/settings/GlobalSetting.h"
@@ -33,14 +33,13 @@ std::string Show(const PositionInfo& pi);
 std::string Join(const std::vector<std::string>& lines);
 
 /// A page without a window: what a search needs and what it told.
-class TestPage final : public IPage {
+class TestPage final : public IListPage {
  public:
   TestPage();
   ~TestPage() override;
 
   std::shared_ptr<ResultCollection> Result() const override { return results; }
   std::shared_ptr<ConditionSnap> CondSnap() const override { return condSnap; }
-  void SetTabCaption(const std::u16string& text) override { caption = text; }
   void ClearList() override { list.clear(); }
   /// Kept as "1: line", by id.
   void AddListItem(const std::u16string& line, std::int32_t id) override;
@@ -55,6 +54,7 @@ class TestPage final : public IPage {
  private:
   Subscription added_;
   Subscription cleared_;
+  Subscription named_;
 };
 
 /// A search over a group made from strings. Set the condition in Setting(), open a group, search, and compare what

@@ -5,10 +5,10 @@
 #include "addin/connect/Updater.h"
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/ISearchDialog.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/core/ModSEH.h"
-#include "addin/core/ObjStat.h"
 #include "addin/results/IResultListDoc.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
@@ -23,19 +23,13 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kMenuCaption = 237;
-constexpr std::int32_t kApplicationTitle = 257;
 constexpr std::int32_t kButton = 1;
 
 }  // namespace
 
-Connect::Connect() {
-  ObjStat::AddObject(this);
-}
+Connect::Connect() = default;
 
-Connect::~Connect() {
-  ObjStat::RemoveObject(this);
-}
+Connect::~Connect() = default;
 
 void Connect::Show() {
   const std::shared_ptr<forms::Form> form = forms::TheForms().Instance(u"frmSearchDialog");
@@ -58,7 +52,7 @@ std::shared_ptr<vbide::CommandBarControl> Connect::AddToAddInCommandBar(const st
 
 void Connect::OnConnection(const std::shared_ptr<vbide::VBE>& Application, vbide::ConnectMode connectMode,
                            const std::shared_ptr<vbide::AddIn>&) {
-  try {
+  Guarded([&] {
     ModSEH::InstallFilter(true);
     Globals::gobjVBE = Application;
     Globals::gobjConnect = shared_from_this();
@@ -74,13 +68,11 @@ void Connect::OnConnection(const std::shared_ptr<vbide::VBE>& Application, vbide
       MakeMenu();
     }
     Globals::Language().UpdateUI(this);
-  } catch (...) {
-    ShowHandledError();
-  }
+  });
 }
 
 void Connect::MakeMenu() {
-  mcbMenuCommandBar = AddToAddInCommandBar(Globals::Language().GetString(kMenuCaption));
+  mcbMenuCommandBar = AddToAddInCommandBar(Globals::Language().GetString(StringId::HostMenu));
   if (!mcbMenuCommandBar) return;
   mobjMenuHandler = Deref(Deref(Globals::gobjVBE).Events()).CommandBarEvents(mcbMenuCommandBar);
   onClick_ = Deref(mobjMenuHandler).Click.Subscribe([this](const auto&, bool&, bool&) { mobjMenuHandler_Click(); });
@@ -106,16 +98,12 @@ void Connect::OnDisconnection(vbide::DisconnectMode) {
 }
 
 void Connect::Update() {
-  ThePlatform().TheApp().Title = Globals::Language().GetString(kApplicationTitle);
-  if (mcbMenuCommandBar) mcbMenuCommandBar->SetCaption(Globals::Language().GetString(kMenuCaption));
+  ThePlatform().TheApp().Title = Globals::Language().GetString(StringId::ApplicationTitle);
+  if (mcbMenuCommandBar) mcbMenuCommandBar->SetCaption(Globals::Language().GetString(StringId::HostMenu));
 }
 
 void Connect::mobjMenuHandler_Click() {
-  try {
-    Show();
-  } catch (...) {
-    ShowHandledError();
-  }
+  Guarded([this] { Show(); });
 }
 
 }  // namespace quorvane

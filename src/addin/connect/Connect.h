@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/core/IVersionUI.h"
 #include "base/Event.h"
 #include "vbide/VBIDE.h"
@@ -13,14 +14,15 @@ namespace quorvane {
 
 /// The add-in's entry into the host: starts and stops everything else in a fixed order, and keeps one entry in the
 /// host's "Add-Ins" menu, which shows the search dialog. The host makes one for a connection, by make_shared.
-class Connect final : public vbide::AddInInstance, public IVersionUI, public std::enable_shared_from_this<Connect> {
+class Connect final : public vbide::AddInInstance,
+                      public IVersionUI,
+                      public std::enable_shared_from_this<Connect>,
+                      private Counted<Connect> {
  public:
   static constexpr std::string_view ClassName = "Connect";
 
   Connect();
   ~Connect() override;
-  Connect(const Connect&) = delete;
-  Connect& operator=(const Connect&) = delete;
 
   std::shared_ptr<vbide::CommandBarControl> mcbMenuCommandBar;  ///< nothing when no entry was made
 

@@ -3,11 +3,11 @@
 #include "addin/connect/Connect.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/results/IResultPage.h"
 #include "addin/results/PageManager.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
+#include "base/KeyCode.h"
 #include "chordtrap/Manager.h"
 #include "platform/Platform.h"
 #include "platform/SettingsStore.h"
@@ -17,25 +17,20 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kNoSuchOperation = 438;
-constexpr std::int32_t kKeyQ = 81;
-constexpr std::int32_t kKeyComma = 188;
-constexpr std::int32_t kKeyFullStop = 190;
-
 struct Command {
   std::u16string_view name;
-  std::int32_t description;
+  StringId description;
   std::int32_t keyCode;
   std::int32_t modifier;
   void (HotkeyProxy::*run)();
 };
 
 constexpr Command kCommands[] = {
-    {u"ShowSearchDialog", 213, kKeyQ, chordtrap::kCtrl, &HotkeyProxy::ShowSearchDialog},
-    {u"LocatePrevResult", 214, kKeyComma, chordtrap::kCtrl, &HotkeyProxy::LocatePrevResult},
-    {u"LocateNextResult", 215, kKeyFullStop, chordtrap::kCtrl, &HotkeyProxy::LocateNextResult},
-    {u"ShowResultList", 216, 0, 0, &HotkeyProxy::ShowResultList},
-    {u"RefreshResult", 217, 0, 0, &HotkeyProxy::RefreshResult},
+    {u"ShowSearchDialog", StringId::CommandShowSearchDialog, kKeyQ, chordtrap::kCtrl, &HotkeyProxy::ShowSearchDialog},
+    {u"LocatePrevResult", StringId::CommandLocatePrevious, kKeyComma, chordtrap::kCtrl, &HotkeyProxy::LocatePrevResult},
+    {u"LocateNextResult", StringId::CommandLocateNext, kKeyFullStop, chordtrap::kCtrl, &HotkeyProxy::LocateNextResult},
+    {u"ShowResultList", StringId::CommandShowResultList, 0, 0, &HotkeyProxy::ShowResultList},
+    {u"RefreshResult", StringId::CommandRefreshResult, 0, 0, &HotkeyProxy::RefreshResult},
 };
 
 std::shared_ptr<IResultPage> ActivePage() {
@@ -51,7 +46,6 @@ bool KeysForbidden() {
 }  // namespace
 
 HotkeyProxy::HotkeyProxy() : Manager(std::make_unique<chordtrap::Manager>()) {
-  ObjStat::AddObject(this);
   for (const Command& command : kCommands) {
     Manager->Items().Add(Globals::Language().GetString(command.description), *this, std::u16string(command.name),
                          command.keyCode, command.modifier);
@@ -60,9 +54,7 @@ HotkeyProxy::HotkeyProxy() : Manager(std::make_unique<chordtrap::Manager>()) {
       [](std::int32_t, const chordtrap::KeyState&, bool& cancel) { cancel = KeysForbidden(); });
 }
 
-HotkeyProxy::~HotkeyProxy() {
-  ObjStat::RemoveObject(this);
-}
+HotkeyProxy::~HotkeyProxy() = default;
 
 void HotkeyProxy::ShowSearchDialog() {
   Deref(Globals::gobjConnect).Show();
@@ -121,7 +113,7 @@ void HotkeyProxy::Invoke(std::u16string_view name) {
   for (const Command& command : kCommands) {
     if (command.name == name) return (this->*command.run)();
   }
-  throw Error(kNoSuchOperation, u"Object doesn't support this property or method: " + std::u16string(name));
+  RaiseError(ErrorNumber::NoSuchMember, u"Object doesn't support this property or method: " + std::u16string(name));
 }
 
 }  // namespace quorvane

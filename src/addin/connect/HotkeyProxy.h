@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/core/ILib.h"
 #include "base/Event.h"
 #include "chordtrap/IChordTrapKeeper.h"
@@ -19,14 +20,15 @@ class GlobalSetting;
 
 /// Bridge to the hotkeys: names the commands that exist and carries them out, stores their keys with the settings, and
 /// holds keys back while the add-in's menu entry is disabled. A command that fails raises to whoever delivers the key.
-class HotkeyProxy final : public ILib, public chordtrap::IChordTrapKeeper, public chordtrap::ICommandTarget {
+class HotkeyProxy final : public ILib,
+                          public chordtrap::IChordTrapKeeper,
+                          public chordtrap::ICommandTarget,
+                          private Counted<HotkeyProxy> {
  public:
   static constexpr std::string_view ClassName = "HotkeyProxy";
 
   HotkeyProxy();
   ~HotkeyProxy() override;
-  HotkeyProxy(const HotkeyProxy&) = delete;
-  HotkeyProxy& operator=(const HotkeyProxy&) = delete;
 
   const std::unique_ptr<chordtrap::Manager> Manager;
 

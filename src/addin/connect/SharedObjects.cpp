@@ -18,7 +18,6 @@ namespace quorvane::Globals {
 
 namespace {
 
-constexpr std::int32_t kToolWindowTitle = 240;
 /// Under which the host remembers the place of the tool window.
 constexpr std::u16string_view kToolWindowPosition = u"{CCE2FDE8-B0EC-4528-9A82-23AE56A913CB}";
 
@@ -54,7 +53,7 @@ std::shared_ptr<IResultListDoc> CreateResultDialog() {
   std::shared_ptr<vbide::Document> doc;
   gobjToolWindow =
       Deref(host.Windows())
-          .CreateToolWindow(addIn, progId, Language().GetString(kToolWindowTitle), kToolWindowPosition, doc);
+          .CreateToolWindow(addIn, progId, Language().GetString(StringId::ToolWindowTitle), kToolWindowPosition, doc);
   auto resultDoc = std::dynamic_pointer_cast<IResultListDoc>(doc);
   if (!resultDoc) {
     RaiseError(ErrorNumber::TypeMismatch,

@@ -4,8 +4,8 @@
 
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/settings/GlobalSetting.h"
 #include "addin/settings/StoredSection.h"
 #include "base/Convert.h"
@@ -30,9 +30,6 @@ constexpr std::u16string_view kDownloadPage = u"/p/vbquorvane/downloads";
 constexpr std::u16string_view kSite = u"/p/vbquorvane/";
 constexpr std::u16string_view kVersionPattern = uR"((\d+)\.(\d+)\.(\d+)\.(\d+))";
 
-constexpr int kOkOnly = 0;
-constexpr int kYesNo = 4;
-constexpr int kYes = 6;
 constexpr std::int32_t kDefaultInterval = 2;
 constexpr std::int32_t kDefaultSensibility = 2;
 constexpr std::int32_t kDaysPerWeek = 7;
@@ -47,12 +44,9 @@ Updater::Updater() : mobjHttp(ThePlatform().NewHttpRequest()) {
   onResponse_ = mobjHttp->OnResponseFinished.Subscribe([this] { mobjHttp_OnResponseFinished(); });
   onHttpError_ = mobjHttp->OnError.Subscribe(
       [this](std::int32_t number, const std::u16string& description) { OnError.Raise(number, description); });
-  ObjStat::AddObject(this);
 }
 
-Updater::~Updater() {
-  ObjStat::RemoveObject(this);
-}
+Updater::~Updater() = default;
 
 void Updater::Setup() {
   mobjSetting = Globals::gobjSetting;
@@ -139,13 +133,10 @@ std::int32_t Updater::UnitsSinceLastUpdate() const {
 void Updater::mobjHttp_OnResponseFinished() {
   // A message box lets the host end the connection before this ends.
   const std::shared_ptr<Updater> alive = Globals::gobjUpdater;
-  const std::shared_ptr<ErrorManager> errors = Globals::gobjErrorManager;
-  try {
+  Guarded([this] {
     TaskDone.Raise();
     TellOutcome();
-  } catch (...) {
-    Deref(errors).ShowErr();
-  }
+  });
 }
 
 void Updater::TellOutcome() {
@@ -156,16 +147,20 @@ void Updater::TellOutcome() {
     OfferDownload(published);
   } else if (!mblnPassive) {
     const LanguageManager& language = Globals::Language();
-    ThePlatform().MessageBoxes().MsgBox(language.GetString(248, {CurrentVersion()}), kOkOnly, language.GetString(249));
+    ThePlatform().MessageBoxes().MsgBox(language.GetString(StringId::VersionIsLatest, {CurrentVersion()}), kOkOnly,
+                                        language.GetString(StringId::UpdateTitle));
   }
 }
 
 void Updater::OfferDownload(const std::u16string& published) {
   const LanguageManager& language = Globals::Language();
   const std::u16string line(kCrLf);
-  const std::u16string text = language.GetString(250) + line + line + language.GetString(251) + published + line +
-                              language.GetString(252) + CurrentVersion() + line + line + language.GetString(253);
-  if (ThePlatform().MessageBoxes().MsgBox(text, kYesNo, language.GetString(249)) != kYes) return;
+  const std::u16string text = language.GetString(StringId::UpdateHead) + line + line +
+                              language.GetString(StringId::NewVersion) + published + line +
+                              language.GetString(StringId::CurrentVersion) + CurrentVersion() + line + line +
+                              language.GetString(StringId::UpdateQuestion);
+  if (ThePlatform().MessageBoxes().MsgBox(text, kYesNo, language.GetString(StringId::UpdateTitle)) != kAnswerYes)
+    return;
   ThePlatform().TheShell().OpenAddress(Url(kDownloadPage));
 }
 
@@ -193,7 +188,7 @@ std::u16string Updater::CurrentVersion() const {
 std::u16string Updater::ParseVersion(const std::u16string& page) {
   const std::vector<RegExpMatch> matches = VersionPattern().Execute(page);
   if (matches.empty()) {
-    OnError.Raise(kErrNoVersion, Globals::Language().GetString(254));
+    OnError.Raise(kErrNoVersion, Globals::Language().GetString(StringId::VersionUnreadable));
     return {};
   }
   return page.substr(static_cast<std::size_t>(matches.front().FirstIndex),

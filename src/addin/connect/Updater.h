@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/core/ILib.h"
 #include "base/DateTime.h"
 #include "base/Event.h"
@@ -18,14 +19,12 @@ class RegExp;
 /// Finds out whether a newer version has been published: reads one web page and takes the first version number on it.
 /// A passive check runs by the schedule and speaks only of a newer version that matters to the user; an active one
 /// always tells its outcome.
-class Updater final : public ILib {
+class Updater final : public ILib, private Counted<Updater> {
  public:
   static constexpr std::string_view ClassName = "Updater";
 
   Updater();
   ~Updater() override;
-  Updater(const Updater&) = delete;
-  Updater& operator=(const Updater&) = delete;
 
   std::int32_t menumUpdateInterval = 2;  ///< 0 every connection, 1 day, 2 week, 3 month, 4 never
   std::int32_t menumSensibility = 2;     ///< 0 first part, 1 second too, 2 fourth too

@@ -2,19 +2,15 @@
 
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "base/Error.h"
 
 namespace quorvane {
 
 /// Carries one error across clean-up code.
-class ErrBuffer {
+class ErrBuffer : private Counted<ErrBuffer> {
  public:
   static constexpr std::string_view ClassName = "ErrBuffer";
-
-  ErrBuffer();
-  ~ErrBuffer();
-  ErrBuffer(const ErrBuffer&) = delete;
-  ErrBuffer& operator=(const ErrBuffer&) = delete;
 
   /// Copies the error that is being handled; to be called in a catch clause.
   void Save();

@@ -2,7 +2,6 @@
 
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "base/Error.h"
 #include "base/Skip.h"
 #include "base/Text.h"
@@ -12,20 +11,9 @@
 
 namespace quorvane {
 
-namespace {
-constexpr int kOkOnly = 0;
-}
-
-ErrorManager::ErrorManager() {
-  ObjStat::AddObject(this);
-}
-ErrorManager::~ErrorManager() {
-  ObjStat::RemoveObject(this);
-}
-
 void ErrorManager::ShowErr() const {
   const Error error = CurrentError();
-  if (error.Number == kErrUserCanceled || error.Number == 0 || error.Number == kErrDialogCanceled) return;
+  if (error.Number == kErrUserCanceled || error.Number == 0 || error.Is(ErrorNumber::DialogCanceled)) return;
   std::u16string text;
   // Without a language that has texts, and that may be the very error, its own words must do.
   if (!SkipErrors([&] { text = GetErrStr(); })) text = ToText(error.Number) + u": " + error.Description;
@@ -35,9 +23,9 @@ void ErrorManager::ShowErr() const {
 std::u16string ErrorManager::GetErrStr() const {
   const Error error = CurrentError();
   LanguageManager& language = Globals::Language();
-  std::u16string text = language.GetString(243) + ToText(error.Number);
-  text.append(kCrLf).append(language.GetString(244) + error.Description);
-  text.append(kCrLf).append(language.GetString(245) + error.Source);
+  std::u16string text = language.GetString(StringId::ErrorNumber) + ToText(error.Number);
+  text.append(kCrLf).append(language.GetString(StringId::ErrorDescription) + error.Description);
+  text.append(kCrLf).append(language.GetString(StringId::ErrorSource) + error.Source);
   return text;
 }
 
@@ -54,11 +42,9 @@ void ErrorManager::RaiseAgain() const {
 }
 
 void ShowHandledError() {
-  if (Globals::gobjErrorManager) {
-    Globals::gobjErrorManager->ShowErr();
-  } else {
-    ErrorManager().ShowErr();
-  }
+  const auto shared = Globals::gobjErrorManager;  // the user's answer may empty the slot
+  if (shared) return shared->ShowErr();
+  ErrorManager().ShowErr();
 }
 
 }  // namespace quorvane

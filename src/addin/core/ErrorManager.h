@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "addin/core/Counted.h"
+
 namespace quorvane {
 
 /// Error numbers of the system itself.
@@ -13,18 +15,11 @@ inline constexpr std::int32_t kErrReplaceMode = static_cast<std::int32_t>(0x8004
 inline constexpr std::int32_t kErrUserCanceled = static_cast<std::int32_t>(0x80040201);
 inline constexpr std::int32_t kErrNoCodePane = static_cast<std::int32_t>(0x80040202);
 inline constexpr std::int32_t kErrNoVersion = static_cast<std::int32_t>(0x80040400);
-/// The platform's number for a file dialog that the user cancelled.
-inline constexpr std::int32_t kErrDialogCanceled = 32755;
 
 /// Tells the user of the error being handled, and raises the system's own. Has no state.
-class ErrorManager {
+class ErrorManager : private Counted<ErrorManager> {
  public:
   static constexpr std::string_view ClassName = "ErrorManager";
-
-  ErrorManager();
-  ~ErrorManager();
-  ErrorManager(const ErrorManager&) = delete;
-  ErrorManager& operator=(const ErrorManager&) = delete;
 
   /// Shows the error that is being handled; to be called in a catch clause. Silent outside of one and for a cancel.
   void ShowErr() const;

@@ -18,12 +18,11 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kResourceNotFound = 326;
 constexpr std::u16string_view kSection = u"Language Setting";
 constexpr std::u16string_view kKey = u"Language";
 
-std::int64_t EntryNumber(std::int32_t language, std::int32_t id) {
-  return std::int64_t{language} * kEntriesPerLanguage + id;
+std::int64_t EntryNumber(std::int32_t language, StringId id) {
+  return std::int64_t{language} * kEntriesPerLanguage + static_cast<std::int32_t>(id);
 }
 
 }  // namespace
@@ -46,15 +45,16 @@ LanguageManager::~LanguageManager() {
   SkipErrors([&] { mobjIni->WriteIniKey(kSection, kKey, ToText(Language)); });
 }
 
-std::u16string LanguageManager::GetString(std::int32_t id, const std::vector<std::u16string>& args) const {
+std::u16string LanguageManager::GetString(StringId id, const std::vector<std::u16string>& args) const {
   const auto text = Entry(id);
   if (!text) {
-    throw Error(kResourceNotFound, u"Resource with identifier '" + ToText(EntryNumber(Language, id)) + u"' not found");
+    RaiseError(ErrorNumber::ResourceNotFound,
+               u"Resource with identifier '" + ToText(EntryNumber(Language, id)) + u"' not found");
   }
   return Globals::ReplaceArgs(*text, args);
 }
 
-std::optional<std::u16string_view> LanguageManager::Entry(std::int32_t id) const noexcept {
+std::optional<std::u16string_view> LanguageManager::Entry(StringId id) const noexcept {
   const std::int64_t entry = EntryNumber(Language, id);  // the file may hold any number as language
   if (entry < 0 || entry > std::numeric_limits<std::int32_t>::max()) return {};
   return LoadResString(static_cast<std::int32_t>(entry));

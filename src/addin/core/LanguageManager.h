@@ -8,6 +8,7 @@
 
 #include "addin/core/IVersionUI.h"
 #include "addin/core/IniFile.h"
+#include "addin/core/StringId.h"
 #include "base/Event.h"
 
 namespace quorvane {
@@ -24,12 +25,12 @@ class LanguageManager {
 
   std::int32_t Language = 0;  ///< 0 Chinese (Simplified), 1 English
 
-  /// The text of `id` (101 to 264) in the current language, with "%0", "%1" … filled from `args`. An id without a text
+  /// The text of `id` in the current language, with "%0", "%1" … filled from `args`. An id without a text
   /// raises error 326.
-  std::u16string GetString(std::int32_t id, const std::vector<std::u16string>& args = {}) const;
+  std::u16string GetString(StringId id, const std::vector<std::u16string>& args = {}) const;
 
   /// The text as it stands in the table; nothing for an id without one. Allocates nothing, raises nothing.
-  std::optional<std::u16string_view> Entry(std::int32_t id) const noexcept;
+  std::optional<std::u16string_view> Entry(StringId id) const noexcept;
 
   /// Calls Update of an object that has captions; does nothing with any other, and with nothing.
   template <class Object>

@@ -11,23 +11,19 @@
 #include "base/Skip.h"
 #include "platform/ExceptionFilter.h"
 #include "platform/Platform.h"
+#include "platform/Prompts.h"
 
 namespace quorvane::ModSEH {
 
 namespace {
 
-constexpr std::int32_t kFaultText = 211;
-constexpr std::int32_t kFaultCaption = 212;
-constexpr int kAbortRetryIgnoreCriticalSecond = 274;
-constexpr int kRetry = 4;
-constexpr int kIgnore = 5;
 constexpr std::uintptr_t kIgnoredBytes = 1;
 
 UnhandledExceptionFilter previous = nullptr;
 
 /// In the language of the moment, in Chinese when there is none.
-std::u16string_view FaultString(std::int32_t id) noexcept {
-  std::u16string_view text = LoadResString(id).value_or(std::u16string_view());
+std::u16string_view FaultString(StringId id) noexcept {
+  std::u16string_view text = LoadResString(static_cast<std::int32_t>(id)).value_or(std::u16string_view());
   SkipErrors([&] { text = Globals::Language().Entry(id).value_or(text); });
   return text;
 }
@@ -36,12 +32,13 @@ std::int32_t Filter(ExceptionPointers* pointers) noexcept {
   FaultContext context = *pointers->Context;
   int answer = 0;
   SkipErrors([&] {
-    answer = ThePlatform().Faults().FaultBox(FaultString(kFaultText), kAbortRetryIgnoreCriticalSecond,
-                                             FaultString(kFaultCaption));
+    answer =
+        ThePlatform().Faults().FaultBox(FaultString(StringId::FaultText), kAbortRetryIgnore | kCritical | kSecondButton,
+                                        FaultString(StringId::FaultCaption));
   });
-  if (answer == kIgnore) context.InstructionPointer += kIgnoredBytes;
+  if (answer == kAnswerIgnore) context.InstructionPointer += kIgnoredBytes;
   *pointers->Context = context;
-  return answer == kRetry || answer == kIgnore ? kExceptionContinueExecution : kExceptionContinueSearch;
+  return answer == kAnswerRetry || answer == kAnswerIgnore ? kExceptionContinueExecution : kExceptionContinueSearch;
 }
 
 }  // namespace

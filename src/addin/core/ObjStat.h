@@ -5,25 +5,15 @@
 
 namespace quorvane {
 
-/// Counts the living objects by class. Constructors and destructors report here; a class has its name as ClassName.
+/// Counts the living objects by class. Counted reports here.
 class ObjStat {
  public:
-  template <class T>
-  static void AddObject(const T*) {
-    Change(T::ClassName, 1);
-  }
-  template <class T>
-  static void RemoveObject(const T*) {
-    Change(T::ClassName, -1);
-  }
-
+  /// `amount` objects of the class came, or went when it is below 0.
+  static void Change(std::string_view className, std::int32_t amount);
   /// The living objects of a class; 0 when it has no entry.
   static std::int32_t Count(std::string_view className);
   /// Number of classes with an entry.
   static std::int32_t ClassCount();
-
- private:
-  static void Change(std::string_view className, std::int32_t amount);
 };
 
 }  // namespace quorvane

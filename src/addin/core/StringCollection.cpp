@@ -2,19 +2,11 @@
 
 #include <algorithm>
 
-#include "addin/core/ObjStat.h"
 #include "base/Checked.h"
 #include "base/Error.h"
 #include "base/Text.h"
 
 namespace quorvane {
-
-StringCollection::StringCollection() {
-  ObjStat::AddObject(this);
-}
-StringCollection::~StringCollection() {
-  ObjStat::RemoveObject(this);
-}
 
 const std::u16string& StringCollection::Item(std::int32_t index) const {
   if (index < 1 || index > Count()) RaiseError(ErrorNumber::SubscriptOutOfRange);

@@ -6,17 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "addin/core/Counted.h"
+
 namespace quorvane {
 
 /// An ordered list of strings, 1-based; duplicates and empty strings are allowed. Equality is exact.
-class StringCollection {
+class StringCollection : private Counted<StringCollection> {
  public:
   static constexpr std::string_view ClassName = "StringCollection";
-
-  StringCollection();
-  ~StringCollection();
-  StringCollection(const StringCollection&) = delete;
-  StringCollection& operator=(const StringCollection&) = delete;
 
   /// Raises error 9 outside the list.
   const std::u16string& Item(std::int32_t index) const;

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "addin/core/StringId.h"
+
 namespace quorvane {
 
 /// Chinese (Simplified) texts stand at their id, English ones this much further.

@@ -3,10 +3,10 @@
 #include <cmath>
 
 #include "addin/core/Globals.h"
-#include "addin/core/ObjStat.h"
 #include "base/Checked.h"
 #include "base/Text.h"
 #include "platform/CodePage.h"
+#include "platform/NativeWindows.h"
 #include "platform/Platform.h"
 #include "platform/forms/OptionGroup.h"
 #include "vbide/VBIDE.h"
@@ -15,11 +15,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::uint32_t kActivateCodeView = 0x1043;  // private message of the host's code windows
-constexpr std::uint32_t kItemFromPoint = 425;
-constexpr std::int32_t kHide = 0;
-constexpr std::int32_t kShowNoActivate = 4;
-constexpr std::uint32_t kNoSizeNoMoveNoActivate = 19;
 constexpr std::size_t kTitleBytes = 254;  // a buffer of 255 less its end
 
 NativeWindows& Native() {
@@ -45,23 +40,16 @@ std::int16_t AnsiCode(char16_t c, const CodePage& page) {
 
 }  // namespace
 
-Utilities::Utilities() {
-  ObjStat::AddObject(this);
-}
-Utilities::~Utilities() {
-  ObjStat::RemoveObject(this);
-}
-
 void Utilities::ShowWindowAsync(WindowHandle hwnd, std::int32_t nCmdShow) const {
   Native().ShowWindowAsync(hwnd, nCmdShow);
 }
 
 void Utilities::SetZOrder(WindowHandle hwnd, WindowHandle hWndInsertAfter) const {
-  Native().SetWindowPos(hwnd, hWndInsertAfter, 0, 0, 0, 0, kNoSizeNoMoveNoActivate);
+  Native().SetWindowPos(hwnd, hWndInsertAfter, 0, 0, 0, 0, kNoSize | kNoMove | kNoActivation);
 }
 
 void Utilities::SetWindowVisible(WindowHandle hwnd, std::int32_t bVisible) const {
-  Native().ShowWindow(hwnd, bVisible != 0 ? kShowNoActivate : kHide);
+  Native().ShowWindow(hwnd, bVisible != 0 ? kShowNoActivate : kHideWindow);
 }
 
 WindowHandle Utilities::GetTopWindow(WindowHandle hwnd) const {

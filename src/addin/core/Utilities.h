@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "addin/core/Counted.h"
 #include "platform/NativeWindows.h"
 
 namespace quorvane::forms {
@@ -22,14 +23,9 @@ class Window;
 }  // namespace vbide
 
 /// Stateless operations around windows, components and texts.
-class Utilities {
+class Utilities : private Counted<Utilities> {
  public:
   static constexpr std::string_view ClassName = "Utilities";
-
-  Utilities();
-  ~Utilities();
-  Utilities(const Utilities&) = delete;
-  Utilities& operator=(const Utilities&) = delete;
 
   void ShowWindowAsync(WindowHandle hwnd, std::int32_t nCmdShow) const;
   /// Neither moves nor sizes nor activates the window.

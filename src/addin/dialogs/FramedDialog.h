@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "addin/core/ErrorManager.h"
+#include "addin/core/Guarded.h"
 #include "base/Event.h"
 #include "platform/forms/Dialog.h"
 
@@ -30,11 +30,7 @@ class FramedDialog : public forms::Dialog {
 template <class Body>
 void FramedDialog::Framed(Body body) {
   const auto self = weak_from_this().lock();  // the body may unload the form; nothing while it is being made
-  try {
-    body();
-  } catch (...) {
-    ShowHandledError();
-  }
+  Guarded(body);
 }
 
 template <class Raised, class Body>

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "addin/dialogs/ControlRow.h"
 #include "platform/forms/Controls.h"
 
 namespace quorvane {
@@ -11,39 +12,34 @@ namespace {
 /// The buttons of optArea from top to bottom.
 constexpr std::array<std::size_t, 5> kAreasOnScreen = {3, 0, 1, 2, 4};
 
-void PlaceButtons(forms::Controls& controls, const std::u16string& name, const forms::Frame& frame) {
-  for (const auto& child : frame.Children) {
-    controls.Place(name, std::static_pointer_cast<forms::OptionButton>(child)->Index(), child);
-  }
-}
-
 }  // namespace
 
 SearchDialogControls::SearchDialogControls() {
-  for (const std::size_t area : kAreasOnScreen) frameArea->Children.push_back(optAreaButtons[area]);
-  frameMode->Children.assign(optModeButtons.begin(), optModeButtons.end());
-  frameOption->Children = {chkMatchCase, chkWholeWord, chkIgnoreComment};
+  for (const std::size_t area : kAreasOnScreen) frameArea->Add(optAreaButtons[area]);
+  for (const auto& button : optModeButtons) frameMode->Add(button);
+  for (const auto& box : {chkMatchCase, chkWholeWord, chkIgnoreComment}) frameOption->Add(box);
   cmdCancel->SetVisible(false);
   mnu快捷菜单->SetVisible(false);
 }
 
 void SearchDialogControls::PlaceIn(forms::Controls& controls) const {
-  controls.Place(u"lblMatch", lblMatch);
-  controls.Place(u"cmbSearch", cmbSearch);
-  controls.Place(u"lblReplace", lblReplace);
-  controls.Place(u"cmbReplace", cmbReplace);
-  controls.Place(u"frameArea", frameArea);
-  PlaceButtons(controls, u"optArea", *frameArea);
-  controls.Place(u"frameMode", frameMode);
-  PlaceButtons(controls, u"optMode", *frameMode);
-  controls.Place(u"frameOption", frameOption);
-  controls.Place(u"chkMatchCase", chkMatchCase);
-  controls.Place(u"chkWholeWord", chkWholeWord);
-  controls.Place(u"chkIgnoreComment", chkIgnoreComment);
-  controls.Place(u"lblCurModule", lblCurModule);
-  controls.Place(u"cmdSearch", cmdSearch);
-  controls.Place(u"cmdReplace", cmdReplace);
-  controls.Place(u"cmdCancel", cmdCancel);
+  const ControlRow rows[] = {
+      {u"lblMatch", lblMatch},
+      {u"cmbSearch", cmbSearch},
+      {u"lblReplace", lblReplace},
+      {u"cmbReplace", cmbReplace},
+      {u"frameArea", frameArea, u"optArea"},
+      {u"frameMode", frameMode, u"optMode"},
+      {u"frameOption", frameOption},
+      {u"chkMatchCase", chkMatchCase},
+      {u"chkWholeWord", chkWholeWord},
+      {u"chkIgnoreComment", chkIgnoreComment},
+      {u"lblCurModule", lblCurModule},
+      {u"cmdSearch", cmdSearch},
+      {u"cmdReplace", cmdReplace},
+      {u"cmdCancel", cmdCancel},
+  };
+  PlaceRows(controls, rows);
   PlaceMenu(controls);
 }
 

@@ -21,7 +21,6 @@ namespace {
 constexpr Color kBlue = 0xFF0000;
 constexpr Color kWhite = 0xFFFFFF;
 constexpr Color kGray = 0x808080;
-constexpr std::int32_t kPathFileAccessError = 75;
 
 /// The maintainer's, on the host of the project's pages.
 std::u16string MailAddress() {
@@ -55,10 +54,8 @@ frmAbout::frmAbout() : FramedDialog(u"frmAbout", forms::FormBorder::FixedDialog,
 frmAbout::~frmAbout() = default;
 
 void frmAbout::PlaceControls() {
-  Frame说明->Children = {txt说明};
-  txt说明->SetContainer(Frame说明);
-  Frame许可->Children = {txt许可};
-  txt许可->SetContainer(Frame许可);
+  Frame说明->Add(txt说明);
+  Frame许可->Add(txt许可);
   Controls().Place(u"picIcon", picIcon);
   Controls().Place(u"lblTitle", lblTitle);
   Controls().Place(u"lblVersion", lblVersion);
@@ -79,8 +76,8 @@ void frmAbout::Form_Load() {
   Framed([&] {
     const LanguageManager& language = Globals::Language();
     language.UpdateUI(this);
-    LoadFile(*txt说明, language.GetString(179));
-    LoadFile(*txt许可, language.GetString(180));
+    LoadFile(*txt说明, language.GetString(StringId::ReadMeFile));
+    LoadFile(*txt许可, language.GetString(StringId::LicenceFile));
   });
 }
 
@@ -91,7 +88,7 @@ void frmAbout::LoadFile(forms::TextBox& box, const std::u16string& name) {
   std::ifstream stream(path, std::ios::binary);
   std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(path)), '\0');
   if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-    throw Error(kPathFileAccessError, u"Path/File access error: " + file);
+    RaiseError(ErrorNumber::PathFileAccess, u"Path/File access error: " + file);
   }
   std::u16string text;
   ThePlatform().AnsiCodePage().Decode(bytes, text);
@@ -101,15 +98,15 @@ void frmAbout::LoadFile(forms::TextBox& box, const std::u16string& name) {
 void frmAbout::Update() {
   const LanguageManager& language = Globals::Language();
   const App& app = ThePlatform().TheApp();
-  SetCaption(language.GetString(255) + app.Title);
-  lblVersion->SetCaption(language.GetString(256) + ToText(app.Major) + u"." + ToText(app.Minor) + u".0." +
-                         ToText(app.Revision));
+  SetCaption(language.GetString(StringId::AboutTitle) + app.Title);
+  lblVersion->SetCaption(language.GetString(StringId::VersionLabel) + ToText(app.Major) + u"." + ToText(app.Minor) +
+                         u".0." + ToText(app.Revision));
   lblTitle->SetCaption(app.Title);
-  Frame说明->SetCaption(language.GetString(155));
-  Frame许可->SetCaption(language.GetString(156));
-  lbl网址->SetCaption(language.GetString(157));
-  lbl邮箱->SetCaption(language.GetString(158));
-  cmdOK->SetCaption(language.GetString(159));
+  Frame说明->SetCaption(language.GetString(StringId::ReadMe));
+  Frame许可->SetCaption(language.GetString(StringId::Licence));
+  lbl网址->SetCaption(language.GetString(StringId::Website));
+  lbl邮箱->SetCaption(language.GetString(StringId::Email));
+  cmdOK->SetCaption(language.GetString(StringId::AboutOk));
 }
 
 }  // namespace quorvane

@@ -14,6 +14,7 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Checked.h"
 #include "base/Error.h"
+#include "platform/NativeWindows.h"
 #include "platform/Platform.h"
 #include "platform/RegExp.h"
 #include "platform/forms/Screen.h"
@@ -22,10 +23,6 @@
 namespace quorvane {
 
 namespace {
-
-constexpr std::int32_t kOff = 0;
-constexpr std::int32_t kCodePreview = 1;
-constexpr std::int32_t kReplacePreview = 2;
 
 constexpr Color kBlack = 0;
 constexpr Color kRed = 0xFF;
@@ -36,7 +33,6 @@ constexpr double kWidthFactor = 1.3;
 constexpr double kMargin = 100;             // twips around the text, both sides together
 constexpr std::int32_t kBoxMargin = 20;     // twips that the box is smaller than the form
 constexpr std::int32_t kRightOfMouse = 40;  // pixels
-constexpr WindowHandle kTop = 0;
 
 const Utilities& Util() {
   return Deref(Globals::gobjUtilities);
@@ -71,8 +67,8 @@ void frmCodePreview::SetMeasurer(std::shared_ptr<const forms::TextMeasurer> meas
 void frmCodePreview::SetMode(std::int32_t mode) {
   const auto self = shared_from_this();
   mlngMode = mode;
-  TimerSetVisible.SetEnabled(mode != kOff);
-  if (mode == kOff) {
+  TimerSetVisible.SetEnabled(mode != kPreviewOff);
+  if (mode == kPreviewOff) {
     Hide();
   } else {
     Show();
@@ -88,10 +84,10 @@ void frmCodePreview::Update(const std::shared_ptr<PositionInfo>& pi, ICondInfo& 
   box.SetText(match.RelativeText());
   box.SetSelStart(match.RelativeMatchStartPos() - 1);
   box.SetSelLength(match.RelativeMatchEndPos() - match.RelativeMatchStartPos());
-  if (mlngMode == kCodePreview) {
+  if (mlngMode == kPreviewCode) {
     box.SetSelColor(kRed);
     box.SetSelLength(0);
-  } else if (mlngMode == kReplacePreview) {
+  } else if (mlngMode == kPreviewReplace) {
     ShowReplacement(match, cond);
   }
   FitSize();
@@ -142,14 +138,14 @@ void frmCodePreview::Form_Resize() {
 void frmCodePreview::UpdatePreviewPos() {
   if (!CanShow()) return;
   SetWindowVisible(true);
-  Util().SetZOrder(hWnd(), kTop);
+  Util().SetZOrder(hWnd(), kTopWindow);
   Move(Util().MouseX() + kRightOfMouse, Util().MouseY() - Height());
 }
 
 bool frmCodePreview::CanShow() {
   const auto page = ActivePage();
-  return Deref(Deref(page).Result()).Count() != 0 && mlngMode != kOff && Deref(Globals::gobjToolWindow).Visible() &&
-         IsPointerInside() && IsHostInFront();
+  return Deref(Deref(page).Result()).Count() != 0 && mlngMode != kPreviewOff &&
+         Deref(Globals::gobjToolWindow).Visible() && IsPointerInside() && IsHostInFront();
 }
 
 bool frmCodePreview::IsPointerInside() const {

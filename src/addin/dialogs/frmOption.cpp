@@ -33,7 +33,7 @@ chordtrap::Manager& HotkeyManager() {
   return Deref(Deref(Globals::gobjHotkeyProxy).Manager);
 }
 
-std::u16string Text(std::int32_t id) {
+std::u16string Text(StringId id) {
   return Globals::Language().GetString(id);
 }
 
@@ -46,7 +46,7 @@ void Select(forms::OptionGroup& group, std::int32_t value) {
 }
 
 template <std::size_t N>
-void SetCaptions(const std::array<std::shared_ptr<forms::OptionButton>, N>& buttons, std::int32_t firstId) {
+void SetCaptions(const std::array<std::shared_ptr<forms::OptionButton>, N>& buttons, StringId firstId) {
   for (std::size_t i = 0; i < N; ++i) buttons[i]->SetCaption(Text(firstId + static_cast<std::int32_t>(i)));
 }
 
@@ -120,53 +120,53 @@ void frmOption::ScreenToMem() {
 void frmOption::UpdateSensitivityText() {
   const std::int32_t position = Slider灵敏度->Value();
   if (position >= 0 && position <= 2) {
-    lbl灵敏度->SetCaption(Text(205 + 2 * position));
-    Slider灵敏度->SetText(Text(206 + 2 * position));
+    lbl灵敏度->SetCaption(Text(StringId::SensitivityLow + 2 * position));
+    Slider灵敏度->SetText(Text(StringId::SensitivityLowTip + 2 * position));
   }
   lbl灵敏度->SetToolTipText(Slider灵敏度->Text());
 }
 
 void frmOption::Update() {
-  SetCaption(Text(218));
+  SetCaption(Text(StringId::OptionsTitle));
   UpdateGeneralTab();
   UpdateOtherTabs();
-  cmd确定->SetCaption(Text(153));
-  cmd取消->SetCaption(Text(154));
+  cmd确定->SetCaption(Text(StringId::OptionsOk));
+  cmd取消->SetCaption(Text(StringId::OptionsCancel));
 }
 
 void frmOption::UpdateGeneralTab() {
-  SSTab设定->SetTabCaption(kGeneralTab, Text(123));
-  Frame代码预览->SetCaption(Text(132));
-  lbl预览行数->SetCaption(Text(133));
-  cmd恢复默认预览行数->SetCaption(Text(134));
-  Frame更新->SetCaption(Text(124));
-  Frame自动检查更新->SetCaption(Text(125));
-  SetCaptions(optIntervalButtons, 126);
-  cmd检查更新->SetCaption(Text(131));
-  Frame自动隐藏搜索框->SetCaption(Text(135));
-  SetCaptions(optAutoHideSearchDlgButtons, 136);
-  Frame默认搜索位置->SetCaption(Text(139));
-  SetCaptions(opt默认搜索位置Buttons, 140);
-  Frame定位选项->SetCaption(Text(143));
-  chk定位时将代码窗口最大化->SetCaption(Text(144));
+  SSTab设定->SetTabCaption(kGeneralTab, Text(StringId::GeneralTab));
+  Frame代码预览->SetCaption(Text(StringId::CodePreview));
+  lbl预览行数->SetCaption(Text(StringId::PreviewLines));
+  cmd恢复默认预览行数->SetCaption(Text(StringId::RestorePreviewLines));
+  Frame更新->SetCaption(Text(StringId::Update));
+  Frame自动检查更新->SetCaption(Text(StringId::AutoCheckUpdate));
+  SetCaptions(optIntervalButtons, StringId::UpdateAtEachStart);
+  cmd检查更新->SetCaption(Text(StringId::CheckUpdateNow));
+  Frame自动隐藏搜索框->SetCaption(Text(StringId::AutoHide));
+  SetCaptions(optAutoHideSearchDlgButtons, StringId::HideAtBegin);
+  Frame默认搜索位置->SetCaption(Text(StringId::DefaultSearchTo));
+  SetCaptions(opt默认搜索位置Buttons, StringId::DefaultToNewTab);
+  Frame定位选项->SetCaption(Text(StringId::LocateOption));
+  chk定位时将代码窗口最大化->SetCaption(Text(StringId::MaximizeWhenLocate));
 }
 
 void frmOption::UpdateOtherTabs() {
-  SSTab设定->SetTabCaption(kFilterTab, Text(145));
-  cmd应用过滤器->SetCaption(Text(146));
-  cmd重置过滤器->SetCaption(Text(147));
-  cmd过滤器帮助->SetCaption(Text(148));
-  SSTab设定->SetTabCaption(kHotkeyTab, Text(149));
-  ChordTrapControl1.FunctionCaption = Text(259);
-  ChordTrapControl1.HotkeyCaption = Text(150);
-  ChordTrapControl1.AddCaption = Text(151);
-  ChordTrapControl1.RemoveCaption = Text(152);
+  SSTab设定->SetTabCaption(kFilterTab, Text(StringId::FilterTab));
+  cmd应用过滤器->SetCaption(Text(StringId::ApplyFilter));
+  cmd重置过滤器->SetCaption(Text(StringId::ResetFilter));
+  cmd过滤器帮助->SetCaption(Text(StringId::FilterHelp));
+  SSTab设定->SetTabCaption(kHotkeyTab, Text(StringId::HotkeyTab));
+  ChordTrapControl1.FunctionCaption = Text(StringId::Function);
+  ChordTrapControl1.HotkeyCaption = Text(StringId::Hotkey);
+  ChordTrapControl1.AddCaption = Text(StringId::AddHotkey);
+  ChordTrapControl1.RemoveCaption = Text(StringId::RemoveHotkey);
   ChordTrapControl1.Changed.Raise();
-  SSTab设定->SetTabCaption(kLanguageTab, Text(260));
-  Frame选择语言->SetCaption(Text(261));
+  SSTab设定->SetTabCaption(kLanguageTab, Text(StringId::LanguageTab));
+  Frame选择语言->SetCaption(Text(StringId::ChooseLanguage));
   Combo语言->Clear();
-  Combo语言->AddItem(Text(262));
-  Combo语言->AddItem(Text(263));
+  Combo语言->AddItem(Text(StringId::Chinese));
+  Combo语言->AddItem(Text(StringId::English));
 }
 
 }  // namespace quorvane

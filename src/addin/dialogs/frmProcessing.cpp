@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::int32_t kStep = 10;
 constexpr std::int32_t kCycle = 110;
-constexpr int kCritical = 16;
 
 }  // namespace
 
@@ -67,7 +66,7 @@ void frmProcessing::Form_Unload(bool&) {
 }
 
 void frmProcessing::Update() {
-  SetCaption(Globals::Language().GetString(258));
+  SetCaption(Globals::Language().GetString(StringId::CheckingUpdate));
 }
 
 }  // namespace quorvane

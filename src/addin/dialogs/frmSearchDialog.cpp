@@ -8,18 +8,12 @@
 #include "addin/search/TaskManager.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
+#include "base/KeyCode.h"
 #include "base/Skip.h"
+#include "platform/NativeWindows.h"
 #include "platform/forms/Screen.h"
 
 namespace quorvane {
-
-namespace {
-
-constexpr WindowHandle kTopmost = -1;
-constexpr std::int16_t kEsc = 27;
-constexpr std::int16_t kF1 = 112;
-
-}  // namespace
 
 frmSearchDialog::frmSearchDialog() : FramedDialog(u"frmSearchDialog") {
   PlaceIn(Controls());
@@ -54,7 +48,7 @@ void frmSearchDialog::Form_Load() {
     LoadFromSelection();
     UpdateTaskState();
     const Utilities& utilities = Deref(Globals::gobjUtilities);
-    utilities.SetZOrder(hWnd(), kTopmost);
+    utilities.SetZOrder(hWnd(), kTopmostWindow);
     utilities.SetParent(hWnd(), utilities.VBHandle(Deref(Globals::gobjVBE)));
   });
 }
@@ -73,8 +67,8 @@ void frmSearchDialog::Form_Unload(bool&) {
 
 void frmSearchDialog::Form_KeyDown(std::int16_t keyCode, std::int16_t) {
   Framed([&] {
-    if (keyCode == kEsc) Hide();
-    if (keyCode == kF1) Deref(Globals::gobjUpdater).GotoProjectSite();
+    if (keyCode == kKeyEscape) Hide();
+    if (keyCode == kKeyF1) Deref(Globals::gobjUpdater).GotoProjectSite();
   });
 }
 

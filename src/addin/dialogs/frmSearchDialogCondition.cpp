@@ -17,8 +17,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kWholeWordCaption = 116;
-constexpr std::int32_t kSingleLineCaption = 122;
 constexpr std::int16_t kClear = 0;
 constexpr std::int16_t kTicked = 1;
 constexpr std::int16_t kCommentStates = 3;
@@ -88,7 +86,7 @@ void frmSearchDialog::UpdateControlState() {
   const bool ready = !setting.mstrSearchStr.empty() && !IsTaskRunning();
   cmdSearch->SetEnabled(ready);
   cmdReplace->SetEnabled(ready && regular);
-  chkWholeWord->SetCaption(Globals::Language().GetString(regular ? kSingleLineCaption : kWholeWordCaption));
+  chkWholeWord->SetCaption(Globals::Language().GetString(regular ? StringId::SingleLine : StringId::WholeWord));
 }
 
 void frmSearchDialog::chkIgnoreComment_Click() {

@@ -6,17 +6,10 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "platform/forms/Forms.h"
+#include "platform/forms/MouseButton.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane {
-
-namespace {
-
-constexpr std::int16_t kRightButton = 2;
-constexpr std::int32_t kToNewTab = 0;
-constexpr std::int32_t kToCurTab = 1;
-
-}  // namespace
 
 void frmSearchDialog::ListenToMenu() {
   On(mnu显示结果列表.Click, [] { Deref(Globals::gobjToolWindow).SetVisible(true); });
@@ -28,7 +21,7 @@ void frmSearchDialog::ListenToMenu() {
 
 void frmSearchDialog::Form_MouseDown(std::int16_t button, std::int16_t, float, float) {
   Framed([&] {
-    if (button != kRightButton) return;
+    if (button != forms::kRightButton) return;
     ShowSearchTo();
     mnu快捷菜单->PopUp();
   });
@@ -50,33 +43,33 @@ void frmSearchDialog::ShowModal(std::u16string_view form) {
 
 void frmSearchDialog::Update() {
   const LanguageManager& language = Globals::Language();
-  const auto text = [&](std::int32_t id) { return language.GetString(id); };
-  SetCaption(text(101));
-  lblMatch->SetCaption(text(102));
-  lblReplace->SetCaption(text(103));
-  frameArea->SetCaption(text(104));
-  optAreaButtons[gsCurProcedure]->SetCaption(text(105));
-  optAreaButtons[gsCurModule]->SetCaption(text(106));
-  optAreaButtons[gsCurProject]->SetCaption(text(107));
-  optAreaButtons[gsAllProjects]->SetCaption(text(108));
-  optAreaButtons[gsSelection]->SetCaption(text(109));
-  frameMode->SetCaption(text(110));
-  optModeButtons[gsCommon]->SetCaption(text(111));
-  optModeButtons[gsPattern]->SetCaption(text(112));
-  optModeButtons[gsRegular]->SetCaption(text(113));
-  frameOption->SetCaption(text(114));
-  chkMatchCase->SetCaption(text(115));
-  chkWholeWord->SetCaption(text(116));
-  chkIgnoreComment->SetCaption(text(117));
-  cmdSearch->SetCaption(text(118));
-  cmdReplace->SetCaption(text(119));
-  cmdCancel->SetCaption(text(120));
-  chkIgnoreComment->SetToolTipText(text(121));
-  mnu显示结果列表.SetCaption(text(219));
-  mnuToNewTab.SetCaption(text(220));
-  mnuToCurTab.SetCaption(text(221));
-  mnu选项.SetCaption(text(222));
-  mnu关于.SetCaption(text(223));
+  const auto text = [&](StringId id) { return language.GetString(id); };
+  SetCaption(text(StringId::SearchDialogTitle));
+  lblMatch->SetCaption(text(StringId::FindLabel));
+  lblReplace->SetCaption(text(StringId::ReplaceLabel));
+  frameArea->SetCaption(text(StringId::Area));
+  optAreaButtons[gsCurProcedure]->SetCaption(text(StringId::CurrentProcedure));
+  optAreaButtons[gsCurModule]->SetCaption(text(StringId::CurrentModule));
+  optAreaButtons[gsCurProject]->SetCaption(text(StringId::CurrentProject));
+  optAreaButtons[gsAllProjects]->SetCaption(text(StringId::AllProjects));
+  optAreaButtons[gsSelection]->SetCaption(text(StringId::Selection));
+  frameMode->SetCaption(text(StringId::Method));
+  optModeButtons[gsCommon]->SetCaption(text(StringId::Common));
+  optModeButtons[gsPattern]->SetCaption(text(StringId::Pattern));
+  optModeButtons[gsRegular]->SetCaption(text(StringId::Regular));
+  frameOption->SetCaption(text(StringId::Option));
+  chkMatchCase->SetCaption(text(StringId::MatchCase));
+  chkWholeWord->SetCaption(text(StringId::WholeWord));
+  chkIgnoreComment->SetCaption(text(StringId::IgnoreComment));
+  cmdSearch->SetCaption(text(StringId::Search));
+  cmdReplace->SetCaption(text(StringId::ReplaceAll));
+  cmdCancel->SetCaption(text(StringId::CancelSearchDialog));
+  chkIgnoreComment->SetToolTipText(text(StringId::IgnoreCommentTip));
+  mnu显示结果列表.SetCaption(text(StringId::SearchMenuShowResultList));
+  mnuToNewTab.SetCaption(text(StringId::SearchMenuToNewTab));
+  mnuToCurTab.SetCaption(text(StringId::SearchMenuToCurrentTab));
+  mnu选项.SetCaption(text(StringId::SearchMenuOptions));
+  mnu关于.SetCaption(text(StringId::SearchMenuAbout));
 }
 
 }  // namespace quorvane

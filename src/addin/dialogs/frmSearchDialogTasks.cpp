@@ -16,19 +16,6 @@
 
 namespace quorvane {
 
-namespace {
-
-constexpr std::int32_t kReplaceQuestion = 247;
-constexpr int kYesNo = 4;
-constexpr int kInformation = 64;
-constexpr int kSecondButton = 256;
-constexpr int kNo = 7;
-constexpr std::int32_t kHideAtBegin = 0;
-constexpr std::int32_t kHideAtEnd = 1;
-constexpr std::int32_t kToNewTab = 0;
-
-}  // namespace
-
 void frmSearchDialog::ListenToCommands() {
   On(cmdSearch->Click, [this] { cmdSearch_Click(); });
   On(cmdReplace->Click, [this] { cmdReplace_Click(); });
@@ -45,9 +32,9 @@ void frmSearchDialog::cmdSearch_Click() {
 
 void frmSearchDialog::cmdReplace_Click() {
   const int answer =
-      ThePlatform().MessageBoxes().MsgBox(Globals::Language().GetString(kReplaceQuestion),
+      ThePlatform().MessageBoxes().MsgBox(Globals::Language().GetString(StringId::ReplaceQuestion),
                                           kYesNo | kInformation | kSecondButton, ThePlatform().TheApp().Title);
-  if (answer == kNo) return;
+  if (answer == kAnswerNo) return;
   ScreenToMem();
   AddToHistory(*cmbSearch, Setting().mcolSearchHistory);
   AddToHistory(*cmbReplace, Setting().mcolReplaceHistory);

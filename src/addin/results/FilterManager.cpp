@@ -2,7 +2,8 @@
 
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
-#include "addin/core/ObjStat.h"
+#include "addin/core/Guarded.h"
+#include "addin/results/IListPage.h"
 #include "addin/results/MatchField.h"
 #include "addin/results/MatchReader.h"
 #include "addin/search/IPage.h"
@@ -39,16 +40,13 @@ FilterManager::FilterManager()
     : mobjSetting(Globals::gobjSetting),
       mobjXsl(ThePlatform().NewXmlDocument()),
       mobjDoc(ThePlatform().NewXmlDocument()) {
-  ObjStat::AddObject(this);
   Clear();
   onPropertyChange_ = Deref(mobjSetting).PropertyChange.Subscribe([this](const std::u16string& propName) {
     mobjSetting_PropertyChange(propName);
   });
 }
 
-FilterManager::~FilterManager() {
-  ObjStat::RemoveObject(this);
-}
+FilterManager::~FilterManager() = default;
 
 XmlDocument& FilterManager::StyleSheet() {
   mobjXsl->LoadXml(Deref(mobjSetting).XSL());
@@ -84,7 +82,7 @@ void FilterManager::TearDown() {
   mcolResult.reset();
 }
 
-void FilterManager::Refresh(IPage& p) {
+void FilterManager::Refresh(IListPage& p) {
   p.ClearList();
   if (!StyleSheet().DocumentElement()) return;
   const auto root = mobjDoc->DocumentElement();
@@ -114,12 +112,10 @@ void FilterManager::mcolResult_OnAdd(const PositionInfo& pi) {
 }
 
 void FilterManager::mcolResult_OnClear() {
-  try {
+  Guarded([this] {
     Clear();
     OnClear.Raise();
-  } catch (...) {
-    Deref(Globals::gobjErrorManager).ShowErr();
-  }
+  });
 }
 
 void FilterManager::mobjSetting_PropertyChange(const std::u16string& propName) {

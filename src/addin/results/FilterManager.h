@@ -5,11 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "base/Event.h"
 
 namespace quorvane {
 
 class GlobalSetting;
+class IListPage;
 class IPage;
 class PositionInfo;
 class ResultCollection;
@@ -18,14 +20,12 @@ class XmlElement;
 
 /// Owns the result document of one page: writes each match as a MatchItem element, passes it through the user's
 /// stylesheet and hands the text that comes out to the page as one line.
-class FilterManager {
+class FilterManager : private Counted<FilterManager> {
  public:
   static constexpr std::string_view ClassName = "FilterManager";
 
   FilterManager();
   ~FilterManager();
-  FilterManager(const FilterManager&) = delete;
-  FilterManager& operator=(const FilterManager&) = delete;
 
   IPage* mobjParent = nullptr;  ///< from Setup to TearDown
 
@@ -41,7 +41,7 @@ class FilterManager {
   void TearDown();
   /// Rebuilds the page's list from the document; leaves it empty when the stylesheet is not well-formed. A stylesheet
   /// that cannot run raises; the list stays as far as it was filled.
-  void Refresh(IPage& p);
+  void Refresh(IListPage& p);
 
   /// The result document, as it would be saved.
   const XmlDocument& Document() const { return *mobjDoc; }

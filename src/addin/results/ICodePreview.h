@@ -8,12 +8,15 @@ namespace quorvane {
 class ICondInfo;
 class PositionInfo;
 
+/// What the preview shows: nothing, the code around a match, or that with the replacement.
+enum PreviewMode : std::int32_t { kPreviewOff = 0, kPreviewCode = 1, kPreviewReplace = 2 };
+
 /// What the result pages and their menu need of the form "frmCodePreview".
 class ICodePreview {
  public:
   virtual ~ICodePreview() = default;
 
-  /// 0 off, 1 the code around a match, 2 with the replacement.
+  /// A PreviewMode.
   virtual std::int32_t Mode() const = 0;
   virtual void SetMode(std::int32_t mode) = 0;
   /// Fills the preview for a match that `cond` found; neither shows nor moves it.

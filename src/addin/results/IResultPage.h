@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "addin/search/IPage.h"
+#include "addin/results/IListPage.h"
 #include "platform/NativeWindows.h"
 
 namespace quorvane::forms {
@@ -18,7 +18,7 @@ class FilterManager;
 class TaskManager;
 
 /// A page as the tabs, the dialogs and the hotkeys see it.
-class IResultPage : public IPage {
+class IResultPage : public IListPage {
  public:
   /// mstrKey: the key under which the page stands in PageCollection.
   virtual std::u16string Key() const = 0;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "addin/core/ObjStat.h"
 #include "addin/results/FilterManager.h"
 #include "addin/results/Page.h"
 #include "addin/results/ResultLineParts.h"
@@ -19,10 +18,6 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t kWindow = 5;
-constexpr std::int32_t kWindowText = 8;
-constexpr std::int32_t kHighlight = 13;
-constexpr std::int32_t kHighlightText = 14;
 constexpr Color kPrefixColor = 0x404000;
 constexpr std::int32_t kMargin = 5;  // pixels
 constexpr std::int32_t kNormalWeight = 400;
@@ -41,16 +36,12 @@ std::int32_t HeightOfPoints(double points, std::int32_t pixelsAnInch) {
 }  // namespace
 
 ListPainter::ListPainter()
-    : mcrHighlight(SysColor(kHighlight)),
-      mcrHighlightText(SysColor(kHighlightText)),
-      mcrWindow(SysColor(kWindow)),
-      mcrWindowText(SysColor(kWindowText)) {
-  ObjStat::AddObject(this);
-}
+    : mcrHighlight(SysColor(kHighlightColor)),
+      mcrHighlightText(SysColor(kHighlightTextColor)),
+      mcrWindow(SysColor(kWindowColor)),
+      mcrWindowText(SysColor(kWindowTextColor)) {}
 
-ListPainter::~ListPainter() {
-  ObjStat::RemoveObject(this);
-}
+ListPainter::~ListPainter() = default;
 
 void ListPainter::Setup(Page& p) {
   mobjParent = &p;

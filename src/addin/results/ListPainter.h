@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "base/Event.h"
 #include "platform/Canvas.h"
 #include "platform/forms/Font.h"
@@ -18,15 +19,13 @@ class Page;
 
 /// Draws the rows of one page's list: the stylesheet's words in a colour of their own, the match in bold. Keeps the
 /// horizontal range of the list at the widest row drawn so far.
-class ListPainter {
+class ListPainter : private Counted<ListPainter> {
  public:
   static constexpr std::string_view ClassName = "ListPainter";
 
   /// Takes the system's colours, for good.
   ListPainter();
   ~ListPainter();
-  ListPainter(const ListPainter&) = delete;
-  ListPainter& operator=(const ListPainter&) = delete;
 
   Page* mobjParent = nullptr;  ///< from Setup to TearDown
 

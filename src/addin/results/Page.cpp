@@ -2,11 +2,10 @@
 
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/core/Utilities.h"
 #include "addin/results/FilterManager.h"
-#include "addin/results/Guarded.h"
 #include "addin/results/ICodePreview.h"
 #include "addin/results/IResultListDoc.h"
 #include "addin/results/ListPainter.h"
@@ -16,12 +15,14 @@
 #include "addin/search/TaskManager.h"
 #include "base/Error.h"
 #include "base/FlagScope.h"
+#include "base/KeyCode.h"
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "platform/forms/Controls.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Tab.h"
@@ -31,15 +32,9 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::int16_t kEscape = 27;
-constexpr std::int16_t kEnter = 13;
-constexpr std::int16_t kRightButton = 2;
 constexpr std::int32_t kSearchBit = 1;
 
 // Texts of the status line.
-constexpr std::int32_t kModules = 186;
-constexpr std::int32_t kMatches = 187;
-constexpr std::int32_t kShown = 188;
 
 // Layout, in twips.
 constexpr std::int32_t kLabelLeft = 100;
@@ -67,13 +62,9 @@ void RemoveControl(const std::shared_ptr<forms::Control>& control) {
 
 }  // namespace
 
-Page::Page() {
-  ObjStat::AddObject(this);
-}
+Page::Page() = default;
 
-Page::~Page() {
-  ObjStat::RemoveObject(this);
-}
+Page::~Page() = default;
 
 void Page::Setup(const std::shared_ptr<forms::Tab>& theTab) {
   AddControls(Deref(theTab).Key());
@@ -84,7 +75,6 @@ void Page::Setup(const std::shared_ptr<forms::Tab>& theTab) {
   mobjTask = std::make_shared<TaskManager>();
   mobjFilter = std::make_shared<FilterManager>();
   mobjListPainter = std::make_shared<ListPainter>();
-  mobjCondSnap->Setup(*this);
   mcolResult->Setup(*this);
   mobjTask->Setup(*this);
   mobjFilter->Setup(*this);
@@ -101,19 +91,23 @@ void Page::AddControls(const std::u16string& key) {
 }
 
 void Page::Listen() {
-  onAdd_ = mobjFilter->OnAdd.Subscribe([this](const auto& line, std::int32_t id) { mobjFilter_OnAdd(line, id); });
-  onClear_ = mobjFilter->OnClear.Subscribe([this] { Guarded([this] { mobjFilter_OnClear(); }); });
-  onRefresh_ = mobjFilter->OnRefresh.Subscribe([this] { Guarded([this] { mobjFilter_OnRefresh(); }); });
-  onTaskBegin_ = mobjTask->TaskBegin.Subscribe([this](std::int32_t taskType) { mobjTask_TaskBegin(taskType); });
-  onResize_ = mobjPanel->Resize.Subscribe([this] { mobjPanel_Resize(); });
+  subscriptions_.push_back(
+      mobjCondSnap->Named.Subscribe([this](const auto& caption) { Deref(mobjTab).SetCaption(caption); }));
+  subscriptions_.push_back(
+      mobjFilter->OnAdd.Subscribe([this](const auto& line, std::int32_t id) { mobjFilter_OnAdd(line, id); }));
+  subscriptions_.push_back(mobjFilter->OnClear.Subscribe([this] { Guarded([this] { mobjFilter_OnClear(); }); }));
+  subscriptions_.push_back(mobjFilter->OnRefresh.Subscribe([this] { Guarded([this] { mobjFilter_OnRefresh(); }); }));
+  subscriptions_.push_back(
+      mobjTask->TaskBegin.Subscribe([this](std::int32_t taskType) { mobjTask_TaskBegin(taskType); }));
+  subscriptions_.push_back(mobjPanel->Resize.Subscribe([this] { mobjPanel_Resize(); }));
   const auto mouseDown = [this](std::int16_t button, auto...) { Guarded([&] { MouseDown(button); }); };
-  onLabelMouseDown_ = mobjLabel->MouseDown.Subscribe(mouseDown);
-  onListMouseDown_ = mlstResultList->MouseDown.Subscribe(mouseDown);
-  onListMouseMove_ = mlstResultList->MouseMove.Subscribe(
-      [this](auto, auto, float x, float y) { Guarded([&] { mlstResultList_MouseMove(x, y); }); });
-  onListKeyDown_ = mlstResultList->KeyDown.Subscribe(
-      [this](std::int16_t keyCode, std::int16_t shift) { Guarded([&] { ProcessKeyDown(keyCode, shift); }); });
-  onListDblClick_ = mlstResultList->DblClick.Subscribe([this] { Guarded([this] { LocateSelected(); }); });
+  subscriptions_.push_back(mobjLabel->MouseDown.Subscribe(mouseDown));
+  subscriptions_.push_back(mlstResultList->MouseDown.Subscribe(mouseDown));
+  subscriptions_.push_back(mlstResultList->MouseMove.Subscribe(
+      [this](auto, auto, float x, float y) { Guarded([&] { mlstResultList_MouseMove(x, y); }); }));
+  subscriptions_.push_back(mlstResultList->KeyDown.Subscribe(
+      [this](std::int16_t keyCode, std::int16_t shift) { Guarded([&] { ProcessKeyDown(keyCode, shift); }); }));
+  subscriptions_.push_back(mlstResultList->DblClick.Subscribe([this] { Guarded([this] { LocateSelected(); }); }));
 }
 
 void Page::TearDown() {
@@ -126,11 +120,7 @@ void Page::TearDown() {
   SkipErrors([this] { Deref(mobjFilter).TearDown(); });
   SkipErrors([this] { Deref(mcolResult).TearDown(); });
   SkipErrors([this] { Deref(mobjListPainter).TearDown(); });
-  SkipErrors([this] { Deref(mobjCondSnap).TearDown(); });
-  for (Subscription* subscription : {&onAdd_, &onClear_, &onRefresh_, &onTaskBegin_, &onResize_, &onLabelMouseDown_,
-                                     &onListMouseDown_, &onListMouseMove_, &onListKeyDown_, &onListDblClick_}) {
-    subscription->Reset();
-  }
+  subscriptions_.clear();
   mlstResultList.reset();
   mobjPanel.reset();
   mobjLabel.reset();
@@ -157,10 +147,6 @@ std::shared_ptr<forms::Control> Page::Panel() const {
   return mobjPanel;
 }
 
-void Page::SetTabCaption(const std::u16string& caption) {
-  Deref(mobjTab).SetCaption(caption);
-}
-
 forms::Controls& Page::Controls() const {
   return Doc().Controls();
 }
@@ -174,9 +160,10 @@ void Page::UpdateStatus() {
   if (!mblnHasResult) return;
   const LanguageManager& language = Globals::Language();
   const std::int32_t matches = Deref(mcolResult).Count();
-  Deref(mobjLabel).SetCaption(language.GetString(kModules) + ToText(mcolResult->ModuleCount()) +
-                              language.GetString(kMatches) + ToText(matches) + language.GetString(kShown) +
-                              ToText(Deref(mlstResultList).ListCount()) + u" " + Deref(mobjCondSnap).Description());
+  Deref(mobjLabel).SetCaption(language.GetString(StringId::StatusModules) + ToText(mcolResult->ModuleCount()) +
+                              language.GetString(StringId::StatusMatches) + ToText(matches) +
+                              language.GetString(StringId::StatusShown) + ToText(Deref(mlstResultList).ListCount()) +
+                              u" " + Deref(mobjCondSnap).Description());
   vbide::Window& toolWindow = Deref(Globals::gobjToolWindow);
   if (!toolWindow.Visible() && matches > 0) toolWindow.SetVisible(true);
   Deref(mobjTab).SetToolTipText(mobjLabel->Caption());
@@ -210,8 +197,8 @@ void Page::LocatePrevResult() {
 }
 
 void Page::ProcessKeyDown(std::int16_t keyCode, std::int16_t) {
-  if (keyCode == kEscape) Deref(Globals::gobjToolWindow).SetVisible(false);
-  if (keyCode == kEnter) LocateSelected();
+  if (keyCode == kKeyEscape) Deref(Globals::gobjToolWindow).SetVisible(false);
+  if (keyCode == kKeyEnter) LocateSelected();
 }
 
 void Page::Reset() {
@@ -238,7 +225,7 @@ void Page::mobjFilter_OnAdd(const std::u16string& line, std::int32_t id) {
   try {
     AddListItem(line, id);
   } catch (...) {
-    Deref(Globals::gobjErrorManager).ShowErr();
+    ShowHandledError();
     UpdateStatus();
   }
 }
@@ -267,7 +254,7 @@ void Page::mobjPanel_Resize() {
 }
 
 void Page::MouseDown(std::int16_t button) {
-  if (button == kRightButton) Doc().PopupMenu();
+  if (button == forms::kRightButton) Doc().PopupMenu();
 }
 
 void Page::mlstResultList_MouseMove(float x, float y) {

@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "addin/core/Counted.h"
 #include "addin/results/IResultPage.h"
 #include "base/Event.h"
 
@@ -23,14 +25,12 @@ class PositionInfo;
 /// One tab of the result tool window and everything behind it: condition, task, matches, result document and list.
 /// Pages share nothing but the global services. Made by make_shared alone; a task or a jump that is under way keeps the
 /// page alive when it is closed meanwhile.
-class Page final : public IResultPage, public std::enable_shared_from_this<Page> {
+class Page final : public IResultPage, public std::enable_shared_from_this<Page>, private Counted<Page> {
  public:
   static constexpr std::string_view ClassName = "Page";
 
   Page();
   ~Page() override;
-  Page(const Page&) = delete;
-  Page& operator=(const Page&) = delete;
 
   // From Setup to TearDown, but the tab and the key, which stay.
   std::shared_ptr<forms::Tab> mobjTab;
@@ -68,7 +68,6 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
 
   std::shared_ptr<ResultCollection> Result() const override { return mcolResult; }
   std::shared_ptr<ConditionSnap> CondSnap() const override { return mobjCondSnap; }
-  void SetTabCaption(const std::u16string& caption) override;
   std::u16string Key() const override { return mstrKey; }
   void SetKey(const std::u16string& key) override { mstrKey = key; }
   std::shared_ptr<TaskManager> Task() const override { return mobjTask; }
@@ -98,16 +97,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   bool locatingPrev_ = false;
   std::shared_ptr<PositionInfo> lastPreviewed_;
 
-  Subscription onAdd_;
-  Subscription onClear_;
-  Subscription onRefresh_;
-  Subscription onTaskBegin_;
-  Subscription onResize_;
-  Subscription onLabelMouseDown_;
-  Subscription onListMouseDown_;
-  Subscription onListMouseMove_;
-  Subscription onListKeyDown_;
-  Subscription onListDblClick_;
+  std::vector<Subscription> subscriptions_;  ///< from Setup to TearDown
 };
 
 }  // namespace quorvane

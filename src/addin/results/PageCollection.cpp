@@ -2,19 +2,14 @@
 
 #include <algorithm>
 
-#include "addin/core/ObjStat.h"
 #include "addin/results/IResultPage.h"
 #include "base/Error.h"
 #include "base/Text.h"
 
 namespace quorvane {
 
-PageCollection::PageCollection() {
-  ObjStat::AddObject(this);
-}
-PageCollection::~PageCollection() {
-  ObjStat::RemoveObject(this);
-}
+PageCollection::PageCollection() = default;
+PageCollection::~PageCollection() = default;
 
 void PageCollection::Add(const std::shared_ptr<IResultPage>& p, const std::u16string& key) {
   Deref(p);

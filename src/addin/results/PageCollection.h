@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "addin/core/Counted.h"
 #include "base/Event.h"
 
 namespace quorvane {
@@ -19,7 +20,7 @@ inline constexpr std::u16string_view kAddNewTab = u"AddNewTab";
 
 /// The pages by key, in the order of their making, which is that of their tabs. Keys are compared without regard to the
 /// case of ASCII letters.
-class PageCollection {
+class PageCollection : private Counted<PageCollection> {
  public:
   static constexpr std::string_view ClassName = "PageCollection";
 
@@ -28,8 +29,6 @@ class PageCollection {
 
   PageCollection();
   ~PageCollection();
-  PageCollection(const PageCollection&) = delete;
-  PageCollection& operator=(const PageCollection&) = delete;
 
   /// Stores `p` under `key`, then tells it the key. Error 457 for a key that is there.
   void Add(const std::shared_ptr<IResultPage>& p, const std::u16string& key);

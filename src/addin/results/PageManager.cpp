@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
-#include "addin/results/Guarded.h"
 #include "addin/results/IResultListDoc.h"
 #include "addin/results/IResultPage.h"
 #include "base/Checked.h"
 #include "base/Text.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 
@@ -18,9 +18,6 @@ namespace quorvane {
 namespace {
 
 constexpr std::int32_t kNoIcon = -1;
-constexpr std::int32_t kNameOfPages = 185;
-constexpr std::int16_t kLeftButton = 1;
-constexpr std::int16_t kMiddleButton = 4;
 
 PageManager::PageFactory& ThePageFactory() {
   static PageManager::PageFactory factory;
@@ -35,15 +32,12 @@ std::shared_ptr<IResultPage> NewPage() {
 }  // namespace
 
 PageManager::PageManager() : mcolPages(std::make_shared<PageCollection>()) {
-  ObjStat::AddObject(this);
   onItemRemoved_ = mcolPages->ItemRemoved.Subscribe([this](const PageCollection::Index& key, bool bPassive) {
     Guarded([&] { mcolPages_ItemRemoved(key, bPassive); });
   });
 }
 
-PageManager::~PageManager() {
-  ObjStat::RemoveObject(this);
-}
+PageManager::~PageManager() = default;
 
 void PageManager::SetPageFactory(PageFactory factory) {
   ThePageFactory() = std::move(factory);
@@ -79,7 +73,7 @@ std::shared_ptr<IResultPage> PageManager::Add(const std::u16string& name, bool C
 
 void PageManager::AddNewPage() {
   pagesMade_ = Checked16(pagesMade_ + 1);
-  Add(Globals::Language().GetString(kNameOfPages) + ToText(pagesMade_), true);
+  Add(Globals::Language().GetString(StringId::NameOfPages) + ToText(pagesMade_), true);
 }
 
 void PageManager::SelectLastTab() {
@@ -97,23 +91,20 @@ void PageManager::Setup() {
 
 void PageManager::TearDown() {
   mcolPages->RemoveAll();
-  onTabSelected_.Reset();
-  onTabMouseDown_.Reset();
-  onTabDoubleClick_.Reset();
-  onTabClose_.Reset();
+  onBar_.clear();
   mobjTabCtrl.reset();
 }
 
 void PageManager::Listen() {
   forms::TabControl& bar = Deref(mobjTabCtrl);
-  onTabSelected_ = bar.TabSelected.Subscribe([this](const auto&) { Guarded([&] { mobjTabCtrl_TabSelected(); }); });
-  onTabMouseDown_ = bar.TabMouseDown.Subscribe([this](const auto& tab, std::int16_t button, auto, auto, auto) {
+  onBar_.push_back(bar.TabSelected.Subscribe([this](const auto&) { Guarded([&] { mobjTabCtrl_TabSelected(); }); }));
+  onBar_.push_back(bar.TabMouseDown.Subscribe([this](const auto& tab, std::int16_t button, auto, auto, auto) {
     Guarded([&] { mobjTabCtrl_TabMouseDown(*tab, button); });
-  });
-  onTabDoubleClick_ =
-      bar.TabDoubleClick.Subscribe([this](const auto& tab) { Guarded([&] { mobjTabCtrl_TabDoubleClick(*tab); }); });
-  onTabClose_ =
-      bar.TabClose.Subscribe([this](const auto& tab, bool&) { Guarded([&] { mobjTabCtrl_TabClose(*tab); }); });
+  }));
+  onBar_.push_back(
+      bar.TabDoubleClick.Subscribe([this](const auto& tab) { Guarded([&] { mobjTabCtrl_TabDoubleClick(*tab); }); }));
+  onBar_.push_back(
+      bar.TabClose.Subscribe([this](const auto& tab, bool&) { Guarded([&] { mobjTabCtrl_TabClose(*tab); }); }));
 }
 
 void PageManager::mobjTabCtrl_TabSelected() {
@@ -122,8 +113,8 @@ void PageManager::mobjTabCtrl_TabSelected() {
 }
 
 void PageManager::mobjTabCtrl_TabMouseDown(const forms::Tab& tab, std::int16_t button) {
-  if (button == kLeftButton && tab.Key() == kAddNewTab) AddNewPage();
-  if (button == kMiddleButton && tab.CanClose()) mcolPages->Remove(tab.Key());
+  if (button == forms::kLeftButton && tab.Key() == kAddNewTab) AddNewPage();
+  if (button == forms::kMiddleButton && tab.CanClose()) mcolPages->Remove(tab.Key());
 }
 
 void PageManager::mobjTabCtrl_TabDoubleClick(const forms::Tab& tab) {

@@ -5,7 +5,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "addin/core/Counted.h"
 #include "addin/core/ILib.h"
 #include "addin/results/PageCollection.h"
 #include "base/Event.h"
@@ -21,15 +23,13 @@ class IResultPage;
 
 /// The one way to the result pages: keeps the tabs of the result tool window and the pages in step, makes and names new
 /// pages, and tells when the current page may have changed.
-class PageManager final : public ILib {
+class PageManager final : public ILib, private Counted<PageManager> {
  public:
   static constexpr std::string_view ClassName = "PageManager";
   using PageFactory = std::function<std::shared_ptr<IResultPage>()>;
 
   PageManager();
   ~PageManager() override;
-  PageManager(const PageManager&) = delete;
-  PageManager& operator=(const PageManager&) = delete;
 
   std::shared_ptr<forms::TabControl> mobjTabCtrl;  ///< from Setup to TearDown
   std::shared_ptr<PageCollection> mcolPages;
@@ -65,11 +65,8 @@ class PageManager final : public ILib {
   void mobjTabCtrl_TabClose(const forms::Tab& tab);
   void mcolPages_ItemRemoved(const PageCollection::Index& key, bool bPassive);
 
-  std::int16_t pagesMade_ = 0;  ///< only grows, so that keys stay unique
-  Subscription onTabSelected_;
-  Subscription onTabMouseDown_;
-  Subscription onTabDoubleClick_;
-  Subscription onTabClose_;
+  std::int16_t pagesMade_ = 0;       ///< only grows, so that keys stay unique
+  std::vector<Subscription> onBar_;  ///< from Setup to TearDown
   Subscription onItemRemoved_;
 };
 

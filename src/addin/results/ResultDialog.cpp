@@ -2,21 +2,22 @@
 
 #include "addin/core/FileSystem.h"
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/ISearchDialog.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/results/FilterManager.h"
-#include "addin/results/Guarded.h"
 #include "addin/results/ICodePreview.h"
 #include "addin/results/IResultPage.h"
 #include "addin/results/PageManager.h"
 #include "addin/search/TaskManager.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
+#include "base/KeyCode.h"
 #include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Tab.h"
@@ -25,16 +26,6 @@
 namespace quorvane {
 
 namespace {
-
-constexpr std::int16_t kEscape = 27;
-constexpr std::int16_t kRightButton = 2;
-
-constexpr std::int32_t kToNewTab = 0;
-constexpr std::int32_t kToCurTab = 1;
-
-constexpr std::int32_t kPreviewOff = 0;
-constexpr std::int32_t kPreviewCode = 1;
-constexpr std::int32_t kPreviewReplace = 2;
 
 template <class T>
 void RegisterControl(forms::Controls& controls, const std::u16string& progId) {
@@ -54,7 +45,6 @@ PageCollection& Pages(const std::shared_ptr<PageManager>& manager) {
 
 ResultDialog::ResultDialog()
     : ImageList1(std::make_shared<forms::ImageList>()), vbalDTabControl1(std::make_shared<forms::TabControl>()) {
-  ObjStat::AddObject(this);
   RegisterControl<forms::PictureBox>(controls_, u"VB.PictureBox");
   RegisterControl<forms::Label>(controls_, u"VB.Label");
   RegisterControl<forms::OwnerDrawList>(controls_, u"ODCboLst6QVN.OwnerDrawComboList");
@@ -65,9 +55,7 @@ ResultDialog::ResultDialog()
   ListenToTabs();
 }
 
-ResultDialog::~ResultDialog() {
-  ObjStat::RemoveObject(this);
-}
+ResultDialog::~ResultDialog() = default;
 
 void ResultDialog::InitProperties() {
   vbalDTabControl1->SetImages(ImageList1);
@@ -123,12 +111,22 @@ void ResultDialog::TearDown() {
 void ResultDialog::Update() {
   const struct {
     forms::Menu& item;
-    std::int32_t caption;
+    StringId caption;
   } captions[] = {
-      {mnuRefreshResult, 224}, {mnuCancelSearch, 225},     {mnuCodePreview, 226}, {mnuReplacePreview, 227},
-      {mnuSetOption, 228},     {mnuResetTab, 229},         {mnuSaveAs, 230},      {mnuAbout, 231},
-      {mnuToNewTab, 232},      {mnuToCurTab, 233},         {mnuCloseTab, 234},    {mnuCloseOtherTabs, 235},
-      {mnuCloseAllTabs, 236},  {mnuShowSearchDialog, 264},
+      {mnuRefreshResult, StringId::ResultMenuRefresh},
+      {mnuCancelSearch, StringId::ResultMenuCancel},
+      {mnuCodePreview, StringId::ResultMenuCodePreview},
+      {mnuReplacePreview, StringId::ResultMenuReplacePreview},
+      {mnuSetOption, StringId::ResultMenuOptions},
+      {mnuResetTab, StringId::ResultMenuClear},
+      {mnuSaveAs, StringId::ResultMenuSaveAs},
+      {mnuAbout, StringId::ResultMenuAbout},
+      {mnuToNewTab, StringId::ResultMenuToNewTab},
+      {mnuToCurTab, StringId::ResultMenuToCurrentTab},
+      {mnuCloseTab, StringId::TabMenuClose},
+      {mnuCloseOtherTabs, StringId::TabMenuCloseOthers},
+      {mnuCloseAllTabs, StringId::TabMenuCloseAll},
+      {mnuShowSearchDialog, StringId::ResultMenuShowSearchDialog},
   };
   for (const auto& [item, caption] : captions) item.SetCaption(Globals::Language().GetString(caption));
 }
@@ -145,7 +143,7 @@ void ResultDialog::KeyDown(std::int16_t keyCode, std::int16_t shift) {
   Guarded([&] {
     if (const auto page = ActivePage()) {
       page->ProcessKeyDown(keyCode, shift);
-    } else if (keyCode == kEscape) {
+    } else if (keyCode == kKeyEscape) {
       Deref(Globals::gobjToolWindow).SetVisible(false);
     }
   });
@@ -221,8 +219,8 @@ void ResultDialog::mnuResetTab_Click() {
 void ResultDialog::mnuSaveAs_Click() {
   CommonDialog1.FileName = mstrLastFile;
   CommonDialog1.CancelError = true;
-  CommonDialog1.Filter = Globals::Language().GetString(238);
-  CommonDialog1.DialogTitle = Globals::Language().GetString(239);
+  CommonDialog1.Filter = Globals::Language().GetString(StringId::SaveFilter);
+  CommonDialog1.DialogTitle = Globals::Language().GetString(StringId::SaveTitle);
   CommonDialog1.DefaultExt = u".XML";
   CommonDialog1.ShowSave();
   mstrLastFile = CommonDialog1.FileName;
@@ -266,7 +264,7 @@ void ResultDialog::mnuCloseAllTabs_Click() {
 }
 
 void ResultDialog::TabMouseDown(std::int16_t button) {
-  if (button == kRightButton) mnuTabOption.PopUp();
+  if (button == forms::kRightButton) mnuTabOption.PopUp();
 }
 
 void ResultDialog::mobjPageMgr_TabChange() {

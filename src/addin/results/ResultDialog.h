@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "addin/core/Counted.h"
 #include "addin/core/ILib.h"
 #include "addin/core/IVersionUI.h"
 #include "addin/results/IResultListDoc.h"
@@ -29,7 +30,11 @@ class TaskManager;
 ///
 /// The view's side: Show when the document comes on the screen, Resize with its size, KeyDown for a key that no control
 /// of the document took; it shows vbalDTabControl1, each tab's panel below the bar, and the menus when they pop up.
-class ResultDialog final : public vbide::Document, public ILib, public IResultListDoc, public IVersionUI {
+class ResultDialog final : public vbide::Document,
+                           public ILib,
+                           public IResultListDoc,
+                           public IVersionUI,
+                           private Counted<ResultDialog> {
  public:
   static constexpr std::string_view ClassName = "ResultDialog";
   /// By which the host makes it.
@@ -38,8 +43,6 @@ class ResultDialog final : public vbide::Document, public ILib, public IResultLi
   /// With the tab behind all page tabs on its bar.
   ResultDialog();
   ~ResultDialog() override;
-  ResultDialog(const ResultDialog&) = delete;
-  ResultDialog& operator=(const ResultDialog&) = delete;
 
   void Setup() override;
   void TearDown() override;

@@ -2,8 +2,6 @@
 
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
-#include "addin/search/IPage.h"
 #include "addin/search/PositionInfo.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
@@ -14,26 +12,14 @@ namespace quorvane {
 
 namespace {
 
-std::u16string Text(std::int32_t id, const std::vector<std::u16string>& args = {}) {
+std::u16string Text(StringId id, const std::vector<std::u16string>& args = {}) {
   return Globals::Language().GetString(id, args);
 }
 
 }  // namespace
 
-ConditionSnap::ConditionSnap() : mobjPosInfo(std::make_shared<PositionInfo>()) {
-  ObjStat::AddObject(this);
-}
-ConditionSnap::~ConditionSnap() {
-  ObjStat::RemoveObject(this);
-}
-
-void ConditionSnap::Setup(IPage& p) {
-  mobjParent = &p;
-}
-
-void ConditionSnap::TearDown() {
-  mobjParent = nullptr;
-}
+ConditionSnap::ConditionSnap() : mobjPosInfo(std::make_shared<PositionInfo>()) {}
+ConditionSnap::~ConditionSnap() = default;
 
 void ConditionSnap::TakeSnap() {
   const auto project = Deref(Globals::gobjVBE).ActiveVBProject();
@@ -47,7 +33,7 @@ void ConditionSnap::TakeSnap() {
   mblnWholeWord = live.mblnWholeWord;
   mblnRegSingleLine = live.mblnRegSingleLine;
   Deref(mobjPosInfo).GetSelInfo(menumArea);
-  Deref(mobjParent).SetTabCaption(Text(204, {mstrSearchStr}));
+  Named.Raise(Text(StringId::TabCaption, {mstrSearchStr}));
 }
 
 std::u16string ConditionSnap::ReplaceStr() const {
@@ -65,16 +51,16 @@ std::u16string ConditionSnap::AreaDescription() const {
   const PositionInfo& pos = Deref(mobjPosInfo);
   switch (menumArea) {
     case gsAllProjects:
-      return Text(189);
+      return Text(StringId::StatusAllProjects);
     case gsCurModule:
-      return Text(190, {Deref(pos.component()).Name()});
+      return Text(StringId::StatusModule, {Deref(pos.component()).Name()});
     case gsCurProcedure:
-      return Text(191, {pos.ProcName()});
+      return Text(StringId::StatusProcedure, {pos.ProcName()});
     case gsCurProject:
-      return Text(192, {mstrActiveProject});
+      return Text(StringId::StatusProject, {mstrActiveProject});
     case gsSelection:
-      return Text(193, {Deref(pos.component()).Name(), ToText(pos.mlngY1), ToText(pos.ScreenX1()), ToText(pos.mlngY2),
-                        ToText(pos.ScreenX2())});
+      return Text(StringId::StatusSelection, {Deref(pos.component()).Name(), ToText(pos.mlngY1), ToText(pos.ScreenX1()),
+                                              ToText(pos.mlngY2), ToText(pos.ScreenX2())});
   }
   return {};
 }
@@ -82,37 +68,37 @@ std::u16string ConditionSnap::AreaDescription() const {
 std::u16string ConditionSnap::ModeDescription() const {
   switch (menumMode) {
     case gsCommon:
-      return Text(194);
+      return Text(StringId::StatusCommon);
     case gsPattern:
-      return Text(195);
+      return Text(StringId::StatusPattern);
     case gsRegular:
-      return Text(196);
+      return Text(StringId::StatusRegular);
   }
   return {};
 }
 
 std::u16string ConditionSnap::MatchCaseDescription() const {
-  return mblnMatchCase ? Text(197) : std::u16string();
+  return mblnMatchCase ? Text(StringId::StatusMatchCase) : std::u16string();
 }
 
 std::u16string ConditionSnap::IgnoreCommentDescription() const {
   switch (menumIgnoreComment) {
     case gsCommentOnly:
-      return Text(198);
+      return Text(StringId::StatusCommentOnly);
     case gsExcludeComment:
-      return Text(199);
+      return Text(StringId::StatusNoComment);
     case gsIncludeComment:
-      return Text(200);
+      return Text(StringId::StatusComment);
   }
   return {};
 }
 
 std::u16string ConditionSnap::WholeWordDescription() const {
-  return mblnWholeWord ? Text(201) : std::u16string();
+  return mblnWholeWord ? Text(StringId::StatusWholeWord) : std::u16string();
 }
 
 std::u16string ConditionSnap::RegSingleLineDescription() const {
-  return Text(mblnRegSingleLine ? 202 : 203);
+  return Text(mblnRegSingleLine ? StringId::StatusSingleLine : StringId::StatusMultiLine);
 }
 
 }  // namespace quorvane

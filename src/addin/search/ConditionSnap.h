@@ -4,22 +4,20 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/search/ICondInfo.h"
+#include "base/Event.h"
 
 namespace quorvane {
 
-class IPage;
-
 /// The condition of a page's search, frozen, so that the page can repeat it; it can also be read as a line of text.
 /// Empty until the first TakeSnap. The replacement text alone is not frozen.
-class ConditionSnap final : public ICondInfo {
+class ConditionSnap final : public ICondInfo, private Counted<ConditionSnap> {
  public:
   static constexpr std::string_view ClassName = "ConditionSnap";
 
   ConditionSnap();
   ~ConditionSnap() override;
-  ConditionSnap(const ConditionSnap&) = delete;
-  ConditionSnap& operator=(const ConditionSnap&) = delete;
 
   std::shared_ptr<PositionInfo> mobjPosInfo;  ///< the region; made with this object
 
@@ -28,13 +26,11 @@ class ConditionSnap final : public ICondInfo {
   std::u16string IgnoreCommentDescription() const;
   std::u16string WholeWordDescription() const;
   std::u16string RegSingleLineDescription() const;
-  /// Copies the live condition and names the page's tab after it. Raises error 0x80040202 when the area needs an active
-  /// code pane: region and tab then stay as they were.
+  /// Copies the live condition and raises Named. Raises error 0x80040202 when the area needs an active
+  /// code pane: the region then stays as it was, and nothing is raised.
   void TakeSnap();
   /// The pieces above behind each other, with commas between them.
   std::u16string Description() const;
-  void Setup(IPage& p);
-  void TearDown();
 
   std::u16string SearchStr() const override { return mstrSearchStr; }
   gsArea Area() const override { return menumArea; }
@@ -47,6 +43,8 @@ class ConditionSnap final : public ICondInfo {
   std::u16string ReplaceStr() const override;
   std::shared_ptr<PositionInfo> PosInfo() override { return mobjPosInfo; }
 
+  Event<const std::u16string&> Named;  ///< a snap was taken: the caption for the page's tab
+
  private:
   std::u16string AreaDescription() const;
 
@@ -58,7 +56,6 @@ class ConditionSnap final : public ICondInfo {
   bool mblnWholeWord = false;
   bool mblnRegSingleLine = false;
   std::u16string mstrActiveProject;
-  IPage* mobjParent = nullptr;  ///< from Setup to TearDown
 };
 
 }  // namespace quorvane

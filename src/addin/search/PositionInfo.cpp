@@ -5,7 +5,6 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/core/Utilities.h"
 #include "addin/search/OffsetIndex.h"
 #include "addin/search/ProcKindName.h"
@@ -33,12 +32,8 @@ bool IsAscii(std::u16string_view text) {
 }
 }  // namespace
 
-PositionInfo::PositionInfo() {
-  ObjStat::AddObject(this);
-}
-PositionInfo::~PositionInfo() {
-  ObjStat::RemoveObject(this);
-}
+PositionInfo::PositionInfo() = default;
+PositionInfo::~PositionInfo() = default;
 
 vbide::CodeModule& PositionInfo::Code() const {
   return Deref(mobjCodeObject);
@@ -260,7 +255,7 @@ void PositionInfo::GetSelInfo(gsArea area) {
 
 void PositionInfo::CheckActiveCodePane() const {
   if (ActivePane()) return;
-  Deref(Globals::gobjErrorManager).Raise(kErrNoCodePane, Globals::Language().GetString(246));
+  Deref(Globals::gobjErrorManager).Raise(kErrNoCodePane, Globals::Language().GetString(StringId::NoCodePane));
 }
 
 void PositionInfo::TearDown() {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/search/ICondInfo.h"
 
 namespace quorvane {
@@ -25,14 +26,12 @@ class VBProject;
 /// It holds places alone and reads all text from the host when asked, so that behind an edit it points at whatever now
 /// stands there. Lines and characters are 1-based, the end is exclusive. Sums out of range raise error 6; so does an X
 /// or a screen column above 32767 where one is turned into the other.
-class PositionInfo {
+class PositionInfo : private Counted<PositionInfo> {
  public:
   static constexpr std::string_view ClassName = "PositionInfo";
 
   PositionInfo();
   ~PositionInfo();
-  PositionInfo(const PositionInfo&) = delete;
-  PositionInfo& operator=(const PositionInfo&) = delete;
 
   ResultCollection* mobjParent = nullptr;  ///< owner, set when added to a collection
   std::int32_t mlngID = 0;                 ///< 1-based number within the collection

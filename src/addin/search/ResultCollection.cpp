@@ -1,17 +1,12 @@
 #include "addin/search/ResultCollection.h"
 
-#include "addin/core/ObjStat.h"
 #include "addin/search/PositionInfo.h"
 #include "base/Checked.h"
 
 namespace quorvane {
 
-ResultCollection::ResultCollection() {
-  ObjStat::AddObject(this);
-}
-ResultCollection::~ResultCollection() {
-  ObjStat::RemoveObject(this);
-}
+ResultCollection::ResultCollection() = default;
+ResultCollection::~ResultCollection() = default;
 
 void ResultCollection::Add(const std::shared_ptr<PositionInfo>& pi) {
   PositionInfo& position = Deref(pi);

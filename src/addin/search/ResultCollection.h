@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "addin/core/Counted.h"
 #include "base/Event.h"
 
 namespace quorvane {
@@ -18,14 +19,12 @@ class CodeModule;
 }
 
 /// The matches of one page, numbered from 1 in the order of adding.
-class ResultCollection {
+class ResultCollection : private Counted<ResultCollection> {
  public:
   static constexpr std::string_view ClassName = "ResultCollection";
 
   ResultCollection();
   ~ResultCollection();
-  ResultCollection(const ResultCollection&) = delete;
-  ResultCollection& operator=(const ResultCollection&) = delete;
 
   IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown
 

@@ -4,7 +4,6 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "addin/core/Utilities.h"
 #include "addin/search/ConditionSnap.h"
 #include "addin/search/IPage.h"
@@ -24,12 +23,8 @@ constexpr std::int32_t kFindBit = 1;
 constexpr std::int32_t kReplaceBit = 2;
 }  // namespace
 
-TaskManager::TaskManager() {
-  ObjStat::AddObject(this);
-}
-TaskManager::~TaskManager() {
-  ObjStat::RemoveObject(this);
-}
+TaskManager::TaskManager() = default;
+TaskManager::~TaskManager() = default;
 
 GlobalSetting& TaskManager::Setting() const {
   return Deref(Globals::gobjSetting);
@@ -142,7 +137,7 @@ void TaskManager::ScanRegion(PositionInfo& pos) {
       ScanRegExp(pos);
     }
   } else if (replace) {
-    Deref(Globals::gobjErrorManager).Raise(kErrReplaceMode, Globals::Language().GetString(241));
+    Deref(Globals::gobjErrorManager).Raise(kErrReplaceMode, Globals::Language().GetString(StringId::ReplaceModeWrong));
   } else if (find) {
     ScanFind(pos);
   }
@@ -188,7 +183,8 @@ void TaskManager::Take(const std::shared_ptr<PositionInfo>& match) {
 void TaskManager::CheckCancel() {
   ThePlatform().Loop().DoEvents();
   Query.Raise(mblnCancel);
-  if (mblnCancel) Deref(Globals::gobjErrorManager).Raise(kErrUserCanceled, Globals::Language().GetString(242));
+  if (mblnCancel)
+    Deref(Globals::gobjErrorManager).Raise(kErrUserCanceled, Globals::Language().GetString(StringId::UserCanceled));
 }
 
 RegExp& TaskManager::Prepared(std::unique_ptr<RegExp>& regExp, bool multiline) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/search/LiveCondition.h"
 #include "base/Event.h"
 
@@ -30,14 +31,12 @@ inline constexpr std::int32_t kTaskRepeatSearch = 5;
 /// Runs one task at a time, from start to end inside one call of Run: takes the condition, walks the area over modules
 /// and hands each module to the matcher or the replacer. Listeners and the user get their turn in a yield to the
 /// message loop behind each match.
-class TaskManager {
+class TaskManager : private Counted<TaskManager> {
  public:
   static constexpr std::string_view ClassName = "TaskManager";
 
   TaskManager();
   ~TaskManager();
-  TaskManager(const TaskManager&) = delete;
-  TaskManager& operator=(const TaskManager&) = delete;
 
   bool mblnCancel = false;      ///< set true by any party to stop the run; keeps its value behind it
   IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown; nothing for a replace all

@@ -1,7 +1,6 @@
 #include "addin/settings/GlobalSetting.h"
 
 #include "addin/core/DefaultStylesheet.h"
-#include "addin/core/ObjStat.h"
 #include "addin/settings/StoredSection.h"
 #include "base/Convert.h"
 #include "base/Skip.h"
@@ -19,7 +18,6 @@ namespace {
 const std::u16string kAppName = kStartingTitle;
 const std::u16string kSection = u"Settings";
 constexpr std::int32_t kHistoryLimit = 50;
-constexpr std::int32_t kLastChoice = 2;  // of menumDefaultSearchTo
 
 void LoadHistory(StringCollection& history, const std::u16string& text) {
   history.RemoveAll();
@@ -28,12 +26,8 @@ void LoadHistory(StringCollection& history, const std::u16string& text) {
 
 }  // namespace
 
-GlobalSetting::GlobalSetting() {
-  ObjStat::AddObject(this);
-}
-GlobalSetting::~GlobalSetting() {
-  ObjStat::RemoveObject(this);
-}
+GlobalSetting::GlobalSetting() = default;
+GlobalSetting::~GlobalSetting() = default;
 
 std::u16string GlobalSetting::DefaultXSL() {
   return std::u16string(DefaultStylesheet());
@@ -68,10 +62,10 @@ void GlobalSetting::LoadPreferences(const StoredSection& stored) {
   mintRelativeLineCount = stored.Integer(u"RelativeLineCount", DefaultRelativeLineCount());
   mstrXSL = stored.Text(u"XSL", DefaultXSL());
   if (mstrXSL.empty()) SetXSL(DefaultXSL());
-  menumAutoHideSearchDlg = stored.Long(u"AutoHideSearchDlg", 2);
-  menumDefaultSearchTo = stored.Long(u"DefaultSearchTo", 1);
+  menumAutoHideSearchDlg = stored.Long(u"AutoHideSearchDlg", kHideNever);
+  menumDefaultSearchTo = stored.Long(u"DefaultSearchTo", kToCurTab);
   mblnMaximizeWhenLocate = stored.Boolean(u"MaximizeWhenLocate", true);
-  menumSearchTo = menumDefaultSearchTo == kLastChoice ? stored.Long(u"SearchTo", 1) : menumDefaultSearchTo;
+  menumSearchTo = menumDefaultSearchTo == kToLastChoice ? stored.Long(u"SearchTo", kToCurTab) : menumDefaultSearchTo;
 }
 
 void GlobalSetting::Save() {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "addin/core/Counted.h"
 #include "addin/core/StringCollection.h"
 #include "addin/settings/ConditionValues.h"
 #include "base/Event.h"
@@ -13,16 +14,20 @@ namespace quorvane {
 
 class StoredSection;
 
+/// Which tab takes the results of the next search.
+enum SearchTo : std::int32_t { kToNewTab = 0, kToCurTab = 1, kToLastChoice = 2 };
+
+/// When the search dialog hides by itself.
+enum AutoHide : std::int32_t { kHideAtBegin = 0, kHideAtEnd = 1, kHideNever = 2 };
+
 /// The shared settings: the preferences, and the live search condition that the search dialog edits. All stored values
 /// lie in one section of the user settings store, whose name is the same in every language.
-class GlobalSetting {
+class GlobalSetting : private Counted<GlobalSetting> {
  public:
   static constexpr std::string_view ClassName = "GlobalSetting";
 
   GlobalSetting();
   ~GlobalSetting();
-  GlobalSetting(const GlobalSetting&) = delete;
-  GlobalSetting& operator=(const GlobalSetting&) = delete;
 
   std::int16_t mintRelativeLineCount = DefaultRelativeLineCount();  ///< lines around a match in previews
   StringCollection mcolSearchHistory;                               ///< newest first
@@ -35,10 +40,10 @@ class GlobalSetting {
   bool mblnRegSingleLine = false;
   gsCommentStat menumIgnoreComment = gsExcludeComment;
   bool mblnWholeWord = false;
-  std::int32_t menumAutoHideSearchDlg = 2;  ///< 0 when a search has begun, 1 when it has finished, 2 never
-  std::int32_t menumDefaultSearchTo = 1;    ///< for a new connection: 0 new tab, 1 current tab, 2 as last time
-  std::int32_t menumSearchTo = 1;           ///< for the next search: 0 new tab, 1 current tab
-  bool mblnMaximizeWhenLocate = true;       ///< maximise the code window when locating a match
+  std::int32_t menumAutoHideSearchDlg = kHideNever;  ///< an AutoHide
+  std::int32_t menumDefaultSearchTo = kToCurTab;     ///< a SearchTo, for a new connection
+  std::int32_t menumSearchTo = kToCurTab;            ///< for the next search: kToNewTab or kToCurTab
+  bool mblnMaximizeWhenLocate = true;                ///< maximise the code window when locating a match
 
   static constexpr std::int16_t DefaultRelativeLineCount() { return 12; }
   static std::u16string DefaultXSL();

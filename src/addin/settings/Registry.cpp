@@ -3,7 +3,6 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/ObjStat.h"
 #include "base/Convert.h"
 #include "base/Error.h"
 #include "base/Text.h"
@@ -19,13 +18,11 @@ constexpr std::uint32_t kWriteAccess = 0x20006;
 constexpr std::size_t kTextBuffer = 255;  // bytes
 constexpr std::size_t kLongSize = 4;      // bytes
 
-enum Text : std::int32_t { kGetFailed = 181, kSetFailed = 182, kTypeUnknown = 183, kDeleteFailed = 184 };
-
-[[noreturn]] void Fail(Text id) {
+[[noreturn]] void Fail(StringId id) {
   throw Error(kErrRegistry, Globals::Language().GetString(id));
 }
 
-void Require(std::int32_t status, Text id) {
+void Require(std::int32_t status, StringId id) {
   if (status != 0) Fail(id);
 }
 
@@ -74,7 +71,7 @@ std::int32_t ValueLong(const Registry::Value& value) {
 std::string Read(RegistryKey key, const std::string& name, std::size_t size) {
   std::string buffer(size, '\0');
   std::int32_t type = 0;
-  Require(ThePlatform().Registry().QueryValue(key, name, type, buffer.data(), size), kGetFailed);
+  Require(ThePlatform().Registry().QueryValue(key, name, type, buffer.data(), size), StringId::RegistryGetFailed);
   buffer.resize(size);
   return buffer;
 }
@@ -82,7 +79,7 @@ std::string Read(RegistryKey key, const std::string& name, std::size_t size) {
 void ReadValue(RegistryKey key, const std::string& name, Registry::Value& value) {
   std::int32_t type = 0;
   std::size_t size = 0;
-  Require(ThePlatform().Registry().QueryValue(key, name, type, nullptr, size), kGetFailed);
+  Require(ThePlatform().Registry().QueryValue(key, name, type, nullptr, size), StringId::RegistryGetFailed);
   if (type == Registry::kRegSz || type == Registry::kRegExpandSz) {
     const std::string bytes = Read(key, name, type == Registry::kRegSz ? kTextBuffer : size);
     std::u16string text;
@@ -100,7 +97,7 @@ void ReadValue(RegistryKey key, const std::string& name, Registry::Value& value)
 
 std::string ValueBytes(std::int32_t type, const Registry::Value& value) {
   if (type == Registry::kRegSz || type == Registry::kRegExpandSz) return Narrow(ValueText(value)) + '\0';
-  if (type != Registry::kRegBinary && type != Registry::kRegDword) Fail(kTypeUnknown);
+  if (type != Registry::kRegBinary && type != Registry::kRegDword) Fail(StringId::RegistryTypeUnknown);
   const auto number = static_cast<std::uint32_t>(ValueLong(value));
   std::string bytes;
   for (std::size_t i = 0; i < kLongSize; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFF);
@@ -123,21 +120,14 @@ bool Outcome(std::int32_t* number, std::u16string* description, Operation operat
 
 }  // namespace
 
-Registry::Registry() {
-  ObjStat::AddObject(this);
-}
-Registry::~Registry() {
-  ObjStat::RemoveObject(this);
-}
-
 bool Registry::GetValue(RegistryKey mainKey, std::u16string_view subKey, std::u16string_view keyV, Value& sValue,
                         std::int32_t* rlngErrNum, std::u16string* rstrErrDescr) {
   return Outcome(rlngErrNum, rstrErrDescr, [&](RegistryStore& store) {
     KeyScope key;
-    Require(store.OpenKey(mainKey, Narrow(subKey), kReadAccess, key.handle), kGetFailed);
+    Require(store.OpenKey(mainKey, Narrow(subKey), kReadAccess, key.handle), StringId::RegistryGetFailed);
     Value value = sValue;
     ReadValue(key.handle, Narrow(keyV), value);
-    Require(key.Close(), kGetFailed);
+    Require(key.Close(), StringId::RegistryGetFailed);
     sValue = value;
   });
 }
@@ -146,9 +136,9 @@ bool Registry::SetValue(RegistryKey mainKey, std::u16string_view subKey, std::u1
                         const Value& sValue, std::int32_t* rlngErrNum, std::u16string* rstrErrDescr) {
   return Outcome(rlngErrNum, rstrErrDescr, [&](RegistryStore& store) {
     KeyScope key;
-    Require(store.CreateKey(mainKey, Narrow(subKey), 0, kWriteAccess, true, key.handle), kSetFailed);
-    Require(store.SetValue(key.handle, Narrow(keyV), lType, ValueBytes(lType, sValue)), kSetFailed);
-    Require(key.Close(), kSetFailed);
+    Require(store.CreateKey(mainKey, Narrow(subKey), 0, kWriteAccess, true, key.handle), StringId::RegistrySetFailed);
+    Require(store.SetValue(key.handle, Narrow(keyV), lType, ValueBytes(lType, sValue)), StringId::RegistrySetFailed);
+    Require(key.Close(), StringId::RegistrySetFailed);
   });
 }
 
@@ -156,9 +146,9 @@ bool Registry::DeleteValue(RegistryKey mainKey, std::u16string_view subKey, std:
                            std::int32_t* rlngErrNum, std::u16string* rstrErrDescr) {
   return Outcome(rlngErrNum, rstrErrDescr, [&](RegistryStore& store) {
     KeyScope key;
-    Require(store.OpenKey(mainKey, Narrow(subKey), kWriteAccess, key.handle), kDeleteFailed);
-    Require(store.DeleteValue(key.handle, Narrow(keyV)), kDeleteFailed);
-    Require(key.Close(), kDeleteFailed);
+    Require(store.OpenKey(mainKey, Narrow(subKey), kWriteAccess, key.handle), StringId::RegistryDeleteFailed);
+    Require(store.DeleteValue(key.handle, Narrow(keyV)), StringId::RegistryDeleteFailed);
+    Require(key.Close(), StringId::RegistryDeleteFailed);
   });
 }
 
@@ -166,9 +156,9 @@ bool Registry::DeleteKey(RegistryKey mainKey, std::u16string_view subKey, std::u
                          std::int32_t* rlngErrNum, std::u16string* rstrErrDescr) {
   return Outcome(rlngErrNum, rstrErrDescr, [&](RegistryStore& store) {
     KeyScope key;
-    Require(store.OpenKey(mainKey, Narrow(subKey), kWriteAccess, key.handle), kDeleteFailed);
-    Require(store.DeleteKey(key.handle, Narrow(keyV)), kDeleteFailed);
-    Require(key.Close(), kDeleteFailed);
+    Require(store.OpenKey(mainKey, Narrow(subKey), kWriteAccess, key.handle), StringId::RegistryDeleteFailed);
+    Require(store.DeleteKey(key.handle, Narrow(keyV)), StringId::RegistryDeleteFailed);
+    Require(key.Close(), StringId::RegistryDeleteFailed);
   });
 }
 

@@ -5,13 +5,14 @@
 #include <string_view>
 #include <variant>
 
+#include "addin/core/Counted.h"
 #include "platform/RegistryStore.h"
 
 namespace quorvane {
 
 /// Reads and writes single registry values. Every operation tells its outcome twice: by its result, true on success,
 /// and by the number and the text of its failure, 0 and empty on success. It raises nothing.
-class Registry {
+class Registry : private Counted<Registry> {
  public:
   static constexpr std::string_view ClassName = "Registry";
 
@@ -19,11 +20,6 @@ class Registry {
   using Value = std::variant<std::monostate, std::u16string, std::int32_t>;
 
   enum Type : std::int32_t { kRegSz = 1, kRegExpandSz = 2, kRegBinary = 3, kRegDword = 4 };
-
-  Registry();
-  ~Registry();
-  Registry(const Registry&) = delete;
-  Registry& operator=(const Registry&) = delete;
 
   /// kRegSz gives text of at most 255 bytes with its zero, kRegExpandSz text of any length, unexpanded, kRegBinary and
   /// kRegDword an integer out of the first four bytes. Another type leaves `sValue` as it was and is no failure.

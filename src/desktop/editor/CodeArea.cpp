@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FlagScope.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
 #include "desktop/platform/QtWindows.h"
@@ -79,9 +80,17 @@ CodeWindow* CodeArea::WindowOf(const Pane& pane) const {
   return nullptr;
 }
 
-/// Makes the windows those of the visible panes, and the active pane's the one in front.
 void CodeArea::Sync() {
-  if (std::exchange(syncing_, true)) return;
+  if (syncing_) return;
+  CodeWindow* front = FollowPanes();
+  if (front != nullptr && isActiveWindow()) front->Editor().setFocus();
+  viewport()->update();
+  CurrentChanged.Raise();
+}
+
+/// Makes the windows those of the visible panes, and the active pane's the one in front; gives that one.
+CodeWindow* CodeArea::FollowPanes() {
+  const FlagScope syncing(syncing_);
   const auto panes = workbench_.TheDesk()->Panes();
   std::erase_if(watched_, [&](const auto& entry) {
     return std::ranges::find(panes, entry.first, &std::shared_ptr<Pane>::get) == panes.end();
@@ -99,10 +108,7 @@ void CodeArea::Sync() {
   const auto active = workbench_.TheDesk()->ActivePane();
   CodeWindow* front = active ? WindowOf(*active) : nullptr;
   if (front != nullptr && activeSubWindow() != front) setActiveSubWindow(front);
-  syncing_ = false;
-  if (front != nullptr && isActiveWindow()) front->Editor().setFocus();
-  viewport()->update();
-  CurrentChanged.Raise();
+  return front;
 }
 
 void CodeArea::Watch(const std::shared_ptr<Pane>& pane) {

@@ -51,6 +51,7 @@ class CodeArea final : public QMdiArea {
 
  private:
   void Sync();
+  CodeWindow* FollowPanes();
   void Watch(const std::shared_ptr<workbench::Pane>& pane);
   void FollowPane(workbench::Pane& pane);
   CodeWindow* Open(const std::shared_ptr<workbench::Pane>& pane);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FlagScope.h"
 #include "base/Text.h"
 #include "desktop/platform/QtText.h"
 #include "workbench/model/Module.h"
@@ -130,9 +131,8 @@ void ModuleBinding::Pull() {
   const auto head = static_cast<std::ptrdiff_t>(common.head);
   const Lines inserted(after.begin() + head, after.end() - static_cast<std::ptrdiff_t>(common.tail));
   if (removed > 0 || !inserted.empty()) {
-    pulling_ = true;
+    const FlagScope pulling(pulling_);
     Show(static_cast<int>(head), removed, static_cast<int>(common.tail), inserted);
-    pulling_ = false;
   }
   blocks_ = document_.blockCount();
   Pulled.Raise();
@@ -176,14 +176,10 @@ void ModuleBinding::Push(int position, int added) {
     for (int line = first; line <= lastBefore; ++line) old.push_back(module_->Lines(line + 1, 1));
   }
   const Lines now = old.empty() ? shown : SplitLines(Merge(Join(old, u"\n"), Join(shown, u"\n")), u"\n");
-  pushing_ = true;
-  try {
-    if (!old.empty() || now.size() > 1 || !now.front().empty()) Store(first + 1, old, now);
-  } catch (...) {
-    pushing_ = false;
-    throw;
+  if (!old.empty() || now.size() > 1 || !now.front().empty()) {
+    const FlagScope pushing(pushing_);
+    Store(first + 1, old, now);
   }
-  pushing_ = false;
   shown_ = module_->Revision();
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FlagScope.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/ScreenColumns.h"
 #include "desktop/platform/QtText.h"
@@ -30,18 +31,17 @@ int PaneBinding::PositionOf(int line, int column) const {
 
 void PaneBinding::ToEditor() {
   if (busy_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   editor_.Refresh();
   const vbide::Selection selection = pane_->GetSelection();
   editor_.Select(PositionOf(selection.StartLine, selection.StartColumn),
                  PositionOf(selection.EndLine, selection.EndColumn));
   editor_.Reveal();
-  busy_ = false;
 }
 
 void PaneBinding::ToPane() {
   if (busy_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   const auto place = [this](int position, std::int32_t& line, std::int32_t& column) {
     const QTextBlock block = editor_.document()->findBlock(position);
     line = block.blockNumber() + 1;
@@ -53,7 +53,6 @@ void PaneBinding::ToPane() {
   place(cursor.selectionStart(), selection.StartLine, selection.StartColumn);
   place(cursor.selectionEnd(), selection.EndLine, selection.EndColumn);
   pane_->SetSelection(selection);
-  busy_ = false;
 }
 
 }  // namespace quorvane::desktop

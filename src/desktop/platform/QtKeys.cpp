@@ -5,6 +5,9 @@
 #include <array>
 #include <utility>
 
+#include "base/KeyCode.h"
+#include "platform/forms/MouseButton.h"
+
 namespace quorvane::desktop {
 
 namespace {
@@ -15,56 +18,56 @@ struct KeyPair {
 };
 
 constexpr std::array kKeys = {
-    KeyPair{Qt::Key_Backspace, 8},
-    KeyPair{Qt::Key_Tab, 9},
-    KeyPair{Qt::Key_Backtab, 9},
-    KeyPair{Qt::Key_Clear, 12},
-    KeyPair{Qt::Key_Return, 13},
-    KeyPair{Qt::Key_Enter, 13},
-    KeyPair{Qt::Key_Shift, 16},
-    KeyPair{Qt::Key_Control, 17},
-    KeyPair{Qt::Key_Alt, 18},
-    KeyPair{Qt::Key_Pause, 19},
-    KeyPair{Qt::Key_CapsLock, 20},
-    KeyPair{Qt::Key_Escape, 27},
-    KeyPair{Qt::Key_Space, 32},
-    KeyPair{Qt::Key_PageUp, 33},
-    KeyPair{Qt::Key_PageDown, 34},
-    KeyPair{Qt::Key_End, 35},
-    KeyPair{Qt::Key_Home, 36},
-    KeyPair{Qt::Key_Left, 37},
-    KeyPair{Qt::Key_Up, 38},
-    KeyPair{Qt::Key_Right, 39},
-    KeyPair{Qt::Key_Down, 40},
-    KeyPair{Qt::Key_Print, 44},
-    KeyPair{Qt::Key_Insert, 45},
-    KeyPair{Qt::Key_Delete, 46},
-    KeyPair{Qt::Key_Meta, 91},
-    KeyPair{Qt::Key_Menu, 93},
-    KeyPair{Qt::Key_NumLock, 144},
-    KeyPair{Qt::Key_ScrollLock, 145},
-    KeyPair{Qt::Key_Semicolon, 186},
-    KeyPair{Qt::Key_Colon, 186},
-    KeyPair{Qt::Key_Equal, 187},
-    KeyPair{Qt::Key_Plus, 187},
-    KeyPair{Qt::Key_Comma, 188},
-    KeyPair{Qt::Key_Less, 188},
-    KeyPair{Qt::Key_Minus, 189},
-    KeyPair{Qt::Key_Underscore, 189},
-    KeyPair{Qt::Key_Period, 190},
-    KeyPair{Qt::Key_Greater, 190},
-    KeyPair{Qt::Key_Slash, 191},
-    KeyPair{Qt::Key_Question, 191},
-    KeyPair{Qt::Key_QuoteLeft, 192},
-    KeyPair{Qt::Key_AsciiTilde, 192},
-    KeyPair{Qt::Key_BracketLeft, 219},
-    KeyPair{Qt::Key_BraceLeft, 219},
-    KeyPair{Qt::Key_Backslash, 220},
-    KeyPair{Qt::Key_Bar, 220},
-    KeyPair{Qt::Key_BracketRight, 221},
-    KeyPair{Qt::Key_BraceRight, 221},
-    KeyPair{Qt::Key_Apostrophe, 222},
-    KeyPair{Qt::Key_QuoteDbl, 222},
+    KeyPair{Qt::Key_Backspace, kKeyBackspace},
+    KeyPair{Qt::Key_Tab, kKeyTab},
+    KeyPair{Qt::Key_Backtab, kKeyTab},
+    KeyPair{Qt::Key_Clear, kKeyClear},
+    KeyPair{Qt::Key_Return, kKeyEnter},
+    KeyPair{Qt::Key_Enter, kKeyEnter},
+    KeyPair{Qt::Key_Shift, kKeyShift},
+    KeyPair{Qt::Key_Control, kKeyControl},
+    KeyPair{Qt::Key_Alt, kKeyAlt},
+    KeyPair{Qt::Key_Pause, kKeyPause},
+    KeyPair{Qt::Key_CapsLock, kKeyCapsLock},
+    KeyPair{Qt::Key_Escape, kKeyEscape},
+    KeyPair{Qt::Key_Space, kKeySpace},
+    KeyPair{Qt::Key_PageUp, kKeyPageUp},
+    KeyPair{Qt::Key_PageDown, kKeyPageDown},
+    KeyPair{Qt::Key_End, kKeyEnd},
+    KeyPair{Qt::Key_Home, kKeyHome},
+    KeyPair{Qt::Key_Left, kKeyLeft},
+    KeyPair{Qt::Key_Up, kKeyUp},
+    KeyPair{Qt::Key_Right, kKeyRight},
+    KeyPair{Qt::Key_Down, kKeyDown},
+    KeyPair{Qt::Key_Print, kKeyPrintScreen},
+    KeyPair{Qt::Key_Insert, kKeyInsert},
+    KeyPair{Qt::Key_Delete, kKeyDelete},
+    KeyPair{Qt::Key_Meta, kKeySystem},
+    KeyPair{Qt::Key_Menu, kKeyMenu},
+    KeyPair{Qt::Key_NumLock, kKeyNumLock},
+    KeyPair{Qt::Key_ScrollLock, kKeyScrollLock},
+    KeyPair{Qt::Key_Semicolon, kKeySemicolon},
+    KeyPair{Qt::Key_Colon, kKeySemicolon},
+    KeyPair{Qt::Key_Equal, kKeyEquals},
+    KeyPair{Qt::Key_Plus, kKeyEquals},
+    KeyPair{Qt::Key_Comma, kKeyComma},
+    KeyPair{Qt::Key_Less, kKeyComma},
+    KeyPair{Qt::Key_Minus, kKeyMinus},
+    KeyPair{Qt::Key_Underscore, kKeyMinus},
+    KeyPair{Qt::Key_Period, kKeyFullStop},
+    KeyPair{Qt::Key_Greater, kKeyFullStop},
+    KeyPair{Qt::Key_Slash, kKeySlash},
+    KeyPair{Qt::Key_Question, kKeySlash},
+    KeyPair{Qt::Key_QuoteLeft, kKeyBackquote},
+    KeyPair{Qt::Key_AsciiTilde, kKeyBackquote},
+    KeyPair{Qt::Key_BracketLeft, kKeyOpenBracket},
+    KeyPair{Qt::Key_BraceLeft, kKeyOpenBracket},
+    KeyPair{Qt::Key_Backslash, kKeyBackslash},
+    KeyPair{Qt::Key_Bar, kKeyBackslash},
+    KeyPair{Qt::Key_BracketRight, kKeyCloseBracket},
+    KeyPair{Qt::Key_BraceRight, kKeyCloseBracket},
+    KeyPair{Qt::Key_Apostrophe, kKeyQuote},
+    KeyPair{Qt::Key_QuoteDbl, kKeyQuote},
     KeyPair{Qt::Key_Exclam, '1'},
     KeyPair{Qt::Key_At, '2'},
     KeyPair{Qt::Key_NumberSign, '3'},
@@ -105,7 +108,7 @@ std::int32_t VirtualKeyOf(const QKeyEvent& event) {
     if (const std::int32_t code = KeypadCode(key)) return code;
   }
   if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
-  if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + key - Qt::Key_F1;
+  if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return kKeyF1 + key - Qt::Key_F1;
   const auto found = std::ranges::find(kKeys, key, &KeyPair::qt);
   return found != kKeys.end() ? found->code : 0;
 }
@@ -118,11 +121,11 @@ std::int32_t ShiftStateOf(Qt::KeyboardModifiers modifiers) {
 std::int16_t MouseButtonOf(Qt::MouseButton button) {
   switch (button) {
     case Qt::LeftButton:
-      return 1;
+      return forms::kLeftButton;
     case Qt::RightButton:
-      return 2;
+      return forms::kRightButton;
     case Qt::MiddleButton:
-      return 4;
+      return forms::kMiddleButton;
     default:
       return 0;
   }

@@ -21,25 +21,25 @@ constexpr int kIconMask = 0xF0;
 constexpr int kDefaultMask = 0xF00;
 constexpr int kDefaultStep = 0x100;
 
-constexpr Choice kOk{QMessageBox::Ok, 1};
-constexpr Choice kCancel{QMessageBox::Cancel, 2};
-constexpr Choice kAbort{QMessageBox::Abort, 3};
-constexpr Choice kRetry{QMessageBox::Retry, 4};
-constexpr Choice kIgnore{QMessageBox::Ignore, 5};
-constexpr Choice kYes{QMessageBox::Yes, 6};
-constexpr Choice kNo{QMessageBox::No, 7};
+constexpr Choice kOk{QMessageBox::Ok, kAnswerOk};
+constexpr Choice kCancel{QMessageBox::Cancel, kAnswerCancel};
+constexpr Choice kAbort{QMessageBox::Abort, kAnswerAbort};
+constexpr Choice kRetry{QMessageBox::Retry, kAnswerRetry};
+constexpr Choice kIgnore{QMessageBox::Ignore, kAnswerIgnore};
+constexpr Choice kYes{QMessageBox::Yes, kAnswerYes};
+constexpr Choice kNo{QMessageBox::No, kAnswerNo};
 
 std::vector<Choice> ButtonsOf(int flags) {
   switch (flags & kButtonMask) {
-    case 1:
+    case kOkCancel:
       return {kOk, kCancel};
-    case 2:
+    case kAbortRetryIgnore:
       return {kAbort, kRetry, kIgnore};
-    case 3:
+    case kYesNoCancel:
       return {kYes, kNo, kCancel};
-    case 4:
+    case kYesNo:
       return {kYes, kNo};
-    case 5:
+    case kRetryCancel:
       return {kRetry, kCancel};
     default:
       return {kOk};

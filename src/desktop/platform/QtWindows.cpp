@@ -13,16 +13,6 @@ namespace quorvane::desktop {
 
 namespace {
 
-constexpr std::uint32_t kBringViewForward = 0x1043;
-constexpr std::int32_t kHide = 0;
-constexpr std::int32_t kShowNoActivate = 4;
-constexpr std::uint32_t kNoSize = 1;
-constexpr std::uint32_t kNoMove = 2;
-constexpr WindowHandle kTop = 0;
-constexpr WindowHandle kBottom = 1;
-constexpr WindowHandle kTopmost = -1;
-constexpr WindowHandle kNotTopmost = -2;
-
 /// Above all other programs' windows or not. A window that belongs to another one lies above that in any case, and more
 /// would hide message boxes. The toolkit makes the native window anew for this, so that a visible one has to be shown
 /// again.
@@ -91,7 +81,7 @@ std::int32_t QtWindows::SendMessage(WindowHandle window, std::uint32_t message, 
     return answer(message, wParam, lParam);
   }
   const std::int32_t result = table_->SendMessage(window, message, wParam, lParam);
-  if (message == kBringViewForward) BroughtForward.Raise(window);
+  if (message == kActivateCodeView) BroughtForward.Raise(window);
   return result;
 }
 
@@ -99,7 +89,7 @@ void QtWindows::ShowWindow(WindowHandle window, std::int32_t command) {
   QWidget* widget = OwnWidget(window);
   if (widget == nullptr) return table_->ShowWindow(window, command);
   widget->setAttribute(Qt::WA_ShowWithoutActivating, command == kShowNoActivate);
-  widget->setVisible(command != kHide);
+  widget->setVisible(command != kHideWindow);
 }
 
 void QtWindows::ShowWindowAsync(WindowHandle window, std::int32_t command) {
@@ -112,9 +102,10 @@ void QtWindows::SetWindowPos(WindowHandle window, WindowHandle insertAfter, std:
   if (widget == nullptr) return table_->SetWindowPos(window, insertAfter, x, y, width, height, flags);
   if ((flags & kNoMove) == 0) widget->move(x, y);
   if ((flags & kNoSize) == 0) widget->resize(width, height);
-  if (insertAfter == kTopmost || insertAfter == kNotTopmost) SetTopmost(*widget, insertAfter == kTopmost);
-  if (insertAfter == kTop || insertAfter == kTopmost) widget->raise();
-  if (insertAfter == kBottom) widget->lower();
+  if (insertAfter == kTopmostWindow || insertAfter == kNotTopmostWindow)
+    SetTopmost(*widget, insertAfter == kTopmostWindow);
+  if (insertAfter == kTopWindow || insertAfter == kTopmostWindow) widget->raise();
+  if (insertAfter == kBottomWindow) widget->lower();
 }
 
 WindowHandle QtWindows::GetTopWindow(WindowHandle window) {

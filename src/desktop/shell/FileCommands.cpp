@@ -9,6 +9,7 @@
 #include <exception>
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/Texts.h"
 #include "workbench/model/Component.h"
@@ -28,7 +29,6 @@ using native::FileStamp;
 using workbench::Component;
 using workbench::Project;
 
-constexpr std::int32_t kUserInterrupt = 18;
 constexpr int kProgressDelay = 400;  // ms
 
 std::vector<std::string> ToPaths(const QStringList& files) {
@@ -104,7 +104,7 @@ bool FileCommands::OpenNow(const QStringList& files) {
     warnings = workbench::OpenFilesInto(workbench_, ToPaths(files), tell);
   } catch (const Error& error) {
     progress.reset();
-    if (error.Number != kUserInterrupt) TellError(texts_(Text::CannotOpen), ToQString(error.Description));
+    if (!error.Is(ErrorNumber::UserInterrupt)) TellError(texts_(Text::CannotOpen), ToQString(error.Description));
     return false;
   }
   progress.reset();
@@ -200,7 +200,7 @@ bool FileCommands::CloseProject(const std::shared_ptr<Project>& project) {
 
 void FileCommands::CheckDisk() {
   if (checking_) return;  // a question is open
-  checking_ = true;
+  const FlagScope checking(checking_);
   ComponentList changed;
   for (const auto& project : workbench_.Projects()) {
     for (const auto& component : project->Components()) {
@@ -210,7 +210,6 @@ void FileCommands::CheckDisk() {
     }
   }
   for (const auto& component : changed) CheckFile(component);
-  checking_ = false;
   if (!changed.empty()) Saved.Raise();
 }
 

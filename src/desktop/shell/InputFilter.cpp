@@ -41,7 +41,7 @@ bool InputFilter::TakeHotkey(const QKeyEvent& event) const {
   try {
     return manager->KeyDown(chord.KeyCode, chord.Modifier);
   } catch (...) {
-    if (Globals::gobjErrorManager) Globals::gobjErrorManager->ShowErr();
+    ShowHandledError();
     return true;
   }
 }

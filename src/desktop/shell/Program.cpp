@@ -55,7 +55,7 @@ class Application final : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
-      QtPrompts().MsgBox(FromUtf8(error.what()), 16, u"Quorvane");
+      QtPrompts().MsgBox(FromUtf8(error.what()), kCritical, u"Quorvane");
       return true;
     }
   }

@@ -5,6 +5,7 @@
 #include <QMimeData>
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/ComboBox.h"
@@ -52,7 +53,7 @@ ComboView::ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent) : QComb
 
 void ComboView::Follow() {
   if (busy_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   FollowList();
   if (isEditable()) {
     FollowText();
@@ -60,7 +61,6 @@ void ComboView::Follow() {
     setCurrentIndex(combo_.ListIndex());
   }
   FollowControl(*this, combo_);
-  busy_ = false;
 }
 
 void ComboView::FollowList() {
@@ -88,11 +88,12 @@ void ComboView::FollowText() {
 
 void ComboView::Edited() {
   const QLineEdit& line = *lineEdit();
-  busy_ = true;
-  combo_.Edit(FromQString(line.text()), line.cursorPosition(), 0);
-  selStart_ = combo_.SelStart();
-  selLength_ = combo_.SelLength();
-  busy_ = false;
+  {
+    const FlagScope busy(busy_);
+    combo_.Edit(FromQString(line.text()), line.cursorPosition(), 0);
+    selStart_ = combo_.SelStart();
+    selLength_ = combo_.SelLength();
+  }
   Follow();
 }
 

@@ -48,7 +48,7 @@ QWidget* DialogView::EnterChoices(const std::shared_ptr<forms::Frame>& frame, QW
   auto* box = Enter(frame, new FrameView(*frame, parent));
   auto* layout = new QVBoxLayout(box);
   layout->setSpacing(kChoiceSpacing);
-  for (const auto& child : frame->Children) {
+  for (const auto& child : frame->Children()) {
     if (const auto option = std::dynamic_pointer_cast<forms::OptionButton>(child)) {
       layout->addWidget(Enter(child, new OptionView(*option, box)));
     } else if (const auto check = std::dynamic_pointer_cast<forms::CheckBox>(child)) {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/views/ViewFactory.h"
@@ -57,9 +58,8 @@ void FormWindow::TellSize() {
   if (dialog_ == nullptr || floats_) return;
   const QSize size = layout()->sizeHint();
   if (size.width() == dialog_->Width() && size.height() == dialog_->Height()) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   dialog_->SetSize(size.width(), size.height());
-  busy_ = false;
 }
 
 void FormWindow::Follow() {
@@ -123,9 +123,8 @@ QWidget* FormWindow::OwnerWindow() const {
 void FormWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   if (dialog_ == nullptr || floats_ || !isVisible() || busy_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   dialog_->Move(pos().x(), pos().y());
-  busy_ = false;
 }
 
 bool FormWindow::event(QEvent* event) {

@@ -9,6 +9,7 @@
 #include <QTreeWidget>
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "desktop/platform/QtText.h"
 
@@ -63,7 +64,7 @@ void KeyEditorView::Add() {
 }
 
 void KeyEditorView::Follow() {
-  busy_ = true;
+  const FlagScope busy(busy_);
   commands_->setHeaderLabels({ToQString(editor_.FunctionCaption), ToQString(editor_.HotkeyCaption)});
   FollowRows();
   box_->setText(ToQString(editor_.Pressed()));
@@ -74,7 +75,6 @@ void KeyEditorView::Follow() {
   const QString owner = Owner();
   warning_->setText(owner.isEmpty() ? QString()
                                     : QStringLiteral("\u26A0 %1: %2").arg(ToQString(editor_.Pressed()), owner));
-  busy_ = false;
 }
 
 void KeyEditorView::FollowRows() {

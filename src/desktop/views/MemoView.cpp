@@ -1,5 +1,6 @@
 #include "desktop/views/MemoView.h"
 
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/TextBox.h"
@@ -29,20 +30,18 @@ MemoView::MemoView(forms::TextBox& box, QWidget* parent) : QPlainTextEdit(parent
   changed_ = box.Changed.Subscribe([this] { Follow(); });
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (busy_) return;
-    busy_ = true;
+    const FlagScope busy(busy_);
     box_.Edit(FromQString(TextOf(*document())));
-    busy_ = false;
   });
   Follow();
 }
 
 void MemoView::Follow() {
   if (busy_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   if (const QString text = WithPlainBreaks(box_.Text()); text != TextOf(*document())) setPlainText(text);
   setReadOnly(box_.Locked());
   FollowControl(*this, box_);
-  busy_ = false;
 }
 
 }  // namespace quorvane::desktop

@@ -6,6 +6,7 @@
 #include <QTabWidget>
 
 #include "addin/dialogs/frmOption.h"
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/views/ButtonView.h"
 #include "desktop/views/ComboView.h"
@@ -50,12 +51,11 @@ void OptionsView::MakeTabs() {
 }
 
 void OptionsView::FollowTabs() {
-  busy_ = true;
+  const FlagScope busy(busy_);
   const forms::TabStrip& strip = *form_.SSTab设定;
   for (std::int16_t i = 0; i < strip.Tabs(); ++i) tabs_->setTabText(i, ToQString(strip.TabCaption(i)));
   tabs_->setCurrentIndex(strip.Tab());
   FollowControl(*tabs_, strip);
-  busy_ = false;
 }
 
 QWidget* OptionsView::MakePreviewFrame(QWidget* parent) {

@@ -15,13 +15,14 @@
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "platform/NativeWindows.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
 
 namespace quorvane::desktop {
 
 namespace {
 
-constexpr std::uint32_t kItemFromPoint = 425;
 constexpr int kMiss = 0x10000;  // a high word other than 0
 constexpr int kPadding = 2;     // above and below the text of a row
 
@@ -135,7 +136,7 @@ void ResultListView::mousePressEvent(QMouseEvent* event) {
   if (button == 0) return;
   const QPointF place = event->position();
   const int row = RowAt(static_cast<int>(place.x()), static_cast<int>(place.y()));
-  if (row >= 0 && button != 4) list_.SetListIndex(row);
+  if (row >= 0 && button != forms::kMiddleButton) list_.SetListIndex(row);
   list_.MouseDown.Raise(button, Shift(*event), static_cast<float>(place.x()), static_cast<float>(place.y()));
 }
 

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QToolTip>
 
+#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
 #include "platform/forms/Slider.h"
@@ -24,11 +25,10 @@ SliderView::SliderView(forms::Slider& slider, QWidget* parent) : QSlider(Qt::Hor
 }
 
 void SliderView::Follow() {
-  busy_ = true;
+  const FlagScope busy(busy_);
   setValue(slider_.Value());
   setToolTip(ToQString(slider_.Text()));
   FollowControl(*this, slider_);
-  busy_ = false;
 }
 
 }  // namespace quorvane::desktop

@@ -4,10 +4,12 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "base/FlagScope.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
 #include "platform/forms/ImageList.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 
@@ -46,7 +48,7 @@ TabBarView::TabBarView(forms::TabControl& control, QWidget* parent)
 TabBarView::~TabBarView() = default;
 
 void TabBarView::Follow() {
-  busy_ = true;
+  const FlagScope busy(busy_);
   const std::vector<std::shared_ptr<forms::Tab>> tabs = control_.Tabs();
   for (std::size_t i = shown_.size(); i-- > 0;) {
     if (std::ranges::find(tabs, shown_[i]) != tabs.end()) continue;
@@ -63,7 +65,6 @@ void TabBarView::Follow() {
     if (tabs[i] == control_.SelectedTab()) setCurrentIndex(index);
   }
   setEnabled(control_.Enabled());
-  busy_ = false;
 }
 
 void TabBarView::FollowTab(int index, const forms::Tab& tab) {
@@ -119,7 +120,7 @@ void TabBarView::mousePressEvent(QMouseEvent* event) {
   const std::int16_t button = MouseButtonOf(event->button());
   if (button == 0) return;
   const auto tab = TabUnder(*event);
-  if (button == 1) pressed_ = tab;
+  if (button == forms::kLeftButton) pressed_ = tab;
   const auto x = static_cast<float>(event->position().x());
   const auto y = static_cast<float>(event->position().y());
   if (tab) {

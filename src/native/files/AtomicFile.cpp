@@ -15,12 +15,9 @@ namespace quorvane::native {
 
 namespace {
 
-constexpr std::int32_t kDiskFull = 61;
-constexpr std::int32_t kPathAccess = 75;
-
 [[noreturn]] void RaiseFileError(const std::string& path, int code) {
-  throw Error(IsDiskFull(code) ? kDiskFull : kPathAccess,
-              u"Cannot write " + FromUtf8(path) + u": " + FromUtf8(ErrnoText(code)));
+  RaiseError(IsDiskFull(code) ? ErrorNumber::DiskFull : ErrorNumber::PathFileAccess,
+             u"Cannot write " + FromUtf8(path) + u": " + FromUtf8(ErrnoText(code)));
 }
 
 /// The file that a link leads to, be it there or not; the path itself when it is none.

@@ -29,7 +29,6 @@ constexpr double kLongRun = 0.01;                 ///< seconds; a window that ta
 constexpr std::size_t kSmallStack = 32 << 10;     ///< bytes
 constexpr std::size_t kBigStack = 64 << 20;
 constexpr std::uint32_t kInterpreterHeap = 256 << 10;  ///< in KiB
-constexpr std::int32_t kOutOfStack = 28;               ///< the platform's number for a search that runs away
 
 PCRE2_SPTR16 Units(std::u16string_view text) {
   static constexpr char16_t nothing = 0;
@@ -177,7 +176,8 @@ void PcrePattern::RaiseTooCostly() {
   mlngLimit = kFirstLimit;
   std::u16string shown = mstrSource.substr(0, kShown);
   if (mstrSource.size() > kShown) shown += u"…";
-  throw Error(kOutOfStack, u"The regular expression takes too long or too much memory on this text: " + shown);
+  RaiseError(ErrorNumber::OutOfStack,
+             u"The regular expression takes too long or too much memory on this text: " + shown);
 }
 
 }  // namespace quorvane::native

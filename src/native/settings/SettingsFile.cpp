@@ -16,8 +16,6 @@ namespace quorvane::native {
 
 namespace {
 
-constexpr std::int32_t kPathAccess = 75;
-constexpr std::int32_t kInvalidFormat = 321;
 constexpr std::size_t kHexDigits = 4;
 
 void AppendHex(char16_t unit, std::u16string& out) {
@@ -82,7 +80,7 @@ std::vector<SettingsFile::Section>& SettingsFile::Read() {
   const FileBytes file = ReadFileBytes(path_);
   std::error_code failed;
   if (file.error != 0 && (std::filesystem::exists(FilePath(path_), failed) || failed)) {
-    throw Error(kPathAccess, u"Path/File access error: " + FromUtf8(path_));
+    RaiseError(ErrorNumber::PathFileAccess, u"Path/File access error: " + FromUtf8(path_));
   }
   Parse(file.bytes);
   read_ = true;
@@ -111,7 +109,7 @@ void SettingsFile::Write() {
     std::error_code failed;
     std::filesystem::remove(FilePath(path_ + ".damaged"), failed);
     std::filesystem::create_hard_link(FilePath(path_), FilePath(path_ + ".damaged"), failed);
-    if (failed) throw Error(kPathAccess, u"Path/File access error: " + FromUtf8(path_ + ".damaged"));
+    if (failed) RaiseError(ErrorNumber::PathFileAccess, u"Path/File access error: " + FromUtf8(path_ + ".damaged"));
   }
   WriteFileWhole(path_, bytes);
   unreadable_ = false;
@@ -142,8 +140,8 @@ void SettingsFile::ParseLine(std::string_view line, std::size_t number) {
 }
 
 void SettingsFile::FailAt(std::size_t number) const {
-  throw Error(kInvalidFormat,
-              u"Invalid file format: " + FromUtf8(path_) + u", line " + ToText(static_cast<std::int64_t>(number)));
+  RaiseError(ErrorNumber::InvalidFileFormat,
+             u"Invalid file format: " + FromUtf8(path_) + u", line " + ToText(static_cast<std::int64_t>(number)));
 }
 
 }  // namespace quorvane::native

@@ -6,18 +6,12 @@
 
 namespace quorvane::forms {
 
-namespace {
-
-constexpr std::int32_t kCanceled = 32755;
-
-}  // namespace
-
 void CommonDialog::ShowSave() {
   const auto chosen = ThePlatform().MessageBoxes().AskSaveFileName({FileName, Filter, DialogTitle, DefaultExt});
   if (chosen) {
     FileName = *chosen;
   } else if (CancelError) {
-    throw Error(kCanceled, u"Cancel was selected.");
+    RaiseError(ErrorNumber::DialogCanceled, u"Cancel was selected.");
   }
 }
 

@@ -18,6 +18,12 @@ void Control::SetEnabled(bool enabled) {
   Changed.Raise();
 }
 
+bool Control::IsOpen() const {
+  if (!enabled_ || !visible_) return false;
+  const auto container = Container();
+  return !container || container->IsOpen();
+}
+
 void Control::SetContainer(const std::shared_ptr<Control>& container) {
   container_ = container;
   Changed.Raise();

@@ -8,13 +8,6 @@
 
 namespace quorvane::forms {
 
-namespace {
-
-constexpr std::int32_t kNameTaken = 727;
-constexpr std::int32_t kNoSuchControl = 730;
-
-}  // namespace
-
 void Controls::Register(const std::u16string& progId, Factory factory) {
   std::erase_if(factories_, [&](const auto& known) { return EqualsNoCaseAscii(known.first, progId); });
   factories_.emplace_back(progId, std::move(factory));
@@ -47,7 +40,8 @@ void Controls::Place(const std::u16string& name, std::int16_t index, const std::
 }
 
 void Controls::CheckFree(const std::u16string& name) const {
-  if (Find(name) != controls_.end()) throw Error(kNameTaken, u"There is already a control with the name " + name);
+  if (Find(name) != controls_.end())
+    RaiseError(ErrorNumber::NameTaken, u"There is already a control with the name " + name);
 }
 
 void Controls::Remove(std::u16string_view name) {
@@ -58,7 +52,7 @@ void Controls::Remove(std::u16string_view name) {
 
 std::shared_ptr<Control> Controls::Item(std::u16string_view name) const {
   const auto found = Find(name);
-  if (found == controls_.end()) throw Error(kNoSuchControl, u"There is no control " + std::u16string(name));
+  if (found == controls_.end()) RaiseError(ErrorNumber::NoSuchControl, u"There is no control " + std::u16string(name));
   return *found;
 }
 

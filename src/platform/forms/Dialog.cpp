@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/KeyCode.h"
 #include "base/Text.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
@@ -19,15 +20,6 @@
 namespace quorvane::forms {
 
 namespace {
-
-constexpr std::int16_t kEnter = 13;
-constexpr std::int16_t kEsc = 27;
-
-bool IsOpen(const Control& control) {
-  if (!control.Enabled() || !control.Visible()) return false;
-  const auto container = control.Container();
-  return !container || IsOpen(*container);
-}
 
 template <class... Kinds>
 bool IsOneOf(const Control& control) {
@@ -82,7 +74,7 @@ void Dialog::SetSize(std::int32_t width, std::int32_t height) {
 }
 
 void Dialog::SetFocus(const std::shared_ptr<Control>& control) {
-  if (!Visible() || !IsOpen(Deref(control)) || !TakesFocus(*control)) {
+  if (!Visible() || !Deref(control).IsOpen() || !TakesFocus(*control)) {
     RaiseError(ErrorNumber::InvalidProcedureCall, u"The control cannot have the focus: " + control->Name());
   }
   active_ = control;
@@ -97,20 +89,20 @@ bool Dialog::PressKey(std::int16_t keyCode, std::int16_t shift) {
   const auto self = shared_from_this();
   Form_KeyDown(keyCode, shift);
   if (!Visible()) return true;
-  if (keyCode == kEsc) return PressEsc();
-  return keyCode == kEnter && PressEnter();
+  if (keyCode == kKeyEscape) return PressEsc();
+  return keyCode == kKeyEnter && PressEnter();
 }
 
 bool Dialog::PressEsc() {
-  if (!cancelButton_ || !IsOpen(*cancelButton_)) return false;
+  if (!cancelButton_ || !cancelButton_->IsOpen()) return false;
   cancelButton_->Press();
   return true;
 }
 
 bool Dialog::PressEnter() {
   auto button = std::dynamic_pointer_cast<CommandButton>(ActiveControl());
-  if (!button || !IsOpen(*button)) button = defaultButton_;
-  if (!button || !IsOpen(*button)) return false;
+  if (!button || !button->IsOpen()) button = defaultButton_;
+  if (!button || !button->IsOpen()) return false;
   button->Press();
   return true;
 }
@@ -124,14 +116,14 @@ bool Dialog::PressAccessKey(char16_t letter) {
   for (std::size_t i = 1; i <= all.size(); ++i) {
     const std::size_t place = (start + i) % all.size();
     const Control& control = *all[place];
-    if (IsOpen(control) && AccessKey(CaptionOf(control)) == ToLowerAscii(letter)) return Act(place);
+    if (control.IsOpen() && AccessKey(CaptionOf(control)) == ToLowerAscii(letter)) return Act(place);
   }
   return false;
 }
 
 bool Dialog::Act(std::size_t place) {
   const auto& all = controls_.All();
-  while (place < all.size() && !(TakesFocus(*all[place]) && IsOpen(*all[place]))) ++place;
+  while (place < all.size() && !(TakesFocus(*all[place]) && all[place]->IsOpen())) ++place;
   if (place == all.size()) return false;
   const std::shared_ptr<Control> control = all[place];
   SetFocus(control);

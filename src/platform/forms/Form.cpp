@@ -9,13 +9,6 @@
 
 namespace quorvane::forms {
 
-namespace {
-
-constexpr std::int32_t kObjectWasUnloaded = 364;
-constexpr std::int32_t kAlreadyDisplayed = 400;
-
-}  // namespace
-
 Form::Form(std::u16string name) : name_(std::move(name)) {}
 
 Form::~Form() = default;
@@ -47,10 +40,10 @@ void Form::Load() {
 void Form::Show(FormModal modal, const std::shared_ptr<Form>& owner) {
   const auto self = shared_from_this();
   if (modal == FormModal::Modal && visible_) {
-    throw Error(kAlreadyDisplayed, u"Form already displayed; can't show modally: " + name_);
+    RaiseError(ErrorNumber::AlreadyDisplayed, u"Form already displayed; can't show modally: " + name_);
   }
   Load();
-  if (!loaded_) throw Error(kObjectWasUnloaded, u"Object was unloaded: " + name_);
+  if (!loaded_) RaiseError(ErrorNumber::ObjectWasUnloaded, u"Object was unloaded: " + name_);
   owner_ = owner;
   modal_ = modal == FormModal::Modal;
   const bool again = visible_;

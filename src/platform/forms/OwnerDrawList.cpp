@@ -4,12 +4,6 @@
 
 namespace quorvane::forms {
 
-namespace {
-
-constexpr std::int32_t kInvalidPropertyIndex = 381;
-
-}  // namespace
-
 void OwnerDrawList::AddItem(const std::u16string& text, std::int32_t itemData) {
   rows_.push_back({text, itemData});
   RowsChanged.Raise();
@@ -22,7 +16,7 @@ void OwnerDrawList::Clear() {
 }
 
 const OwnerDrawList::Row& OwnerDrawList::At(std::int32_t index) const {
-  if (index < 0 || index >= ListCount()) throw Error(kInvalidPropertyIndex, u"Invalid property array index");
+  if (index < 0 || index >= ListCount()) RaiseError(ErrorNumber::InvalidPropertyIndex, u"Invalid property array index");
   return rows_[static_cast<std::size_t>(index)];
 }
 

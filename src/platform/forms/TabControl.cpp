@@ -5,15 +5,10 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "platform/forms/MouseButton.h"
 #include "platform/forms/Tab.h"
 
 namespace quorvane::forms {
-
-namespace {
-
-constexpr std::int16_t kLeftButton = 1;
-
-}  // namespace
 
 TabControl::TabControl() = default;
 

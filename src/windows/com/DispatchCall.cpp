@@ -10,8 +10,6 @@ namespace quorvane::com {
 
 namespace {
 
-constexpr std::int32_t kArgumentNotOptional = 449;
-
 /// Puts `value`, whose type is that of the variable, where a reference leads. What an object or a text replaces is
 /// released.
 void Store(const VARIANT& reference, VARIANT& value) {
@@ -51,7 +49,7 @@ bool DispatchCall::Has(std::size_t index) const {
 }
 
 const VARIANT& DispatchCall::At(std::size_t index) const {
-  if (!Has(index)) throw Error(kArgumentNotOptional, u"Argument not optional");
+  if (!Has(index)) RaiseError(ErrorNumber::ArgumentNotOptional, u"Argument not optional");
   return arguments_.rgvarg[arguments_.cArgs - 1 - index];
 }
 

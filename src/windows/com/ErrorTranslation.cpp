@@ -13,10 +13,6 @@ namespace {
 
 constexpr std::uint32_t kVisualBasic = 0x800A0000U;
 constexpr std::uint32_t kFacilityMask = 0xFFFF0000U;
-constexpr std::int32_t kNamedArgument = 448;
-constexpr std::int32_t kArgumentNotOptional = 449;
-constexpr std::int32_t kArgumentCount = 450;
-constexpr std::int32_t kNoSuchMember = 438;
 
 /// What Windows says about `result`, without the line break at its end; empty when it says nothing.
 std::u16string WindowsWords(HRESULT result) {
@@ -31,10 +27,6 @@ std::u16string WindowsWords(HRESULT result) {
 }
 
 std::u16string WordsFor(std::int32_t number, HRESULT result) {
-  if (number == kNoSuchMember) return u"Object doesn't support this property or method";
-  if (number == kArgumentCount) return u"Wrong number of arguments or invalid property assignment";
-  if (number == kArgumentNotOptional) return u"Argument not optional";
-  if (number == kNamedArgument) return u"Named argument not found";
   if (number > 0) return ErrorText(static_cast<ErrorNumber>(number));
   const std::u16string words = WindowsWords(result);
   return words.empty() ? ErrorText(static_cast<ErrorNumber>(0)) : words;
@@ -60,14 +52,14 @@ std::int32_t NumberOf(HRESULT result) {
   switch (result) {
     case DISP_E_MEMBERNOTFOUND:
     case DISP_E_UNKNOWNNAME:
-      return kNoSuchMember;
+      return static_cast<std::int32_t>(ErrorNumber::NoSuchMember);
     case DISP_E_NONAMEDARGS:
     case DISP_E_PARAMNOTFOUND:
-      return kNamedArgument;
+      return static_cast<std::int32_t>(ErrorNumber::NoSuchNamedArgument);
     case DISP_E_PARAMNOTOPTIONAL:
-      return kArgumentNotOptional;
+      return static_cast<std::int32_t>(ErrorNumber::ArgumentNotOptional);
     case DISP_E_BADPARAMCOUNT:
-      return kArgumentCount;
+      return static_cast<std::int32_t>(ErrorNumber::WrongArgumentCount);
     case DISP_E_TYPEMISMATCH:
     case DISP_E_BADVARTYPE:
     case E_NOINTERFACE:

@@ -11,8 +11,6 @@ namespace quorvane::com {
 
 namespace {
 
-constexpr std::int32_t kNoSuchMember = 438;
-
 /// The identifier of the object's class, GUID_NULL when it tells of none. Type information that bears the name of
 /// IDispatch itself says nothing of the class.
 GUID ClassOf(IDispatch& object) {
@@ -42,7 +40,7 @@ DISPID MemberIds::IdOf(IDispatch& object, const char16_t* name) {
   wchar_t* names[] = {Wide(buffer.data())};
   const HRESULT result = object.GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
   if (MissesMember(result)) {
-    throw Error(kNoSuchMember, u"Object doesn't support this property or method: " + buffer);
+    RaiseError(ErrorNumber::NoSuchMember, u"Object doesn't support this property or method: " + buffer);
   }
   Check(result);
   known_.emplace_back(wanted, id);

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/FlagScope.h"
 #include "platform/forms/Dialog.h"
 #include "windows/platform/Handles.h"
 #include "windows/platform/Metrics.h"
@@ -130,9 +131,8 @@ void FormWindow::FollowSize() {
     ::SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
   if (dialog_ == nullptr || floats_) return;
-  busy_ = true;
+  const FlagScope busy(busy_);
   dialog_->SetSize(width, height);
-  busy_ = false;
 }
 
 void FormWindow::FollowPlace() {
@@ -143,9 +143,8 @@ void FormWindow::FollowPlace() {
   if (floats_) place.y += dialog_->Height() - Height(now);
   if (place.x == now.left && place.y == now.top) return;
   if (IsChild()) ::ScreenToClient(::GetParent(Handle()), &place);
-  busy_ = true;
+  const FlagScope busy(busy_);
   ::SetWindowPos(Handle(), nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  busy_ = false;
 }
 
 /// A form that floats and was never filled has nothing to show, and any other would lie above a window that waits for
@@ -241,9 +240,8 @@ void FormWindow::TellPlace() {
   if (dialog_ == nullptr || floats_ || busy_ || !::IsWindowVisible(Handle())) return;
   RECT now{};
   ::GetWindowRect(Handle(), &now);
-  busy_ = true;
+  const FlagScope busy(busy_);
   dialog_->Move(now.left, now.top);
-  busy_ = false;
 }
 
 bool FormWindow::TakeKey(const MSG& message) {

@@ -17,7 +17,8 @@ namespace quorvane::windows {
 namespace {
 
 constexpr std::size_t kLongestPath = 32768;
-constexpr int kLastAnswer[] = {1, 2, 5, 2, 7, 2};  // by buttons: the one that does the least
+constexpr int kLastAnswer[] = {kAnswerOk,     kAnswerCancel, kAnswerIgnore,
+                               kAnswerCancel, kAnswerNo,     kAnswerCancel};  // by buttons: the one that does the least
 
 /// "Words|*.XML|More words|*.*" with a zero behind each part, and one more at the end.
 std::u16string FilterOf(const std::u16string& filter) {
@@ -45,7 +46,7 @@ int Win32Prompts::MsgBox(const std::u16string& text, int flags, const std::u16st
   const int answer = ::MessageBoxW(owner, Wide(text), Wide(caption), static_cast<UINT>(flags));
   if (answer > 0) return answer;
   const auto buttons = static_cast<std::size_t>(flags & 0xF);
-  return buttons < std::size(kLastAnswer) ? kLastAnswer[buttons] : 1;
+  return buttons < std::size(kLastAnswer) ? kLastAnswer[buttons] : kAnswerOk;
 }
 
 std::optional<std::u16string> Win32Prompts::AskSaveFileName(const FileDialogSetup& setup) {

@@ -11,16 +11,6 @@
 
 namespace quorvane::windows {
 
-namespace {
-
-bool IsOpen(const forms::Control& control) {
-  if (!control.Enabled() || !control.Visible()) return false;
-  const auto container = control.Container();
-  return !container || IsOpen(*container);
-}
-
-}  // namespace
-
 ControlView::ControlView(DialogView& dialog, std::shared_ptr<forms::Control> control)
     : dialog_(dialog), control_(std::move(control)) {}
 
@@ -87,7 +77,7 @@ void ControlView::Place(const RECT& room) {
 }
 
 bool ControlView::IsUsable() const {
-  return Handle() != nullptr && IsOpen(*control_) && ::IsWindowEnabled(Handle()) && ::IsWindowVisible(Handle());
+  return Handle() != nullptr && control_->IsOpen() && ::IsWindowEnabled(Handle()) && ::IsWindowVisible(Handle());
 }
 
 bool ControlView::HasFocus() const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/FlagScope.h"
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Control.h"
@@ -13,6 +14,7 @@
 #include "windows/views/ButtonView.h"
 #include "windows/views/CheckView.h"
 #include "windows/views/FrameView.h"
+#include "windows/views/Input.h"
 #include "windows/views/MenuView.h"
 #include "windows/views/OptionView.h"
 #include "windows/views/TabGround.h"
@@ -24,11 +26,6 @@ namespace {
 constexpr int kMargin = 7;
 constexpr int kChoiceGap = 3;
 constexpr std::int32_t kCtrl = 2;
-
-std::int16_t ButtonOf(UINT message) {
-  if (message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK) return 2;
-  return message == WM_MBUTTONDOWN || message == WM_MBUTTONDBLCLK ? 4 : 1;
-}
 
 bool IsEdit(HWND window) {
   wchar_t name[8];
@@ -57,7 +54,7 @@ std::unique_ptr<Placeable> DialogView::EnterChoices(const std::shared_ptr<forms:
   auto& box = Enter<FrameView>(frame, parent);
   auto column = MakeColumn(units_.Down(kChoiceGap));
   bool first = true;
-  for (const auto& child : frame->Children) {
+  for (const auto& child : frame->Children()) {
     if (const auto option = std::dynamic_pointer_cast<forms::OptionButton>(child)) {
       column->Add(Enter<OptionView>(option, parent, first));
     } else if (const auto check = std::dynamic_pointer_cast<forms::CheckBox>(child)) {
@@ -121,9 +118,8 @@ void DialogView::NoteLeft(HWND next) {
 }
 
 void DialogView::HoldFocus() {
-  giving_ = true;
+  const FlagScope giving(giving_);
   ::SetFocus(Handle());
-  giving_ = false;
   holding_ = true;
 }
 
@@ -145,9 +141,8 @@ void DialogView::FollowFocus() {
 }
 
 void DialogView::GiveFocus(ControlView& view) {
-  giving_ = true;
+  const FlagScope giving(giving_);
   ::SetFocus(view.FocusWindow());
-  giving_ = false;
   holding_ = false;
 }
 

@@ -2,15 +2,12 @@
 
 #include <cstdint>
 
+#include "platform/forms/MouseButton.h"
 #include "windows/platform/Win32.h"
 
 namespace quorvane::windows {
 
 // Mouse and keys as the models of controls count them.
-
-inline constexpr std::int16_t kLeftButton = 1;
-inline constexpr std::int16_t kRightButton = 2;
-inline constexpr std::int16_t kMiddleButton = 4;
 
 /// The button that a message of a press or double click is about.
 inline std::int16_t ButtonOf(UINT message) {
@@ -18,13 +15,13 @@ inline std::int16_t ButtonOf(UINT message) {
     case WM_RBUTTONDOWN:
     case WM_RBUTTONUP:
     case WM_RBUTTONDBLCLK:
-      return kRightButton;
+      return forms::kRightButton;
     case WM_MBUTTONDOWN:
     case WM_MBUTTONUP:
     case WM_MBUTTONDBLCLK:
-      return kMiddleButton;
+      return forms::kMiddleButton;
     default:
-      return kLeftButton;
+      return forms::kLeftButton;
   }
 }
 
@@ -38,9 +35,9 @@ inline int MouseY(LPARAM place) {
 
 /// Sum of the buttons held during a move; `keys` as the message has them.
 inline std::int16_t ButtonsHeld(WPARAM keys) {
-  return static_cast<std::int16_t>(((keys & MK_LBUTTON) != 0 ? kLeftButton : 0) |
-                                   ((keys & MK_RBUTTON) != 0 ? kRightButton : 0) |
-                                   ((keys & MK_MBUTTON) != 0 ? kMiddleButton : 0));
+  return static_cast<std::int16_t>(((keys & MK_LBUTTON) != 0 ? forms::kLeftButton : 0) |
+                                   ((keys & MK_RBUTTON) != 0 ? forms::kRightButton : 0) |
+                                   ((keys & MK_MBUTTON) != 0 ? forms::kMiddleButton : 0));
 }
 
 /// Sum of 1 Shift, 2 Ctrl, 4 Alt.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "windows/platform/Fonts.h"
 #include "windows/platform/Metrics.h"
@@ -77,7 +78,7 @@ void KeyEditorView::Add() {
 }
 
 void KeyEditorView::Follow() {
-  busy_ = true;
+  const FlagScope busy(busy_);
   std::u16string captions[] = {editor_.FunctionCaption, editor_.HotkeyCaption};
   for (WPARAM i = 0; i < 2; ++i) {
     LVCOLUMNW column{};
@@ -94,7 +95,6 @@ void KeyEditorView::Follow() {
   const std::u16string owner = Owner();
   warning_ = owner.empty() ? u"" : u"\u26A0 " + editor_.Pressed() + u": " + owner;
   ::SetWindowTextW(line_, Wide(warning_));
-  busy_ = false;
 }
 
 void KeyEditorView::ShowCell(int row, int column, const std::u16string& text) {

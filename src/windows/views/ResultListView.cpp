@@ -217,8 +217,8 @@ void ResultListView::DrawRow(Canvas& canvas, HDC dc, int row) const {
 void ResultListView::OnPress(std::int16_t button, int x, int y) {
   if (::GetFocus() != Handle()) ::SetFocus(Handle());
   const int row = RowAt(x, y);
-  if (button != kMiddleButton && row >= 0) Choose(row);
-  if (button == kLeftButton) ::SetCapture(Handle());
+  if (button != forms::kMiddleButton && row >= 0) Choose(row);
+  if (button == forms::kLeftButton) ::SetCapture(Handle());
   list_.MouseDown.Raise(button, HeldKeys(), static_cast<float>(x), static_cast<float>(y));
 }
 

@@ -188,7 +188,7 @@ void ResultTabBar::OnPress(std::int16_t button, int x, int y) {
   follow_.Now();
   const std::shared_ptr<forms::Tab> tab = TabAt(x, y);
   pressedCross_.reset();
-  if (button == kLeftButton) {
+  if (button == forms::kLeftButton) {
     pressed_ = tab;
     const RECT cross = CrossOf(tab);
     if (::PtInRect(&cross, {x, y})) {

@@ -9,15 +9,6 @@
 
 namespace quorvane::workbench {
 
-namespace {
-
-constexpr std::uint32_t kBringViewForward = 0x1043;
-constexpr std::uint32_t kNoZOrder = 4;
-constexpr std::int32_t kHide = 0;
-constexpr WindowHandle kTop = 0;
-
-}  // namespace
-
 WindowTable::WindowTable(const Workbench& workbench)
     : workbench_(workbench), client_(workbench.TheDesk()->NewHandle()) {}
 
@@ -43,18 +34,18 @@ WindowHandle WindowTable::FindWindowEx(WindowHandle parent, std::u16string_view 
 }
 
 std::int32_t WindowTable::SendMessage(WindowHandle window, std::uint32_t message, std::int32_t, std::int32_t) {
-  if (message != kBringViewForward) return 0;
+  if (message != kActivateCodeView) return 0;
   if (const auto pane = PaneOf(window)) pane->Show();
   return 0;
 }
 
 void WindowTable::ShowWindow(WindowHandle window, std::int32_t command) {
-  if (const auto shown = WindowOf(window)) shown->SetVisible(command != kHide);
+  if (const auto shown = WindowOf(window)) shown->SetVisible(command != kHideWindow);
 }
 
 void WindowTable::SetWindowPos(WindowHandle window, WindowHandle insertAfter, std::int32_t, std::int32_t, std::int32_t,
                                std::int32_t, std::uint32_t flags) {
-  if (insertAfter != kTop || (flags & kNoZOrder) != 0) return;
+  if (insertAfter != kTopWindow || (flags & kNoZOrder) != 0) return;
   if (const auto pane = PaneOf(window)) workbench_.TheDesk()->BringForward(*pane);
 }
 

@@ -17,12 +17,10 @@ namespace quorvane::workbench {
 namespace {
 
 constexpr std::size_t kFilesWorthAThread = 32;
-constexpr std::int32_t kUserInterrupt = 18;
-constexpr std::int32_t kPathFileAccess = 75;
 
 std::string ReadAgain(const std::string& path) {
   native::FileBytes file = native::ReadFileBytes(path);
-  if (file.error != 0) throw Error(kPathFileAccess, FromUtf8(path + ": " + native::ErrnoText(file.error)));
+  if (file.error != 0) RaiseError(ErrorNumber::PathFileAccess, FromUtf8(path + ": " + native::ErrnoText(file.error)));
   return std::move(file.bytes);
 }
 
@@ -69,7 +67,7 @@ std::vector<LoadedFile> LoadFiles(const std::vector<std::string>& paths, const L
   const auto workAndTell = [&] {
     std::string buffer;
     for (std::size_t i = next++; i < paths.size(); i = next++) {
-      if (!progress(i, paths.size())) throw Error(kUserInterrupt, u"Interrupted by the user");
+      if (!progress(i, paths.size())) RaiseError(ErrorNumber::UserInterrupt, u"Interrupted by the user");
       files[i] = Load(paths[i], sieve, buffer);
     }
   };

@@ -23,10 +23,8 @@ namespace {
 
 using vbide::ComponentType;
 
-constexpr std::int32_t kPathFileAccess = 75;
-
 [[noreturn]] void RaiseUnreadable(const std::string& path, int error) {
-  throw Error(kPathFileAccess, FromUtf8(path + ": " + native::ErrnoText(error)));
+  RaiseError(ErrorNumber::PathFileAccess, FromUtf8(path + ": " + native::ErrnoText(error)));
 }
 
 /// The file itself, whatever way leads to it.

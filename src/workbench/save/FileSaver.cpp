@@ -20,18 +20,15 @@ namespace quorvane::workbench {
 
 namespace {
 
-constexpr std::int32_t kDiskFull = 61;
-constexpr std::int32_t kPermissionDenied = 70;
-constexpr std::int32_t kPathAccess = 75;
-
 namespace fs = std::filesystem;
 
-[[noreturn]] void Fail(std::int32_t number, const std::string& text) {
-  throw Error(number, FromUtf8(text));
+[[noreturn]] void Fail(ErrorNumber number, const std::string& text) {
+  RaiseError(number, FromUtf8(text));
 }
 
 [[noreturn]] void FailWriting(const std::string& path, int error) {
-  Fail(native::IsDiskFull(error) ? kDiskFull : kPathAccess, path + ": cannot be saved: " + native::ErrnoText(error));
+  Fail(native::IsDiskFull(error) ? ErrorNumber::DiskFull : ErrorNumber::PathFileAccess,
+       path + ": cannot be saved: " + native::ErrnoText(error));
 }
 
 /// One file on its way to disk.
@@ -45,9 +42,9 @@ struct Saving {
 void CheckUnchanged(const Saving& saving) {
   const std::string& path = saving.file->path;
   const auto found = saving.target.empty() ? std::nullopt : native::FileStamp::Of(saving.target);
-  if (!found) Fail(kPathAccess, path + ": cannot be saved: it is no longer on disk");
+  if (!found) Fail(ErrorNumber::PathFileAccess, path + ": cannot be saved: it is no longer on disk");
   if (*found != saving.file->opened) {
-    Fail(kPathAccess, path + ": cannot be saved: it was changed on disk since it was opened");
+    Fail(ErrorNumber::PathFileAccess, path + ": cannot be saved: it was changed on disk since it was opened");
   }
 }
 
@@ -57,10 +54,10 @@ void Check(Saving& saving) {
   CheckUnchanged(saving);
   std::error_code failed;
   const fs::file_status found = fs::status(FilePath(saving.target), failed);
-  if (!fs::is_regular_file(found)) Fail(kPathAccess, path + ": cannot be saved: it is no plain file");
+  if (!fs::is_regular_file(found)) Fail(ErrorNumber::PathFileAccess, path + ": cannot be saved: it is no plain file");
   const bool writable = (found.permissions() & fs::perms::owner_write) != fs::perms::none;
   if (!writable || !native::CanWrite(saving.target)) {
-    Fail(kPermissionDenied, path + ": cannot be saved: it is read-only");
+    Fail(ErrorNumber::PermissionDenied, path + ": cannot be saved: it is read-only");
   }
 }
 
@@ -76,7 +73,7 @@ std::vector<Saving> Plan(const std::vector<FileToSave>& files, std::vector<std::
     if (isNew) {
       plan.push_back(std::move(saving));
     } else if (plan[place->second].file->bytes != file.bytes) {
-      Fail(kPathAccess, file.path + ": cannot be saved: it has two different texts");
+      Fail(ErrorNumber::PathFileAccess, file.path + ": cannot be saved: it has two different texts");
     }
   }
   return plan;
@@ -104,7 +101,8 @@ std::string Names(const std::vector<Saving>& plan, std::size_t begin, std::size_
 }
 
 [[noreturn]] void FailRenaming(const std::vector<Saving>& plan, std::size_t renamed, const std::string& why) {
-  Fail(kPathAccess, why + "; saved: " + Names(plan, 0, renamed) + "; not saved: " + Names(plan, renamed, plan.size()));
+  Fail(ErrorNumber::PathFileAccess,
+       why + "; saved: " + Names(plan, 0, renamed) + "; not saved: " + Names(plan, renamed, plan.size()));
 }
 
 void RenameAll(std::vector<Saving>& plan, const RenameFile& rename) {

@@ -21,8 +21,6 @@ namespace quorvane::workbench {
 
 namespace {
 
-constexpr std::int32_t kPathFileAccess = 75;
-
 using ComponentPtr = std::shared_ptr<Component>;
 using FileId = std::tuple<std::string, std::uint64_t, std::uint64_t>;  ///< path when not on disk, device, inode
 
@@ -193,7 +191,8 @@ std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& compone
 
 void ReloadFileOf(Workbench& workbench, const Component& component) {
   native::FileBytes read = native::ReadFileBytes(component.Path());
-  if (read.error != 0) throw Error(kPathFileAccess, FromUtf8(component.Path() + ": " + native::ErrnoText(read.error)));
+  if (read.error != 0)
+    RaiseError(ErrorNumber::PathFileAccess, FromUtf8(component.Path() + ": " + native::ErrnoText(read.error)));
   const auto held = std::make_shared<const SourceFile>(std::move(read.bytes));
   TurnClock ownTurns;
   const Module now(held, workbench.ThePage(), ownTurns);

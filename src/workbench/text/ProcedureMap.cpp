@@ -18,8 +18,6 @@ namespace {
 
 using Kind = Statement::Kind;
 
-constexpr std::int32_t kNotDefined = 35;
-
 template <class Char>
 bool IsContinued(std::basic_string_view<Char> line) {
   return line.size() >= 2 && line.back() == '_' && (line[line.size() - 2] == ' ' || line[line.size() - 2] == '\t');
@@ -258,7 +256,7 @@ const Procedure& ProcedureMap::Named(std::u16string_view name, vbide::ProcKind k
       bestRank = rank;
     }
   }
-  if (best == nullptr) throw Error(kNotDefined, u"Sub or Function not defined: " + std::u16string(name));
+  if (best == nullptr) RaiseError(ErrorNumber::NotDefined, u"Sub or Function not defined: " + std::u16string(name));
   return *best;
 }
 
