@@ -32,7 +32,9 @@ class Listener final : public com::AddInListener {
     connected_ = true;
   }
   void OnDisconnection(std::int32_t mode) override {
-    if (std::exchange(connected_, false)) Code::The().OnDisconnection(mode);
+    if (!connected_) return;
+    Code::The().OnDisconnection(mode);  // refused on another thread
+    connected_ = false;
   }
 
  private:
