@@ -11,6 +11,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane::cli {
@@ -47,6 +48,10 @@ std::unique_ptr<RegExp> CliPlatform::NewRegExp() {
 
 std::shared_ptr<XmlDocument> CliPlatform::NewXmlDocument() {
   return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<XmlTable> CliPlatform::NewXmlTable(const XmlTableShape& shape) {
+  return std::make_unique<native::LibXmlTable>(shape);
 }
 
 NativeWindows& CliPlatform::Windows() {

@@ -37,6 +37,7 @@ class CliPlatform final : public Platform {
 
   std::unique_ptr<RegExp> NewRegExp() override;
   std::shared_ptr<XmlDocument> NewXmlDocument() override;
+  std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override;
   const CodePage& AnsiCodePage() override { return *codePage_; }
   CliLoop& Loop() override { return loop_; }
   Prompts& MessageBoxes() override { return prompts_; }

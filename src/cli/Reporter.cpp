@@ -16,7 +16,6 @@
 #include "cli/ResultPage.h"
 #include "native/xml/XmlRowWriter.h"
 #include "native/xml/XmlText.h"
-#include "platform/XmlDocument.h"
 
 namespace quorvane::cli {
 
@@ -45,9 +44,9 @@ class LineReporter final : public Reporter {
   }
 
   void AppendColored(const std::u16string& line, std::int32_t id) {
-    const PositionInfo& pi = *page_.Result()->Item(id);
-    const std::u16string source = page_.Filter().Item(id)->GetAttribute("Line");
-    const auto parts = FindMatchInResultLine(line, source, pi.StartPos(pi.mlngY1), pi.EndPos(pi.mlngY1));
+    const MatchItem item = page_.Filter().Item(id);
+    const auto parts = FindMatchInResultLine(line, item.Text(MatchField::Line), item.Number(MatchField::StartPos),
+                                             item.Number(MatchField::EndPos));
     if (!parts) return AppendUtf8(line, bytes_);
     const auto piece = [this](std::string_view style, std::u16string_view text) {
       if (text.empty()) return;

@@ -54,7 +54,7 @@ std::int32_t ResultPage::CountOfTold() const {
 }
 
 void ResultPage::CheckLines() {
-  if (firstFailed_ != 0 && mobjFilter) mobjFilter->Item(firstFailed_)->TransformNode(mobjFilter->StyleSheet());
+  if (firstFailed_ != 0 && mobjFilter) mobjFilter->Item(firstFailed_).Transform(mobjFilter->StyleSheet());
 }
 
 }  // namespace quorvane::cli

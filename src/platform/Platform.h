@@ -18,6 +18,8 @@ class RegistryStore;
 class SettingsStore;
 class Shell;
 class XmlDocument;
+class XmlTable;
+struct XmlTableShape;
 
 /// Everything that the logic needs of the platform, in one place. A program installs its platform before it touches the
 /// logic and keeps it until the last object of the logic is gone; so does each test.
@@ -27,6 +29,7 @@ class Platform {
 
   virtual std::unique_ptr<RegExp> NewRegExp() = 0;
   virtual std::shared_ptr<XmlDocument> NewXmlDocument() = 0;
+  virtual std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) = 0;
   /// The system's ANSI code page; one object for the life of the platform.
   virtual const CodePage& AnsiCodePage() = 0;
   virtual MessageLoop& Loop() = 0;

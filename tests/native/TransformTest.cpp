@@ -6,6 +6,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "support/Rows.h"
 #include "support/TempFolder.h"
 
@@ -40,15 +41,28 @@ std::u16string Sheet(std::u16string_view body, std::u16string_view top = {}) {
          std::u16string(top) + u"<xsl:template match='e'>" + std::u16string(body) + u"</xsl:template></xsl:stylesheet>";
 }
 
+/// A table of elements `e` below `r` with the attributes n and v.
 class TransformTest : public testing::Test {
  protected:
-  TransformTest() {
-    mobjDocument.LoadXml(u"<r><e n='1' v='x'/><e n='2' v='&lt;&amp;&gt;'/><e n='3' v='&#13;中'/></r>");
+  using Values = std::vector<std::u16string>;
+
+  static std::unique_ptr<LibXmlTable> Table(const std::vector<Values>& rows) {
+    auto table = std::make_unique<LibXmlTable>(XmlTableShape{"r", "e", {{"n", false}, {"v", false}}});
+    for (const Values& row : rows) Add(*table, row);
+    return table;
+  }
+  static void Add(LibXmlTable& table, const Values& row) {
+    table.BeginRow();
+    for (const std::u16string& value : row) table.AddText(value);
+  }
+  void Add(const Values& row) {
+    mcolRows.push_back(row);
+    Add(*mobjTable, row);
   }
 
   std::string Run(std::size_t index, std::u16string_view stylesheet) {
     mobjSheet.LoadXml(stylesheet);
-    return ToUtf8(mobjDocument.DocumentElement()->Child(index)->TransformNode(mobjSheet));
+    return ToUtf8(mobjTable->Transform(index, mobjSheet));
   }
   std::string RunError(std::u16string_view stylesheet) {
     try {
@@ -58,28 +72,30 @@ class TransformTest : public testing::Test {
     }
   }
 
-  LibXmlDocument mobjDocument;
+  std::vector<Values> mcolRows = {{u"1", u"x"}, {u"2", u"<&>"}, {u"3", u"\r中"}};
+  std::unique_ptr<LibXmlTable> mobjTable = Table(mcolRows);
   LibXmlDocument mobjSheet;
 };
 
 TEST_F(TransformTest, DefaultStylesheet) {
-  LibXmlDocument document;
-  document.SetDocumentElement(*document.CreateElement("SearchResult"));
+  LibXmlTable table({"SearchResult",
+                     "MatchItem",
+                     {{"ProjectName", false},
+                      {"ComponentName", false},
+                      {"ProcType", false},
+                      {"ProcName", false},
+                      {"Y1", true},
+                      {"X1", true},
+                      {"Line", false}}});
   ASSERT_TRUE(mobjSheet.LoadXml(kDefaultStylesheet));
   for (const std::u16string_view line : {u"    If a < b And c > d & \"x\" Then ' 中\t", u"", u"\x01"}) {
-    const auto item = document.CreateElement("MatchItem");
-    const std::pair<const char*, std::u16string_view> values[] = {{"ProjectName", u"P<1>"},
-                                                                  {"ComponentName", u"Form1"},
-                                                                  {"ProcType", u"Proc"},
-                                                                  {"ProcName", u"Command1_Click"},
-                                                                  {"Y1", u"12"},
-                                                                  {"X1", u"5"},
-                                                                  {"Line", line}};
-    for (const auto& [name, value] : values) item->SetAttribute(name, value);
-    document.DocumentElement()->AppendChild(*item);
-    ASSERT_TRUE(mobjSheet.LoadXml(kDefaultStylesheet));
-    EXPECT_EQ(ToUtf8(item->TransformNode(mobjSheet)),
-              ToUtf8(u"P&lt;1&gt;\\Form1\\Proc\\Command1_Click[12,5]" + std::u16string(line)));
+    table.BeginRow();
+    for (const std::u16string_view name : {u"P<1>", u"Form1", u"Proc", u"Command1_Click"}) table.AddText(name);
+    table.AddNumber(12);
+    table.AddNumber(-5);
+    table.AddText(line);
+    EXPECT_EQ(ToUtf8(table.Transform(table.RowCount() - 1, mobjSheet)),
+              ToUtf8(u"P&lt;1&gt;\\Form1\\Proc\\Command1_Click[12,-5]" + std::u16string(line)));
   }
 }
 
@@ -91,7 +107,7 @@ TEST_F(TransformTest, TheElementStandsInItsDocument) {
       u"|<xsl:value-of select='following-sibling::e/@n'/>");
   EXPECT_EQ(Run(0, sheet), "1|0|1/1|r|3|2");
   EXPECT_EQ(Run(1, sheet), "2|1|1/1|r|3|3");
-  mobjDocument.DocumentElement()->AppendChild(*mobjDocument.CreateElement("e"));
+  Add({});
   EXPECT_EQ(Run(2, sheet), "3|2|1/1|r|4|");
   EXPECT_EQ(Run(3, sheet), "|3|1/1|r|4|");
 }
@@ -102,39 +118,32 @@ TEST_F(TransformTest, RunsLeaveNoTrace) {
   for (const test::Row& row : test::Rows("native/Transform.rows", "Traces")) {
     sheets.push_back(row.Text(2).empty() ? Sheet(row.Text(0), row.Text(1)) : row.Text(2));
   }
-  const auto last = [this] { return mobjDocument.DocumentElement()->ChildCount() - 1; };
   for (int round = 0; round < 3; ++round) {
     for (const std::u16string& sheet : sheets) {
-      for (const std::size_t index : {std::size_t{0}, std::size_t{1}, last(), std::size_t{1}}) {
-        LibXmlDocument document;
+      for (const std::size_t index : {std::size_t{0}, std::size_t{1}, mcolRows.size() - 1, std::size_t{1}}) {
         LibXmlDocument fresh;
-        ASSERT_TRUE(document.LoadXml(FromUtf8(mobjDocument.Xml())));
         ASSERT_TRUE(fresh.LoadXml(sheet));
-        const std::u16string expected = document.DocumentElement()->Child(index)->TransformNode(fresh);
-        ASSERT_EQ(Run(index, sheet), ToUtf8(expected)) << ToUtf8(sheet);
+        ASSERT_EQ(Run(index, sheet), ToUtf8(Table(mcolRows)->Transform(index, fresh))) << ToUtf8(sheet);
       }
     }
-    const auto added = mobjDocument.CreateElement("e");
-    added->SetAttribute("n", ToText(10 + round));
-    mobjDocument.DocumentElement()->AppendChild(*added);
+    Add({ToText(10 + round)});
   }
 }
 
 /// Text alone is written by a road of its own; an empty comment in front sends the same text over the library's.
 TEST_F(TransformTest, PlainTextIsWrittenAsTheLibraryWritesIt) {
-  const auto element = mobjDocument.DocumentElement()->Child(0);
   std::u16string all;
   for (char16_t c = 1; c < 0x180; ++c) all += c;
   all += u"]]>\u2028中\xD83D\xDE00\uFFFE&amp;";
-  element->SetAttribute("v", all);
+  Add({u"4", all});
   for (const std::u16string_view method : {u"xml", u"text"}) {
     const std::u16string top =
         u"<xsl:output method='" + std::u16string(method) + u"' encoding='us-ascii' indent='no'/>";
     const std::u16string body =
         u"<xsl:value-of select='@v'/><xsl:value-of disable-output-escaping='yes' select='@v'/>&lt;<xsl:value-of "
         u"select='@v'/>";
-    const std::string plain = Run(0, Sheet(body, top));
-    const std::string general = Run(0, Sheet(u"<xsl:comment>c</xsl:comment>" + body, top));
+    const std::string plain = Run(3, Sheet(body, top));
+    const std::string general = Run(3, Sheet(u"<xsl:comment>c</xsl:comment>" + body, top));
     EXPECT_TRUE((method == u"xml" ? "<!--c-->" : "") + plain == general) << ToUtf8(method);
     EXPECT_GT(plain.size(), 3 * all.size());
   }
@@ -179,27 +188,25 @@ TEST_F(TransformTest, NothingIsReadOrWrittenOutside) {
   EXPECT_FALSE(std::filesystem::exists(ToUtf8(written)));
 }
 
-TEST_F(TransformTest, AChangedStylesheetIsCompiledAnew) {
-  EXPECT_EQ(Run(0, Sheet(u"<xsl:value-of select='@n'/>")), "1");
-  mobjSheet.DocumentElement()->Child(1)->Child(0)->SetAttribute("select", u"@v");
-  const auto element = mobjDocument.DocumentElement()->Child(0);
-  EXPECT_EQ(element->TransformNode(mobjSheet), u"x");
+TEST_F(TransformTest, AStylesheetThatIsNoneRaises) {
   EXPECT_EQ(Run(0, Sheet(u"<xsl:value-of select='@n'/>")), "1");
   EXPECT_FALSE(mobjSheet.LoadXml(u"<broken"));
-  EXPECT_THROW(element->TransformNode(mobjSheet), Error);
+  EXPECT_THROW(mobjTable->Transform(0, mobjSheet), Error);
   EXPECT_THROW(mobjSheet.CompileStylesheet(), Error);
 }
 
-TEST_F(TransformTest, TheStylesheetMayEndBeforeTheDocument) {
-  auto sheet = std::make_unique<LibXmlDocument>();
-  sheet->LoadXml(Sheet(u"<xsl:value-of select='@n'/>"));
-  const auto element = mobjDocument.DocumentElement()->Child(0);
-  EXPECT_EQ(element->TransformNode(*sheet), u"1");
-  sheet.reset();
-  EXPECT_EQ(Run(0, Sheet(u"<xsl:value-of select='@v'/>")), "x");
-  mobjDocument.SetDocumentElement(*mobjDocument.CreateElement("e"));
-  EXPECT_EQ(element->TransformNode(mobjSheet), u"x");
-  EXPECT_EQ(mobjDocument.DocumentElement()->TransformNode(mobjSheet), u"");
+TEST_F(TransformTest, TheStylesheetMayEndBeforeTheTable) {
+  for (const std::u16string_view more : {u"", u"<b/>", u"<xsl:value-of select='count(..)'/>"}) {
+    auto sheet = std::make_unique<LibXmlDocument>();
+    sheet->LoadXml(Sheet(u"<xsl:value-of select='@n'/>" + std::u16string(more)));
+    EXPECT_TRUE(mobjTable->Transform(0, *sheet).starts_with(u"1"));
+    sheet.reset();
+    EXPECT_EQ(Run(0, Sheet(u"<xsl:value-of select='@v'/>")), "x");
+    mobjTable->Clear();
+    EXPECT_THROW(Run(0, Sheet(u"ok")), Error);
+    for (const Values& row : mcolRows) Add(*mobjTable, row);
+    EXPECT_EQ(Run(2, Sheet(u"<xsl:value-of select='count(../e)'/>")), "3");
+  }
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane::test {
@@ -58,6 +59,10 @@ std::unique_ptr<RegExp> TestPlatform::NewRegExp() {
 
 std::shared_ptr<XmlDocument> TestPlatform::NewXmlDocument() {
   return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<XmlTable> TestPlatform::NewXmlTable(const XmlTableShape& shape) {
+  return std::make_unique<native::LibXmlTable>(shape);
 }
 
 NativeWindows& TestPlatform::Windows() {

@@ -51,6 +51,7 @@ class TestPlatform final : public Platform {
 
   std::unique_ptr<RegExp> NewRegExp() override;
   std::shared_ptr<XmlDocument> NewXmlDocument() override;
+  std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override;
   const CodePage& AnsiCodePage() override { return *codePage_; }
   MessageLoop& Loop() override { return loop; }
   Prompts& MessageBoxes() override { return prompts; }

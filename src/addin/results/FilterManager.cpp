@@ -11,26 +11,26 @@
 #include "addin/search/ResultCollection.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
-#include "base/Text.h"
 #include "platform/Platform.h"
 #include "platform/XmlDocument.h"
+#include "platform/XmlTable.h"
 
 namespace quorvane {
 
 namespace {
 
-void WriteAttributes(XmlElement& item, const PositionInfo& pi) {
-  MatchReader match(pi);
-  for (const MatchFieldInfo& field : MatchFields()) {
-    item.SetAttribute(field.Name, field.IsNumber() ? ToText(field.Number(match)) : field.Text(match));
-  }
+XmlTableShape DocumentShape() {
+  XmlTableShape shape{"SearchResult", "MatchItem", {}};
+  for (const MatchFieldInfo& field : MatchFields()) shape.Columns.push_back({field.Name, field.IsNumber()});
+  return shape;
 }
 
-std::int32_t ToNumber(const std::u16string& text) {
-  try {
-    return std::stoi(ToUtf8(text));
-  } catch (const std::exception&) {
-    RaiseError(ErrorNumber::TypeMismatch);
+/// One that fails leaves the fields before it: the matches that follow keep their places.
+void Append(XmlTable& document, const PositionInfo& pi) {
+  MatchReader match(pi);
+  document.BeginRow();
+  for (const MatchFieldInfo& field : MatchFields()) {
+    field.IsNumber() ? document.AddNumber(field.Number(match)) : document.AddText(field.Text(match));
   }
 }
 
@@ -39,8 +39,7 @@ std::int32_t ToNumber(const std::u16string& text) {
 FilterManager::FilterManager()
     : mobjSetting(Globals::gobjSetting),
       mobjXsl(ThePlatform().NewXmlDocument()),
-      mobjDoc(ThePlatform().NewXmlDocument()) {
-  Clear();
+      mobjDoc(ThePlatform().NewXmlTable(DocumentShape())) {
   onPropertyChange_ = Deref(mobjSetting).PropertyChange.Subscribe([this](const std::u16string& propName) {
     mobjSetting_PropertyChange(propName);
   });
@@ -57,14 +56,13 @@ void FilterManager::Save(const std::u16string& filename) const {
   mobjDoc->Save(filename);
 }
 
-std::shared_ptr<XmlElement> FilterManager::Item(std::int32_t id) const {
-  if (id < 1) RaiseError(ErrorNumber::SubscriptOutOfRange);
-  return Deref(mobjDoc->DocumentElement()).Child(static_cast<std::size_t>(id) - 1);
+MatchItem FilterManager::Item(std::int32_t id) const {
+  if (id < 1 || static_cast<std::size_t>(id) > mobjDoc->RowCount()) RaiseError(ErrorNumber::SubscriptOutOfRange);
+  return {*mobjDoc, static_cast<std::size_t>(id) - 1};
 }
 
 void FilterManager::Clear() {
-  const auto root = mobjDoc->CreateElement("SearchResult");
-  mobjDoc->SetDocumentElement(*root);
+  mobjDoc->Clear();
 }
 
 void FilterManager::Setup(IPage& p) {
@@ -84,27 +82,18 @@ void FilterManager::TearDown() {
 
 void FilterManager::Refresh(IListPage& p) {
   p.ClearList();
-  if (!StyleSheet().DocumentElement()) return;
-  const auto root = mobjDoc->DocumentElement();
-  for (std::size_t i = 0; i < Deref(root).ChildCount(); ++i) {
-    const auto item = root->Child(i);
-    const std::u16string line = item->TransformNode(StyleSheet());
-    p.AddListItem(line, ToNumber(item->GetAttribute("ID")));
+  if (StyleSheet().IsEmpty()) return;
+  for (std::size_t row = 0; row < mobjDoc->RowCount(); ++row) {
+    const MatchItem item(*mobjDoc, row);
+    const std::u16string line = item.Transform(StyleSheet());
+    p.AddListItem(line, item.Number(MatchField::ID));
   }
 }
 
 void FilterManager::mcolResult_OnAdd(const PositionInfo& pi) {
   try {
-    const auto item = mobjDoc->CreateElement("MatchItem");
-    try {
-      WriteAttributes(*item, pi);
-    } catch (...) {
-      // Without this element those of later matches would stand at wrong numbers. It ends with its last attribute.
-      Deref(mobjDoc->DocumentElement()).AppendChild(*item);
-      throw;
-    }
-    Deref(mobjDoc->DocumentElement()).AppendChild(*item);
-    const std::u16string line = item->TransformNode(StyleSheet());
+    Append(*mobjDoc, pi);
+    const std::u16string line = mobjDoc->Transform(mobjDoc->RowCount() - 1, StyleSheet());
     OnAdd.Raise(line, pi.mlngID);
   } catch (...) {
     // A stylesheet that cannot run costs the line, not the match: the element stays and the search goes on.

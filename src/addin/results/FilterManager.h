@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "addin/core/Counted.h"
+#include "addin/results/MatchItem.h"
 #include "base/Event.h"
 
 namespace quorvane {
@@ -16,7 +17,6 @@ class IPage;
 class PositionInfo;
 class ResultCollection;
 class XmlDocument;
-class XmlElement;
 
 /// Owns the result document of one page: writes each match as a MatchItem element, passes it through the user's
 /// stylesheet and hands the text that comes out to the page as one line.
@@ -29,12 +29,12 @@ class FilterManager : private Counted<FilterManager> {
 
   IPage* mobjParent = nullptr;  ///< from Setup to TearDown
 
-  /// The present text of the stylesheet setting, parsed; without a document element when it is not well-formed.
+  /// The present text of the stylesheet setting, parsed; empty when it is not well-formed.
   XmlDocument& StyleSheet();
   /// Writes the result document; a failing write raises.
   void Save(const std::u16string& filename) const;
   /// The element of the match `id`, 1-based; raises error 9 when there is none.
-  std::shared_ptr<XmlElement> Item(std::int32_t id) const;
+  MatchItem Item(std::int32_t id) const;
   /// Leaves an empty document.
   void Clear();
   void Setup(IPage& p);
@@ -42,9 +42,6 @@ class FilterManager : private Counted<FilterManager> {
   /// Rebuilds the page's list from the document; leaves it empty when the stylesheet is not well-formed. A stylesheet
   /// that cannot run raises; the list stays as far as it was filled.
   void Refresh(IListPage& p);
-
-  /// The result document, as it would be saved.
-  const XmlDocument& Document() const { return *mobjDoc; }
 
   Event<const std::u16string&, std::int32_t> OnAdd;  ///< line, id: one element has been added and transformed
   Event<> OnClear;
@@ -58,7 +55,7 @@ class FilterManager : private Counted<FilterManager> {
   std::shared_ptr<ResultCollection> mcolResult;
   std::shared_ptr<GlobalSetting> mobjSetting;
   std::shared_ptr<XmlDocument> mobjXsl;
-  std::shared_ptr<XmlDocument> mobjDoc;
+  std::unique_ptr<XmlTable> mobjDoc;
   Subscription onAdd_;
   Subscription onClear_;
   Subscription onPropertyChange_;

@@ -6,12 +6,10 @@
 #include "addin/results/Page.h"
 #include "addin/results/ResultLineParts.h"
 #include "base/Checked.h"
-#include "base/Convert.h"
 #include "base/Error.h"
 #include "base/Skip.h"
 #include "platform/NativeWindows.h"
 #include "platform/Platform.h"
-#include "platform/XmlDocument.h"
 #include "platform/forms/OwnerDrawList.h"
 
 namespace quorvane {
@@ -80,9 +78,9 @@ void ListPainter::DrawItemText(const DrawRecord& record, bool selected) {
   MakeFonts(record.canvas);
   const auto item = Deref(Deref(mobjParent).mobjFilter).Item(record.itemData);
   const std::u16string_view text = Deref(mobjList).List(record.itemID);
-  const auto number = [&item](std::string_view name) { return ToLong(item->GetAttribute(name)); };
   std::int32_t x = record.rcItem.Left + kMargin;
-  const auto parts = FindMatchInResultLine(text, item->GetAttribute("Line"), number("StartPos"), number("EndPos"));
+  const auto parts = FindMatchInResultLine(text, item.Text(MatchField::Line), item.Number(MatchField::StartPos),
+                                           item.Number(MatchField::EndPos));
   const Color plain = selected ? mcrHighlightText : mcrWindowText;
   if (!parts) {
     record.canvas.SetTextColor(plain);

@@ -8,6 +8,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "platform/CodePage.h"
 #include "platform/NativeWindows.h"
 
@@ -43,6 +44,10 @@ std::unique_ptr<RegExp> QtPlatform::NewRegExp() {
 
 std::shared_ptr<XmlDocument> QtPlatform::NewXmlDocument() {
   return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<XmlTable> QtPlatform::NewXmlTable(const XmlTableShape& shape) {
+  return std::make_unique<native::LibXmlTable>(shape);
 }
 
 std::unique_ptr<HttpRequest> QtPlatform::NewHttpRequest() {

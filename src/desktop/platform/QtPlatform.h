@@ -38,6 +38,7 @@ class QtPlatform final : public Platform {
 
   std::unique_ptr<RegExp> NewRegExp() override;
   std::shared_ptr<XmlDocument> NewXmlDocument() override;
+  std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override;
   const CodePage& AnsiCodePage() override { return *codePage_; }
   MessageLoop& Loop() override { return loop_; }
   Prompts& MessageBoxes() override { return prompts_; }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "base/Error.h"
 #include "platform/XmlDocument.h"
@@ -10,36 +10,26 @@
 namespace quorvane::native {
 
 class Stylesheet;
-class XmlTree;
 
 /// The platform's XML document over libxml2 and libxslt.
-class LibXmlDocument : public XmlDocument {
+class LibXmlDocument final : public XmlDocument {
  public:
   LibXmlDocument();
   ~LibXmlDocument() override;
 
   bool LoadXml(std::u16string_view text) override;
-  std::u16string LoadError() const override { return mstrLoadError; }
-  std::shared_ptr<XmlElement> DocumentElement() override;
-  void SetDocumentElement(XmlElement& element) override;
-  std::shared_ptr<XmlElement> CreateElement(std::string_view name) override;
+  std::u16string LoadError() const override { return loadError_; }
+  bool IsEmpty() const override { return !loaded_ || !loadError_.empty(); }
   void CompileStylesheet() override { Compiled(); }
-  std::string Xml() const override;
-  void Save(const std::u16string& path) const override;
 
-  /// The document as a stylesheet, compiled once for each state of it. Raises what CompileStylesheet raises.
+  /// The document as a stylesheet, compiled once. Raises what CompileStylesheet raises.
   std::shared_ptr<const Stylesheet> Compiled();
 
  private:
-  bool IsAsLoaded() const;
-
-  std::shared_ptr<XmlTree> mobjTree;
-  std::optional<std::u16string> mvarLoaded;  ///< the text of the last LoadXml
-  std::u16string mstrLoadError;
-
-  std::uint64_t mlngCompiledRevision = 0;  ///< of the tree that the next two belong to
-  std::shared_ptr<const Stylesheet> mobjCompiled;
-  std::optional<Error> mvarCompileError;
+  std::optional<std::u16string> loaded_;  ///< the text of the last LoadXml
+  std::u16string loadError_;
+  std::shared_ptr<const Stylesheet> compiled_;
+  std::optional<Error> compileError_;
 };
 
 }  // namespace quorvane::native

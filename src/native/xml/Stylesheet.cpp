@@ -110,6 +110,7 @@ Stylesheet::Stylesheet(const std::string& xml) {
   Inspect(document);
   mblnStaysInside = native::StaysInside(document);
   if (mblnStaysInside) mblnStateless = true;  // the other look at it is a coarse one
+  mvarStraight = ReadStraightSheet(document);
   mobjStyle = xsltParseStylesheetDoc(document);
   if (mobjStyle == nullptr) xmlFreeDoc(document);
   if (mobjStyle == nullptr || mobjStyle->errors != 0) {
@@ -127,6 +128,18 @@ Stylesheet::Stylesheet(const std::string& xml) {
   mobjStyle->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
   // Without this the library writes a line break behind every result for which no indentation is asked either way.
   if (mobjStyle->indent < 0) mobjStyle->indent = 0;
+  FitStraightToOutput();
+}
+
+/// A declaration or HTML is more than the texts.
+void Stylesheet::FitStraightToOutput() {
+  const std::string_view method = View(mobjStyle->method);
+  const bool xml = (method.empty() || method == "xml") && mobjStyle->methodURI == nullptr;
+  if (method == "text" && mobjStyle->methodURI == nullptr && mvarStraight) {
+    for (StraightSheet::Piece& piece : mvarStraight->Pieces) piece.Escaped = false;
+  } else if (!xml || mobjStyle->omitXmlDeclaration != 1) {
+    mvarStraight.reset();
+  }
 }
 
 Stylesheet::~Stylesheet() {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+
+#include "native/xml/StraightSheet.h"
 
 struct _xmlDoc;
 struct _xsltStylesheet;
@@ -25,15 +28,19 @@ class Stylesheet {
   bool IsStateless() const { return mblnStateless; }
   /// True when it is certain that a transformation looks at nothing outside of the element that it begins with.
   bool StaysInside() const { return mblnStaysInside; }
+  /// What it does, where that is so little that it can be done without the library; null elsewhere.
+  const StraightSheet* Straight() const { return mvarStraight ? &*mvarStraight : nullptr; }
 
  private:
   void Inspect(const _xmlDoc* document);
+  void FitStraightToOutput();
 
   _xsltStylesheet* mobjStyle = nullptr;
   int mlngKeys = 0;
   std::string mstrUnknown;  ///< an element that claims to be XSLT and is not in 1.0
   bool mblnStateless = true;
   bool mblnStaysInside = false;
+  std::optional<StraightSheet> mvarStraight;
 };
 
 /// Parses UTF-8 without reading anything but `xml`; an encoding named in it plays no part. Nothing when it is not

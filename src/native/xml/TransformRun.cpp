@@ -44,19 +44,6 @@ xsltSecurityPrefsPtr NothingAllowed() {
   return prefs;
 }
 
-/// What the library writes of a text node in XML output.
-void AppendEscaped(std::string_view text, std::string& out) {
-  std::size_t begin = 0;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const char c = text[at];
-    if (c != '<' && c != '>' && c != '&' && c != '\r') continue;
-    out.append(text.substr(begin, at - begin));
-    out.append(c == '<' ? "&lt;" : c == '>' ? "&gt;" : c == '&' ? "&amp;" : "&#13;");
-    begin = at + 1;
-  }
-  out.append(text.substr(begin));
-}
-
 /// The element that an HTML output begins with when the stylesheet names no method.
 bool IsHtmlRoot(const xmlNode* root) {
   return root != nullptr && root->ns == nullptr && xmlStrcasecmp(root->name, BAD_CAST "html") == 0;
@@ -172,7 +159,7 @@ std::u16string TransformRun::PlainText() const {
       AppendXmlText(content, text);
     } else {
       escaped.clear();
-      AppendEscaped(content, escaped);
+      AppendEscapedText(content, escaped);
       AppendXmlText(escaped, text);
     }
   }

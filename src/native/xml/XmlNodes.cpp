@@ -53,29 +53,16 @@ _xmlAttr* NewAttributeNode(const unsigned char* name, _xmlNode* text) {
   attribute->type = XML_ATTRIBUTE_NODE;
   attribute->name = name;
   attribute->doc = text->doc;
-  SetValue(attribute, text);
-  return attribute;
-}
-
-void SetValue(_xmlAttr* attribute, _xmlNode* text) {
-  xmlFreeNodeList(attribute->children);
   text->parent = reinterpret_cast<xmlNode*>(attribute);
   attribute->children = text;
   attribute->last = text;
+  return attribute;
 }
 
 void LinkAttribute(_xmlNode* element, _xmlAttr* last, _xmlAttr* attribute) {
   attribute->parent = element;
   attribute->prev = last;
   (last != nullptr ? last->next : element->properties) = attribute;
-}
-
-bool HasQualifiedName(const _xmlAttr* attribute, std::string_view name) {
-  const auto text = [](const xmlChar* chars) { return std::string_view(reinterpret_cast<const char*>(chars)); };
-  if (attribute->ns == nullptr || attribute->ns->prefix == nullptr) return text(attribute->name) == name;
-  const std::string_view prefix = text(attribute->ns->prefix);
-  return name.size() > prefix.size() && name.starts_with(prefix) && name[prefix.size()] == ':' &&
-         name.substr(prefix.size() + 1) == text(attribute->name);
 }
 
 }  // namespace quorvane::native

@@ -20,13 +20,7 @@ _xmlNode* NewTextNode(_xmlDoc* document, std::string_view value);
 /// An attribute of no element yet, with `text` as its value; it takes `text` over.
 _xmlAttr* NewAttributeNode(const unsigned char* name, _xmlNode* text);
 
-/// Puts `text` in place of the value of `attribute`.
-void SetValue(_xmlAttr* attribute, _xmlNode* text);
-
 /// Puts `attribute` behind `last`, the last of `element`, or at the front when that is null.
 void LinkAttribute(_xmlNode* element, _xmlAttr* last, _xmlAttr* attribute);
-
-/// Whether `name` is the name of `attribute`, its prefix and a colon included when it has one.
-bool HasQualifiedName(const _xmlAttr* attribute, std::string_view name);
 
 }  // namespace quorvane::native

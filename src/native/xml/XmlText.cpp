@@ -21,6 +21,18 @@ void ToXmlText(std::u16string_view text, std::string& out) {
   for (std::size_t nul = out.find('\0'); nul != out.npos; nul = out.find('\0', nul)) out.replace(nul, 1, replacement);
 }
 
+void AppendEscapedText(std::string_view text, std::string& out) {
+  std::size_t begin = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    if (c != '<' && c != '>' && c != '&' && c != '\r') continue;
+    out.append(text.substr(begin, at - begin));
+    out.append(c == '<' ? "&lt;" : c == '>' ? "&gt;" : c == '&' ? "&amp;" : "&#13;");
+    begin = at + 1;
+  }
+  out.append(text.substr(begin));
+}
+
 void AppendXmlText(std::string_view utf8, std::u16string& out) {
   for (std::size_t i = 0; i < utf8.size();) {
     const std::size_t run = AsciiRun(utf8, i);

@@ -9,6 +9,9 @@ namespace quorvane::native {
 /// U+FFFD.
 void ToXmlText(std::u16string_view text, std::string& out);
 
+/// Appends what the library writes of a text outside of attributes. UTF-8.
+void AppendEscapedText(std::string_view text, std::string& out);
+
 /// Appends the text of well-formed UTF-8.
 void AppendXmlText(std::string_view utf8, std::u16string& out);
 

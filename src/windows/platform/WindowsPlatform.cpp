@@ -5,6 +5,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "windows/platform/OwnFile.h"
 #include "windows/platform/WinHttpRequest.h"
 #include "windows/platform/Window.h"
@@ -41,6 +42,10 @@ std::unique_ptr<RegExp> WindowsPlatform::NewRegExp() {
 
 std::shared_ptr<XmlDocument> WindowsPlatform::NewXmlDocument() {
   return std::make_shared<native::LibXmlDocument>();
+}
+
+std::unique_ptr<XmlTable> WindowsPlatform::NewXmlTable(const XmlTableShape& shape) {
+  return std::make_unique<native::LibXmlTable>(shape);
 }
 
 std::unique_ptr<HttpRequest> WindowsPlatform::NewHttpRequest() {

@@ -1,6 +1,7 @@
 #include "workbench/text/ProcedureMap.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 #include "base/Error.h"
@@ -10,8 +11,8 @@
 
 namespace quorvane::workbench {
 
-// Most lines neither begin nor end a procedure, and their first letters tell. They are looked at as they are stored,
-// bytes of the file or typed text; only a line that may matter is decoded and taken apart, whole with its
+// Most lines neither begin nor end a procedure, and the first words of their statements tell. They are looked at as they
+// are stored, bytes of the file or typed text; only a line that may matter is decoded and taken apart, whole with its
 // continuations.
 
 namespace {
@@ -31,40 +32,57 @@ Char LetterAt(std::basic_string_view<Char> line, std::size_t at) {
   return c >= 'A' && c <= 'Z' ? static_cast<Char>(c + 32) : c;
 }
 
-/// True unless the letters behind the word End rule out that it ends a procedure.
+bool IsNameCharacter(char32_t c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c >= 0x80;
+}
+
 template <class Char>
-bool MayEndProcedure(std::basic_string_view<Char> rest) {
-  std::size_t at = 0;
-  while (at < rest.size() && (rest[at] == ' ' || rest[at] == '\t')) ++at;
-  const Char second = LetterAt(rest, at + 1);
-  switch (LetterAt(rest, at)) {
+std::size_t SkipBlanks(std::basic_string_view<Char> line, std::size_t at) {
+  while (at < line.size() && (line[at] == ' ' || line[at] == '\t')) ++at;
+  return at;
+}
+
+/// Whether the whole word at `at` is `keyword`, which is in small letters.
+template <class Char>
+bool HasWord(std::basic_string_view<Char> line, std::size_t at, std::string_view keyword) {
+  for (std::size_t i = 0; i < keyword.size(); ++i) {
+    if (LetterAt(line, at + i) != static_cast<Char>(keyword[i])) return false;
+  }
+  const std::size_t end = at + keyword.size();
+  return end >= line.size() || !IsNameCharacter(static_cast<std::make_unsigned_t<Char>>(line[end]));
+}
+
+template <class Char>
+bool HasProcedureWord(std::basic_string_view<Char> line, std::size_t at) {
+  switch (LetterAt(line, at)) {
     case 'f':
-    case 's':
-      return second == 'u';
+      return HasWord(line, at, "function");
     case 'p':
-      return second == 'r';
+      return HasWord(line, at, "property");
+    case 's':
+      return HasWord(line, at, "sub");
     default:
       return false;
   }
 }
 
-/// True unless the first letters of a statement rule out that it begins or ends a procedure.
+/// True unless its first words rule out that the statement at `at`, which is no blank, begins or ends a procedure.
 template <class Char>
-bool MayMatter(std::basic_string_view<Char> statement) {
-  const Char second = LetterAt(statement, 1);
-  switch (LetterAt(statement, 0)) {
+bool MayMatter(std::basic_string_view<Char> line, std::size_t at) {
+  const Char first = LetterAt(line, at);
+  switch (first) {
     case 'e':
-      return second == 'n' && LetterAt(statement, 2) == 'd' && MayEndProcedure(statement.substr(3));
+      return HasWord(line, at, "end") && HasProcedureWord(line, SkipBlanks(line, at + 3));
     case 'f':
-      return second == 'u' || second == 'r';
+      return HasWord(line, at, "friend") || HasWord(line, at, "function");
     case 'g':
-      return second == 'l';
+      return HasWord(line, at, "global");
     case 'p':
-      return second == 'u' || second == 'r';
+      return HasWord(line, at, "public") || HasWord(line, at, "private") || HasWord(line, at, "property");
     case 's':
-      return second == 'u' || second == 't';
+      return HasWord(line, at, "sub") || HasWord(line, at, "static");
     default:
-      return LetterAt(statement, 0) >= '0' && LetterAt(statement, 0) <= '9';
+      return first >= '0' && first <= '9';
   }
 }
 
@@ -73,7 +91,8 @@ struct Glance {
   bool empty = false;      ///< blanks alone
   bool comment = false;    ///< begins with an apostrophe
   bool directive = false;  ///< begins with #
-  bool matters = false;    ///< may begin or end a procedure, or holds several statements
+  bool matters = false;    ///< may begin or end a procedure
+  bool several = false;    ///< may hold several statements
   bool continued = false;
 };
 
@@ -81,14 +100,17 @@ template <class Char>
 Glance GlanceAt(std::basic_string_view<Char> line) {
   Glance glance;
   glance.continued = IsContinued(line);
-  std::size_t first = 0;
-  while (first < line.size() && (line[first] == ' ' || line[first] == '\t')) ++first;
+  const std::size_t first = SkipBlanks(line, 0);
   glance.empty = first == line.size();
   if (glance.empty) return glance;
   glance.comment = line[first] == '\'';
   glance.directive = line[first] == '#';
-  if (!glance.comment)
-    glance.matters = glance.continued || MayMatter(line.substr(first)) || line.find(Char{':'}) != line.npos;
+  if (glance.comment) return glance;
+  glance.matters = glance.continued || MayMatter(line, first);
+  for (std::size_t colon = line.find(Char{':'}, first); colon != line.npos; colon = line.find(Char{':'}, colon + 1)) {
+    glance.several = true;
+    glance.matters = glance.matters || MayMatter(line, SkipBlanks(line, colon + 1));
+  }
   return glance;
 }
 
@@ -110,7 +132,7 @@ class MapBuilder {
       for (bool more = glance.continued; more && last_ < count_; more = Look(last_).continued) ++last_;
       if (glance.empty || glance.comment) continue;
       const bool declaring = procedures_.empty();
-      if (glance.matters || (declaring && (glance.directive || MayBeRemark()))) {
+      if (glance.matters || (declaring && (glance.directive || glance.several || MayBeRemark()))) {
         ReadLogicalLine();
       } else if (declaring) {
         NoteDeclaration();

@@ -9,7 +9,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::native {
@@ -31,8 +31,7 @@ TEST(XmlSaveTest, SaveReplacesTheFileAsAWhole) {
   const std::string path = folder.Write("old.xml", "old");
   ASSERT_EQ(chmod(path.c_str(), 0640), 0);
   ASSERT_EQ(symlink("old.xml", (folder / "link.xml").c_str()), 0);
-  LibXmlDocument document;
-  document.SetDocumentElement(*document.CreateElement("r"));
+  LibXmlTable document(XmlTableShape{"r", "e", {}});
   document.Save(FromUtf8(folder / "link.xml"));
   EXPECT_EQ(folder.Read("old.xml"), "<r/>\n");
   struct stat status {};
@@ -49,10 +48,9 @@ TEST(XmlSaveTest, SaveReplacesTheFileAsAWhole) {
 TEST(XmlSaveTest, AFailedSaveLeavesTheOldFileAlone) {
   const test::TempFolder folder;
   folder.Write("result.xml", "old");
-  LibXmlDocument document;
-  const auto root = document.CreateElement("r");
-  root->SetAttribute("long", std::u16string(1000, u'x'));
-  document.SetDocumentElement(*root);
+  LibXmlTable document(XmlTableShape{"r", "e", {{"long", false}}});
+  document.BeginRow();
+  document.AddText(std::u16string(1000, u'x'));
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);

@@ -15,6 +15,7 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "platform/XmlTable.h"
 #include "platform/forms/TabControl.h"
 #include "windows/platform/FormWindow.h"
 #include "windows/platform/Handles.h"
@@ -143,6 +144,10 @@ std::unique_ptr<RegExp> ViewsPlatform::NewRegExp() {
 }
 
 std::shared_ptr<XmlDocument> ViewsPlatform::NewXmlDocument() {
+  RaiseError(ErrorNumber::CannotCreateObject);
+}
+
+std::unique_ptr<XmlTable> ViewsPlatform::NewXmlTable(const XmlTableShape&) {
   RaiseError(ErrorNumber::CannotCreateObject);
 }
 

@@ -35,6 +35,7 @@ class ViewsPlatform final : public Platform {
 
   std::unique_ptr<RegExp> NewRegExp() override;
   std::shared_ptr<XmlDocument> NewXmlDocument() override;
+  std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override;
   const CodePage& AnsiCodePage() override { return *codePage_; }
   MessageLoop& Loop() override { return loop; }
   Prompts& MessageBoxes() override { return *prompts_; }
