@@ -26,6 +26,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
+#include "native/xml/LibXmlTable.h"
 #include "platform/App.h"
 #include "platform/CodePage.h"
 #include "platform/MessageLoop.h"
@@ -66,6 +67,9 @@ class BenchPlatform final : public Platform {
 
   std::unique_ptr<RegExp> NewRegExp() override { return std::make_unique<native::PcreRegExp>(); }
   std::shared_ptr<XmlDocument> NewXmlDocument() override { return std::make_shared<native::LibXmlDocument>(); }
+  std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override {
+    return std::make_unique<native::LibXmlTable>(shape);
+  }
   const CodePage& AnsiCodePage() override { return *mobjCodePage; }
   MessageLoop& Loop() override { return mobjLoop; }
   Prompts& MessageBoxes() override { return mobjPrompts; }

@@ -118,7 +118,8 @@ class XmlReporter final : public Reporter {
       MatchReader match(pi);
       writer_.BeginRow();
       for (const MatchFieldInfo& field : MatchFields()) {
-        field.IsNumber() ? writer_.Number(field.Name, field.Number(match)) : writer_.Text(field.Name, field.Text(match));
+        field.IsNumber() ? writer_.Number(field.Name, field.Number(match))
+                         : writer_.Text(field.Name, field.Text(match));
       }
       writer_.EndRow();
       output_.Write(writer_.Take());

@@ -122,8 +122,8 @@ class RandomTable {
   }
 
   void AddRow() {
-    static constexpr std::u16string_view values[] = {u"",      u"1",    u"7", u"a value of more than fifteen characters",
-                                                     u"<&>\"", u"\r\n", u"中\xD83D\xDE00"};
+    static constexpr std::u16string_view values[] = {
+        u"", u"1", u"7", u"a value of more than fifteen characters", u"<&>\"", u"\r\n", u"中\xD83D\xDE00"};
     table_.BeginRow();
     const std::size_t width = Pick(6) == 0 ? Pick(5) : 5;
     if (width > 0) table_.AddNumber(static_cast<std::int32_t>(Pick(9)) - 4);
@@ -133,22 +133,23 @@ class RandomTable {
 
   /// One that strings texts and values together, or nearly.
   std::u16string StraightSheetText() {
-    static constexpr std::u16string_view pieces[] = {u"<xsl:value-of select='@a'/>",
-                                                     u"<xsl:value-of select='@b' disable-output-escaping='yes'/>",
-                                                     u"<xsl:value-of disable-output-escaping='no' select=\"@c\"/>",
-                                                     u"<xsl:value-of select='@long-name'/>",
-                                                     u"<xsl:value-of select='@d'> </xsl:value-of>",
-                                                     u"<xsl:value-of select='@missing'/>",
-                                                     u"<xsl:value-of select='@b'/>",
-                                                     u"<xsl:text> \r\n</xsl:text>",
-                                                     u"<xsl:text/>",
-                                                     u"<xsl:text disable-output-escaping='yes'>&lt;&amp;&#13;</xsl:text>",
-                                                     u"<xsl:text><![CDATA[<]]> </xsl:text>",
-                                                     u"&lt;中&#13;&gt;",
-                                                     u" \t\n ",
-                                                     u"<!-- remark -->",
-                                                     u"text<![CDATA[ & ]]>",
-                                                     u"]"};
+    static constexpr std::u16string_view pieces[] = {
+        u"<xsl:value-of select='@a'/>",
+        u"<xsl:value-of select='@b' disable-output-escaping='yes'/>",
+        u"<xsl:value-of disable-output-escaping='no' select=\"@c\"/>",
+        u"<xsl:value-of select='@long-name'/>",
+        u"<xsl:value-of select='@d'> </xsl:value-of>",
+        u"<xsl:value-of select='@missing'/>",
+        u"<xsl:value-of select='@b'/>",
+        u"<xsl:text> \r\n</xsl:text>",
+        u"<xsl:text/>",
+        u"<xsl:text disable-output-escaping='yes'>&lt;&amp;&#13;</xsl:text>",
+        u"<xsl:text><![CDATA[<]]> </xsl:text>",
+        u"&lt;中&#13;&gt;",
+        u" \t\n ",
+        u"<!-- remark -->",
+        u"text<![CDATA[ & ]]>",
+        u"]"};
     static constexpr std::u16string_view odd[] = {u"<xsl:value-of select=' @a'/>",
                                                   u"<xsl:value-of select='a'/>",
                                                   u"<xsl:value-of select='@a' disable-output-escaping='maybe'/>",
@@ -159,12 +160,13 @@ class RandomTable {
                                                   u"<xsl:if test='@a'>x</xsl:if>",
                                                   u"<xsl:text xml:space='default'> </xsl:text>",
                                                   u"<xsl:text x='1'> </xsl:text>"};
-    static constexpr std::u16string_view outputs[] = {u"<xsl:output omit-xml-declaration='yes'/>",
-                                                      u"<xsl:output method='text'/>",
-                                                      u"<xsl:output omit-xml-declaration='yes' method='xml' indent='yes'/>",
-                                                      u"<xsl:output method='html'/>",
-                                                      u"<!-- none -->",
-                                                      u"<xsl:output method='text'/><xsl:output method='xml'/>"};
+    static constexpr std::u16string_view outputs[] = {
+        u"<xsl:output omit-xml-declaration='yes'/>",
+        u"<xsl:output method='text'/>",
+        u"<xsl:output omit-xml-declaration='yes' method='xml' indent='yes'/>",
+        u"<xsl:output method='html'/>",
+        u"<!-- none -->",
+        u"<xsl:output method='text'/><xsl:output method='xml'/>"};
     static constexpr std::u16string_view roots[] = {u"version='1.0'", u"version='1.0' xml:space='preserve'",
                                                     u"version='1.1'"};
     static constexpr std::u16string_view templates[] = {u"match='e'", u"match='f'", u"match='*'", u"match='e' mode='m'",

@@ -213,7 +213,8 @@ std::u16string LibXmlTable::TransformInPlace(std::size_t row, const std::shared_
   while (nodes_->Count() < rowCount_) {
     const std::size_t made = nodes_->Count();
     nodes_->Begin();
-    ForEachValue(made, [this](std::size_t column, std::string_view value) { nodes_->Add(columnNames_[column], value); });
+    ForEachValue(made,
+                 [this](std::size_t column, std::string_view value) { nodes_->Add(columnNames_[column], value); });
   }
   return nodes_->Transform(row, stylesheet);
 }
@@ -222,7 +223,8 @@ std::string LibXmlTable::Xml() const {
   XmlRowWriter writer(shape_.Root, shape_.Row);
   for (std::size_t row = 0; row < rowCount_; ++row) {
     writer.BeginRow();
-    ForEachValue(row, [&](std::size_t column, std::string_view value) { writer.Utf8(shape_.Columns[column].Name, value); });
+    ForEachValue(row,
+                 [&](std::size_t column, std::string_view value) { writer.Utf8(shape_.Columns[column].Name, value); });
     writer.EndRow();
   }
   writer.Finish();

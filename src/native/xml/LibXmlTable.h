@@ -40,13 +40,16 @@ class LibXmlTable final : public XmlTable {
   void Save(const std::u16string& path) const override;
 
  private:
-  std::uint32_t CellAt(std::size_t row, std::size_t column) const { return cells_[row * shape_.Columns.size() + column]; }
+  std::uint32_t CellAt(std::size_t row, std::size_t column) const {
+    return cells_[row * shape_.Columns.size() + column];
+  }
   std::string_view TextAt(std::uint32_t cell) const;
   std::uint32_t Keep(std::string_view utf8);
   void Check(std::size_t row, std::size_t column, bool isNumber) const;
   /// How many columns the row has.
   std::size_t Width(std::size_t row) const;
-  /// A value that the row has, UTF-8 with a NUL after it: good until the table changes or this is asked for another row.
+  /// A value that the row has, UTF-8 with a NUL after it: good until the table changes or this is asked for another
+  /// row.
   std::string_view ValueAt(std::size_t row, std::size_t column) const;
   /// Calls `visit` with the number of each column that the row has and its ValueAt.
   template <class Visitor>
@@ -64,12 +67,12 @@ class LibXmlTable final : public XmlTable {
   const unsigned char* rootName_;
 
   std::size_t rowCount_ = 0;
-  std::size_t nextColumn_ = 0;                  ///< of the last row
-  std::deque<std::uint32_t> cells_;             ///< row by row: a number, or where its text begins in texts_
-  std::map<std::size_t, std::size_t> narrow_;   ///< rows that lack columns, with how many they have
-  std::string texts_;                           ///< each with its length before and a NUL behind
+  std::size_t nextColumn_ = 0;                 ///< of the last row
+  std::deque<std::uint32_t> cells_;            ///< row by row: a number, or where its text begins in texts_
+  std::map<std::size_t, std::size_t> narrow_;  ///< rows that lack columns, with how many they have
+  std::string texts_;                          ///< each with its length before and a NUL behind
   std::string utf8_;
-  mutable std::vector<char> digits_;            ///< of the numbers of the row that was last looked at
+  mutable std::vector<char> digits_;  ///< of the numbers of the row that was last looked at
   /// A piece of a straight stylesheet: a text as it is written, or a column.
   struct Step {
     std::string Written;
@@ -79,8 +82,8 @@ class LibXmlTable final : public XmlTable {
   static constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
   std::shared_ptr<const Stylesheet> planned_;  ///< that plan_ was made for
   std::vector<Step> plan_;
-  std::unique_ptr<ScratchElement> scratch_;     ///< made at the first need
-  std::unique_ptr<RowNodes> nodes_;             ///< made at the first need, for the rows that there were
+  std::unique_ptr<ScratchElement> scratch_;  ///< made at the first need
+  std::unique_ptr<RowNodes> nodes_;          ///< made at the first need, for the rows that there were
 };
 
 }  // namespace quorvane::native

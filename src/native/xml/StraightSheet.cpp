@@ -84,8 +84,8 @@ bool AddTemplate(const xmlNode* node, StraightSheet& sheet) {
     if (child->type == XML_TEXT_NODE) {
       if (!IsBlank(View(child->content))) sheet.Pieces.push_back({std::string(View(child->content)), {}, true});
     } else if (child->type != XML_COMMENT_NODE) {
-      const bool added = (IsXslt(child, "text") && AddText(child, sheet)) ||
-                         (IsXslt(child, "value-of") && AddValue(child, sheet));
+      const bool added =
+          (IsXslt(child, "text") && AddText(child, sheet)) || (IsXslt(child, "value-of") && AddValue(child, sheet));
       if (!added) return false;
     }
   }

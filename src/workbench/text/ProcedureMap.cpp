@@ -11,9 +11,9 @@
 
 namespace quorvane::workbench {
 
-// Most lines neither begin nor end a procedure, and the first words of their statements tell. They are looked at as they
-// are stored, bytes of the file or typed text; only a line that may matter is decoded and taken apart, whole with its
-// continuations.
+// Most lines neither begin nor end a procedure, and the first words of their statements tell. They are looked at as
+// they are stored, bytes of the file or typed text; only a line that may matter is decoded and taken apart, whole with
+// its continuations.
 
 namespace {
 
