@@ -139,38 +139,11 @@ TEST(RegExpTest, LegitimatePatternsOverLongTextsFinish) {
 }
 
 TEST(RegExp, TextsThatEveryMatchHolds) {
-  const struct {
-    std::u16string_view pattern;
-    std::vector<std::string> texts;
-    bool ignoreCase = false;
-  } rows[] = {
-      {u"abc", {"abc"}},
-      {u"ab\\.c+d", {"ab.c"}},
-      {u"ab*cde", {"cde"}},
-      {u"abc{2}defg", {"cdefg"}},
-      {u"ab{0,3}c{0}", {"a"}},
-      {u"(abcd)?ef", {"ef"}},
-      {u"(abcd)+ef", {"abcd"}},
-      {u"^a\\bbc$", {"abc"}},
-      {u"a(?=xyz)b(?!uvw)c", {"abc"}},
-      {u"one|two|three", {"one", "three", "two"}},
-      {u"(?:one|t?)x", {"x"}},
-      {u"pre(?:one|two)", {"pre"}},
-      {u"one|[ab]", {}},
-      {u"a|b|c|d|e|f|g|h|i", {}},
-      {u"x?|y", {}},
-      {u"ab\\r\\ncde", {"cde"}},
-      {u"(a)bc\\1", {"bc"}},
-      {u"é?maskS", {"ma"}, true},
-      {u"é?maskS", {"maskS"}},
-      {u"", {}},
-      {u"a(", {}},
-  };
-  for (const auto& row : rows) {
+  for (const test::Row& row : test::Rows("native/RegExp.rows", "TextsThatEveryMatchHolds")) {
     PcreRegExp regExp;
-    regExp.Pattern = row.pattern;
-    regExp.IgnoreCase = row.ignoreCase;
-    EXPECT_EQ(regExp.RequiredTexts(), row.texts) << ToUtf8(row.pattern);
+    regExp.Pattern = row.Text(0);
+    regExp.IgnoreCase = row.Bytes(2) == "i";
+    EXPECT_EQ(regExp.RequiredTexts(), row.List(1)) << row.Where();
   }
 }
 

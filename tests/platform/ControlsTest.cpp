@@ -2,6 +2,7 @@
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Controls.h"
+#include "platform/forms/OwnerDrawList.h"
 #include "support/Raised.h"
 
 namespace quorvane {
@@ -27,6 +28,21 @@ TEST(ControlsTest, MakesByProgIdAndKeepsByName) {
   EXPECT_EQ(controls.All(), (std::vector<std::shared_ptr<forms::Control>>{two}));
   EXPECT_EQ(Raised([&] { controls.Remove(u"mobjLabelSearch1"); }), 730);
   EXPECT_EQ(Raised([&] { controls.Item(u"mobjLabelSearch1"); }), 730);
+}
+
+TEST(OwnerDrawListTest, TellsItsViewOfWhatChanges) {
+  forms::OwnerDrawList list;
+  std::string told;
+  const Subscription rows =
+      list.RowsChanged.Subscribe([&] { told += "rows " + std::to_string(list.ListCount()) + ";"; });
+  const Subscription state = list.Changed.Subscribe([&] { told += "state " + std::to_string(list.ListIndex()) + ";"; });
+  list.AddItem(u"a", 7);
+  list.AddItem(u"b", 8);
+  for (int twice = 0; twice < 2; ++twice) list.SetListIndex(1);
+  for (int twice = 0; twice < 2; ++twice) list.SetHorizontalExtent(90);
+  list.Clear();
+  EXPECT_EQ(told, "rows 1;rows 2;state 1;state 1;rows 0;");
+  EXPECT_EQ(list.ListIndex(), -1);
 }
 
 }  // namespace

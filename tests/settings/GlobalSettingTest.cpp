@@ -45,6 +45,7 @@ class GlobalSettingTest : public ::testing::Test {
 
 TEST_F(GlobalSettingTest, FirstRun) {
   Setting().mstrSearchStr = u"left over";
+  Setting().mblnWholeWord = Setting().mblnMatchCase = Setting().mblnRegSingleLine = true;
   Setting().menumArea = gsSelection;
   Setting().mcolSearchHistory.Add(u"left over");
   int changes = 0;
@@ -52,6 +53,7 @@ TEST_F(GlobalSettingTest, FirstRun) {
   Setting().Load();
   EXPECT_EQ(Setting().mstrSearchStr, u"");
   EXPECT_EQ(Setting().menumArea, gsCurProject);
+  EXPECT_FALSE(Setting().mblnWholeWord || Setting().mblnMatchCase || Setting().mblnRegSingleLine);
   EXPECT_EQ(Setting().mcolSearchHistory.Count(), 0);
   EXPECT_EQ(changes, 0);
   Setting().Save();

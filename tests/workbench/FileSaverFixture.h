@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Error.h"
 #include "base/FilePath.h"
+#include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "workbench/save/FileSaver.h"
 
@@ -28,13 +28,8 @@ inline std::vector<std::string> NamesIn(const fs::path& folder) {
 }
 
 /// The error that saving raises; Number 0 when it raises none.
-inline Error ErrorOf(const std::vector<FileToSave>& files, const RenameFile& rename = {}) {
-  try {
-    SaveFiles(files, rename);
-    return {};
-  } catch (const Error& error) {
-    return error;
-  }
+inline test::RaisedError ErrorOf(const std::vector<FileToSave>& files, const RenameFile& rename = {}) {
+  return test::Raised([&] { SaveFiles(files, rename); });
 }
 
 class FileSaverTest : public testing::Test {

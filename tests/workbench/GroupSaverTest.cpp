@@ -5,6 +5,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
+#include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
@@ -46,11 +47,7 @@ class GroupSaverTest : public testing::Test {
     return told;
   }
   std::string FailureOfSave() {
-    try {
-      return "saved: " + Save();
-    } catch (const Error& e) {
-      return e.what();
-    }
+    return test::Raised([&] { Save(); }).what();
   }
 
   static constexpr const char* kShared =

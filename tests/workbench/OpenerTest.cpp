@@ -6,6 +6,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
+#include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
@@ -42,11 +43,7 @@ class OpenerTest : public testing::Test {
     return Describe(OpenFiles(files, *codePage));
   }
   std::string FailureOf(const std::vector<std::string>& files) {
-    try {
-      return "opened: " + Open(files);
-    } catch (const Error& e) {
-      return e.what();
-    }
+    return test::Raised([&] { Open(files); }).what();
   }
 
   TempFolder folder;

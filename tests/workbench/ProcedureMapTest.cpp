@@ -9,6 +9,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/Seen.h"
 #include "workbench/model/Module.h"
 
@@ -56,72 +57,26 @@ void ExpectCovered(Module& whole) {
   }
 }
 
-struct Case {
-  std::string text;  ///< `|` stands for a line end
-  std::string expected;
-};
-
-class ProcedureMapTest : public testing::TestWithParam<Case> {};
-
 /// Once as the file gives the lines, once as if they had been typed.
-TEST_P(ProcedureMapTest, DividesAModule) {
+TEST(ProcedureMap, DividesAModule) {
   const TwoBytePage page;
   TurnClock clock;
-  std::string bytes = GetParam().text;
-  for (std::size_t at = 0; (at = bytes.find('|', at)) != bytes.npos;) bytes.replace(at, 1, "\r\n");
-  Module module(std::make_shared<SourceFile>(bytes), page, clock);
-  EXPECT_EQ(Describe(module), GetParam().expected);
-  ExpectCovered(module);
+  for (const char* table : {"Headers", "LookAlikes", "Declarations"}) {
+    for (const test::Row& row : test::Rows("workbench/ProcedureMap.rows", table)) {
+      SCOPED_TRACE(row.Where());
+      std::string bytes = row.Bytes(0);
+      for (std::size_t at = 0; (at = bytes.find('|', at)) != bytes.npos;) bytes.replace(at, 1, "\r\n");
+      Module module(std::make_shared<SourceFile>(bytes), page, clock);
+      EXPECT_EQ(Describe(module), row.Bytes(1));
+      ExpectCovered(module);
 
-  const std::u16string text = module.Text();
-  Module typed(std::make_shared<SourceFile>(), page, clock);
-  if (!text.empty()) typed.InsertLines(1, text);
-  EXPECT_EQ(Describe(typed), GetParam().expected) << "typed";
+      const std::u16string text = module.Text();
+      Module typed(std::make_shared<SourceFile>(), page, clock);
+      if (!text.empty()) typed.InsertLines(1, text);
+      EXPECT_EQ(Describe(typed), row.Bytes(1)) << "typed";
+    }
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Headers, ProcedureMapTest,
-    testing::Values(
-        Case{"", "0"}, Case{"Sub A()|End Sub", "0; A 1+2"}, Case{"sub a|end sub|", "0; a 1+2"},
-        Case{"Public Static Function A%()|END  FUNCTION|Static Private Sub B()|End Sub|Friend Sub C()|End Sub",
-             "0; A 1+2; B 3+2; C 5+2"},
-        Case{"Property Get P() As Long|End Property|Property Let P(a)|End Property|Public Property Set P(a)|End "
-             "Property",
-             "0; P Get 1+2; P Let 3+2; P Set 5+2"},
-        Case{"Sub A(): End Sub|Function B&(): B = 1: End Function|'", "0; A 1+1; B 2+2"},
-        Case{"Sub [My Sub]()|End Sub|Sub[x]()|End Sub", "0; My Sub 1+2; x 3+2"},
-        Case{"Sub \x95\x5C\x95\x5Dz$()|End Sub", "0; \u5DDC\u5DDDz 1+2"},
-        Case{"10 Sub A()|20 x|30 End Sub|lbl: Sub B()|z: End Sub|", "0; A 1+3; B 4+2"},
-        Case{"Private Sub _|  A _|  (x)|End _|\tSub|Sub B()|End Sub", "0; A 1+5; B 6+2"},
-        Case{"Sub A()|x = \"End Sub|End Sub|Sub B()|s = \"a:End Sub\": ' : End Sub|rem : End Sub|Rem x _|End Sub|' "
-             "_|End Sub|End Sub",
-             "0; A 1+3; B 4+8"},
-        Case{"Sub A()|End Sub|Sub B(): End Sub|Sub a()|End Sub|Sub A()|End Sub", "0; A 1+2; B 3+1; a 4+2; A 6+2"},
-        Case{"Sub A()|Sub B()|End Sub|End Sub|Sub C(): Sub D()|End", "0; A 1+1; B 2+2; C 4+1; D 5+2"},
-        Case{"Sub A()|x \"_ _|: End Sub|Sub B", "0; A 1+3; B 4+1"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    LookAlikes, ProcedureMapTest,
-    testing::Values(
-        Case{"Declare Sub A Lib \"x\" ()|Private Declare Function B Lib \"x\" () As Long|Event Sub1()|Public Event C()",
-             "4"},
-        Case{"Sub A()|Exit Sub|SubTotal = 1|Static x As Long|Property.x = 2|Functions 3|EndSub|End|End If|End "
-             "SubTotal|End Sub|x",
-             "0; A 1+12"},
-        Case{"Type T|  Property As Long|  Sub As Long|  Static As Long|End Type", "5"},
-        Case{"remainder = 1|Rem Sub A(): Sub A()|End Sub", "3"}, Case{"x = \"|Sub A()|End Sub", "1; A 2+2"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Declarations, ProcedureMapTest,
-    testing::Values(Case{"Option Explicit||' about A|#Const x = 1|Sub A()|End Sub||' end", "1; A 2+7"},
-                    Case{"Dim a, _|  b|  |Rem about A|Sub A()|End Sub", "2; A 3+4"},
-                    Case{"#If X Then|Dim a|#Else|Dim b|#End If||Sub A()|End Sub", "5; A 6+3"},
-                    Case{"Dim a|#If X Then|'|#If Y Then|#End If|#End If|Sub A()|End Sub", "1; A 2+7"},
-                    Case{"#If X Then|#If Y Then|Dim a|#End If|#End If|Sub A()|End Sub", "5; A 6+2"},
-                    Case{"Dim a|#If X Then|Sub A()|End Sub|#End If|Dim b|Sub B()|End Sub", "1; A 2+3; B 5+4"},
-                    Case{"' x|Option Explicit|'", "3"}, Case{"Dim a: Sub A()|End Sub", "0; A 1+2"},
-                    Case{"Dim a ' x _|  y|Sub A()|End Sub", "2; A 3+2"}, Case{"||Sub A()|End Sub", "0; A 1+4"},
-                    Case{"End Sub|Sub A()|End Sub", "1; A 2+2"}));
 
 class ProcedureMapModules : public testing::Test {
  protected:

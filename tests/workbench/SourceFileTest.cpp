@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Rows.h"
 #include "workbench/text/Sieve.h"
 #include "workbench/text/SourceFile.h"
 
@@ -73,71 +74,17 @@ void ExpectKnownBeforehand(const std::string& bytes) {
   EXPECT_EQ(whole.LineAt(lines.size() - 1), lines.back());
 }
 
-struct Case {
-  const char* what;
-  std::string bytes;
-  std::string expected;
-};
-
-class SourceFileTest : public testing::TestWithParam<Case> {};
-
-TEST_P(SourceFileTest, ShowsCodeAlone) {
-  const SourceFile file(GetParam().bytes);
-  EXPECT_EQ(Describe(file), GetParam().expected);
-  ExpectWhole(file);
-  ExpectKnownBeforehand(GetParam().bytes);
+TEST(SourceFile, ShowsCodeAlone) {
+  for (const char* table : {"Lines", "Header", "Hidden"}) {
+    for (const test::Row& row : test::Rows("workbench/SourceFile.rows", table)) {
+      SCOPED_TRACE(row.Where());
+      const SourceFile file(row.Bytes(1));
+      EXPECT_EQ(Describe(file), row.Bytes(2));
+      ExpectWhole(file);
+      ExpectKnownBeforehand(row.Bytes(1));
+    }
+  }
 }
-
-using namespace std::string_literals;
-
-const std::string kClass = "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\nEND\r\n";
-const std::string kForm =
-    "VERSION 5.00\r\nObject = \"{F9}#2.0#0\"; \"A.OCX\"\r\nBegin VB.Form F \r\n   BeginProperty Font \r\n"
-    "      Name = \"End\"\r\n   EndProperty\r\n   Begin VB.Timer T \r\n   End\r\nEnd\r\n";
-
-INSTANTIATE_TEST_SUITE_P(Lines, SourceFileTest,
-                         testing::Values(Case{"empty", "", ""}, Case{"final line end", "A\nB\n", "A|B"},
-                                         Case{"no final line end", "A\r\nB", "A|B"},
-                                         Case{"lone CR", "A\rB\r\rC\r", "A|B||C"},
-                                         Case{"mixed", "A\r\n\r\n\n\rB\n\r\n", "A||||B|"},
-                                         Case{"NUL at the end", "A\r\n\0\0"s, "A|\0\0"s},
-                                         Case{"one line end", "\r\n", ""}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Header, SourceFileTest,
-    testing::Values(
-        Case{"standard module", "Attribute VB_Name = \"M\"\r\nDim a\r\n", "Dim a <M>"},
-        Case{"class", kClass + "Attribute VB_Name = \"C\"\r\nAttribute VB_Exposed = False\r\n\r\nDim a", "|Dim a <C>"},
-        Case{"form", kForm + "Attribute VB_Name = \"F\"\r\nBegin x", "Begin x <F>"}, Case{"header alone", kForm, ""},
-        Case{"no attributes", kClass + "\r\nEnd", "|End"},
-        Case{"a blank line before the attributes", kForm + "\r\nAttribute VB_Name = \"F\"\r\nx", "x <F>"},
-        Case{"small letters, LF", "version 1.0 class\nbegin\nend\nattribute vb_name=\"c\"\nx\n", "x <c>"},
-        Case{"lone CR", "VERSION 5.00\rBegin VB.Form F\rEnd\rAttribute VB_Name = \"F\"\rx\r", "x <F>"},
-        Case{"byte order mark", "\xEF\xBB\xBF" + kClass + "x", "x"},
-        Case{"byte order mark alone", "\xEF\xBB\xBFx", "x"},
-        Case{"block without end, attributes", "VERSION 5.00\nBegin VB.Form F\n a = 1\nAttribute VB_Name = \"F\"\nx",
-             "x <F>"},
-        Case{"block without end", "VERSION 5.00\nBegin VB.Form F\n a = 1\n", "VERSION 5.00|Begin VB.Form F| a = 1"},
-        Case{"something else", "create table t (\n begin int\n);\n", "create table t (| begin int|);"},
-        Case{"a word only", "VERSION 5.00\nselect 1;\nBegin x\nEnd\n", "VERSION 5.00|select 1;|Begin x|End"},
-        Case{"code above", "x\n" + kClass, "x|VERSION 1.0 CLASS|BEGIN|  MultiUse = -1  'True|END"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Hidden, SourceFileTest,
-    testing::Values(
-        Case{"behind a header", "Sub A()\r\nAttribute A.VB_UserMemId = 0\r\nEnd Sub\r\n",
-             "Sub A()|End Sub {1:Attribute A.VB_UserMemId = 0}"},
-        Case{"several, above the first too",
-             "Attribute A.VB_X = 1\nDim A\nATTRIBUTE A.VB_Y.Z=2\n\tattribute\tA . B = 3\nAttribute [a b].VB_Z = 4",
-             "Dim A|\tattribute\tA . B = 3 {0:Attribute A.VB_X = 1} {1:ATTRIBUTE A.VB_Y.Z=2} {2:Attribute [a b].VB_Z = "
-             "4}"},
-        Case{"code",
-             "Attribute = 3\nattribute foo\nAttributes A.B = 1\nAttribute.B = 2\nAttribute 'x = 1\nx = Attribute",
-             "Attribute = 3|attribute foo|Attributes A.B = 1|Attribute.B = 2|Attribute 'x = 1|x = Attribute"},
-        Case{"continued", "' a _\nAttribute A.VB_X = 1\nb_\nAttribute A.VB_X = 2\n",
-             "' a _|Attribute A.VB_X = 1|b_ {3:Attribute A.VB_X = 2}"},
-        Case{"second byte like a backslash", "Attribute \x95\x5C.VB_X = 1\n", " {0:Attribute \x95\x5C.VB_X = 1}"},
-        Case{"name in the code", "'\nAttribute VB_Name = \"M\"\n", "' {1:Attribute VB_Name = \"M\"} <M>"}));
 
 TEST(SourceFile, CutsAnyBytes) {
   static const std::vector<std::string> kPieces = {

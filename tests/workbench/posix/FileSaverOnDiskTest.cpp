@@ -1,6 +1,8 @@
-// Modes, links and a full disk.
+// Modes, links, a full disk, and somebody else at the same time.
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -74,6 +76,26 @@ TEST_F(FileSaverOnDiskTest, AFullDiskLeavesEverythingAsItWas) {
   EXPECT_EQ(folder_.Read("b.bas"), "old b");
   EXPECT_EQ(NamesIn(folder_.Path()), (std::vector<std::string>{"a.bas", "b.bas"}));
 }
+
+#ifdef F_NOTIFY  // Linux sends a signal as soon as a file is made in the folder: here, the first of the new ones
+std::string changedMeanwhile;
+
+TEST_F(FileSaverOnDiskTest, AFileThatSomebodyChangesMeanwhileIsLeftToThem) {
+  changedMeanwhile = b_;
+  const auto before = std::signal(SIGIO, [](int) {
+    const int file = ::open(changedMeanwhile.c_str(), O_WRONLY | O_TRUNC);
+    if (::write(file, "theirs", 6) == 6) ::close(file);
+  });
+  const int folder = ::open(folder_.Path().c_str(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(::fcntl(folder, F_NOTIFY, DN_CREATE), 0);
+  const Error error = ErrorOf({ToSave(a_, "new a"), ToSave(b_, "new b")});
+  ::close(folder);
+  std::signal(SIGIO, before);
+  EXPECT_EQ(std::string(error.what()), b_ + ": cannot be saved: it was changed on disk since it was opened");
+  EXPECT_EQ(folder_.Read("a.bas") + ", " + folder_.Read("b.bas"), "old a, theirs");
+  EXPECT_EQ(NamesIn(folder_.Path()), (std::vector<std::string>{"a.bas", "b.bas"}));
+}
+#endif
 
 }  // namespace
 }  // namespace quorvane::workbench
