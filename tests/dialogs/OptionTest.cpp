@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "chordtrap/Manager.h"
 #include "platform/forms/Forms.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 
 namespace quorvane {
 namespace {
@@ -177,6 +179,18 @@ TEST_F(OptionTest, KeysOfTheForm) {
   EXPECT_FALSE(o.PressAccessKey(u'u'));
   EXPECT_TRUE(o.PressAccessKey(u'c'));
   EXPECT_EQ(forms::TheForms().Count(), 0);
+}
+
+TEST_F(OptionTest, EachControlLiesInItsFrameOrOnItsTab) {
+  const auto rows = test::Rows("dialogs/Option.rows", "Places");
+  for (const test::Row& row : rows) {
+    const auto control = Open().Controls().Item(row.Text(0));
+    const auto container = control->Container();
+    const auto frame = std::dynamic_pointer_cast<forms::Frame>(container);
+    EXPECT_EQ(frame ? ToUtf8(frame->Name()) : container ? "a tab" : "", row.Bytes(1)) << row.Where();
+    EXPECT_TRUE(!frame || std::ranges::count(frame->Children(), control) == 1) << row.Where();
+  }
+  EXPECT_EQ(Option().Controls().Count(), static_cast<std::int32_t>(rows.size()));
 }
 
 TEST_F(OptionTest, CaptionsInBothLanguages) {

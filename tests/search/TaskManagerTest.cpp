@@ -6,6 +6,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "support/PassingModule.h"
+#include "support/Rows.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
@@ -29,84 +30,37 @@ class TaskManagerTest : public SearchFixture {
 };
 
 TEST_F(TaskManagerTest, AreasTimesModes) {
-  struct Row {
-    gsArea area;
-    std::u16string text;
-    std::string matches[3];  ///< common, pattern, regexp
-  };
-  const auto all = [](gsArea area, const std::string& matches) {
-    return Row{area, u"total", {matches, matches, matches}};
-  };
-  const std::string main = "Main 1,5-1,10 total\nMain 3,3-3,8 total\nMain 3,11-3,16 total";
-  const std::string project = main + "\nOrder 1,8-1,13 total\nOrder 1,16-1,21 total";
-  const std::vector<Row> rows{
-      all(gsAllProjects, project + "\nTools 1,5-1,10 Total"),
-      all(gsCurProject, project),
-      all(gsCurModule, main),
-      all(gsCurProcedure, "Main 3,3-3,8 total\nMain 3,11-3,16 total"),
-      all(gsSelection, "Main 3,11-3,16 total"),
-      {gsCurModule, u"t.t", {"", "", "Main 1,5-1,8 tot\nMain 3,3-3,6 tot\nMain 3,11-3,14 tot"}},
-      {gsCurModule, u"to?al [+]", {"", "Main 3,11-3,18 total +", "Main 3,13-3,18 tal +"}},
-      {gsCurModule, u"#", {"", "Main 3,19-3,20 1", ""}},
-      {gsCurModule, u"= total", {"Main 3,9-3,16 = total", "Main 3,9-3,16 = total", "Main 3,9-3,16 = total"}},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : Rows("search/TaskManager.rows", "AreasTimesModes")) {
     for (const gsMode mode : {gsCommon, gsPattern, gsRegular}) {
       OpenShop();
       Activate(u"Main", {3, 5, 3, 18});
-      Condition(row.area, mode, row.text);
+      Condition(static_cast<gsArea>(row.Number(1)), mode, row.Text(2));
       EXPECT_EQ(Search(), "");
-      EXPECT_EQ(Matches(), row.matches[mode]) << "area " << row.area << " mode " << mode << " " << ToUtf8(row.text);
+      const std::size_t column = row.Count() > 4 ? 3 + static_cast<std::size_t>(mode) : 3;
+      EXPECT_EQ(Matches(), Join(row.List(column))) << row.Where() << mode;
     }
   }
 }
 
 TEST_F(TaskManagerTest, CaseAndWholeWord) {
-  struct Row {
-    bool matchCase;
-    bool wholeWord;
-    gsMode mode;
-    std::string matches;
-  };
-  const std::vector<Row> rows{
-      {false, false, gsCommon, "M 1,1-1,4 Sub\nM 1,5-1,8 sub\nM 1,9-1,12 sub"},
-      {true, false, gsCommon, "M 1,5-1,8 sub\nM 1,9-1,12 sub"},
-      {false, true, gsCommon, "M 1,1-1,4 Sub\nM 1,5-1,8 sub"},
-      {true, true, gsPattern, "M 1,5-1,8 sub"},
-      {true, true, gsRegular, "M 1,5-1,8 sub\nM 1,9-1,12 sub"},  // whole word is not read
-      {false, true, gsRegular, "M 1,1-1,4 Sub\nM 1,5-1,8 sub\nM 1,9-1,12 sub"},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : Rows("search/TaskManager.rows", "CaseAndWholeWord")) {
     OpenModule(u"Sub sub sub_x");
-    Condition(gsAllProjects, row.mode, u"sub");
-    Setting().mblnMatchCase = row.matchCase;
-    Setting().mblnWholeWord = row.wholeWord;
+    Condition(gsAllProjects, static_cast<gsMode>(row.Number(3)), u"sub");
+    Setting().mblnMatchCase = row.Number(1) == 1;
+    Setting().mblnWholeWord = row.Number(2) == 1;
     EXPECT_EQ(Search(), "");
-    EXPECT_EQ(Matches(), row.matches) << row.matchCase << row.wholeWord << row.mode;
+    EXPECT_EQ(Matches(), Join(row.List(4))) << row.Where();
   }
 }
 
 TEST_F(TaskManagerTest, SelectionsBoundTheMatches) {
-  struct Row {
-    const char* what;
-    vbide::Selection selection;
-    std::string matches;
-  };
-  const std::vector<Row> rows{
-      {"inside a line, cutting words at both ends", {1, 2, 1, 10}, "M 1,5-1,8 aba"},
-      {"to a line's end", {1, 8, 1, 12}, "M 1,9-1,12 aba"},
-      {"over lines, cutting the last", {1, 6, 2, 3}, "M 1,9-1,12 aba"},
-      {"over lines, to the last one's end", {1, 12, 2, 4}, "M 2,1-2,4 aba"},
-      {"nothing", {1, 5, 1, 5}, ""},
-      {"one character too few", {1, 5, 1, 7}, ""},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : Rows("search/TaskManager.rows", "Selections")) {
     for (const gsMode mode : {gsCommon, gsPattern, gsRegular}) {
       OpenModule(CrLf(u"aba aba aba\naba"));
-      Activate(u"M", row.selection);
+      Activate(u"M", row.Range(1));
       Condition(gsSelection, mode, u"aba");
       EXPECT_EQ(Search(), "");
-      EXPECT_EQ(Matches(), row.matches) << row.what << ", mode " << mode;
+      EXPECT_EQ(Matches(), Join(row.List(2))) << row.Where() << mode;
     }
   }
 }
@@ -198,28 +152,17 @@ TEST_F(TaskManagerTest, AHandlersFailureEndsTheRunWithOneTaskDone) {
 
 TEST_F(TaskManagerTest, CancelTakesEffectAtTheNextMatch) {
   const std::string canceled = Told(kErrUserCanceled, "User canceled!");
-  struct Row {
-    const char* what;
-    int yields;
-    std::string events;
-    std::string matches;
-  };
-  const std::vector<Row> rows{
-      {"first match", 1, "begin 1\nscan Main\nquery\ndone 1", "Main 1,5-1,10 total"},
-      {"first match of the second module", 4, "begin 1\nscan Main\nquery\nquery\nquery\nscan Order\nquery\ndone 1",
-       "Main 1,5-1,10 total\nMain 3,3-3,8 total\nMain 3,11-3,16 total\nOrder 1,8-1,13 total"},
-  };
   for (const gsMode mode : {gsCommon, gsRegular}) {
-    for (const Row& row : rows) {
+    for (const Row& row : Rows("search/TaskManager.rows", "Cancel")) {
       OpenShop();
       Condition(gsAllProjects, mode, u"total");
       platform.loop.Yields = 0;
       platform.loop.OnYield = [&] {
-        if (platform.loop.Yields == row.yields) page->task.mblnCancel = true;
+        if (platform.loop.Yields == row.Number(1)) page->task.mblnCancel = true;
       };
-      EXPECT_EQ(Search(), canceled) << row.what;
-      EXPECT_EQ(Events(), row.events) << row.what;
-      EXPECT_EQ(Matches(), row.matches) << row.what;
+      EXPECT_EQ(Search(), canceled) << row.Where();
+      EXPECT_EQ(Events(), Join(row.List(2))) << row.Where();
+      EXPECT_EQ(Matches(), Join(row.List(3))) << row.Where();
       EXPECT_TRUE(page->task.mblnCancel) << "a listener of TaskDone can tell";
       platform.loop.OnYield = {};
     }
