@@ -31,12 +31,11 @@ std::string_view EndOf(std::string_view line) {
 
 std::string_view MostFrequentEnd(std::string_view bytes) {
   static constexpr std::array<std::string_view, 3> kEnds = {"\r\n", "\n", "\r"};
-  std::array<std::size_t, 3> counts{};
-  for (std::size_t i = bytes.find_first_of("\r\n"); i != std::string_view::npos; i = bytes.find_first_of("\r\n", i)) {
-    const std::size_t kind = bytes[i] == '\n' ? 1 : i + 1 < bytes.size() && bytes[i + 1] == '\n' ? 0 : 2;
-    ++counts[kind];
-    i += kEnds[kind].size();
-  }
+  // Three loops without branches, which the compiler turns into vector instructions.
+  std::size_t pairs = 0;
+  for (std::size_t i = 1; i < bytes.size(); ++i) pairs += (bytes[i - 1] == '\r') & (bytes[i] == '\n') ? 1 : 0;
+  const auto count = [bytes](char c) { return static_cast<std::size_t>(std::ranges::count(bytes, c)); };
+  const std::array<std::size_t, 3> counts = {pairs, count('\n') - pairs, count('\r') - pairs};
   return kEnds[static_cast<std::size_t>(std::max_element(counts.begin(), counts.end()) - counts.begin())];
 }
 
