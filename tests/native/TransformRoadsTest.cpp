@@ -200,7 +200,7 @@ TEST(TransformRoadsTest, AllRoadsGiveWhatTheLibraryGives) {
     straight += table.Straight();
   }
   testing::internal::GetCapturedStderr();
-  EXPECT_GT(straight, done / 5);
+  EXPECT_GT(straight, done / 8);
   EXPECT_LT(straight, done / 2);
 }
 

@@ -35,12 +35,21 @@ bool IsXslt(const xmlNode* node) {
          View(node->ns->href) == "http://www.w3.org/1999/XSL/Transform";
 }
 
+/// An attribute that is a pattern. Of one with a predicate the library remembers how many elements it counted, and a
+/// row that is added later is not among them.
+bool IsPattern(const xmlAttr* attribute) {
+  const std::string_view name = View(attribute->name);
+  return name == "match" || name == "count" || name == "from";
+}
+
 bool MayRemember(const xmlNode* node) {
   const std::string_view name = View(node->name);
   if (name == "fallback" || (!IsXslt(node) && node->ns != nullptr)) return true;
   for (const xmlAttr* attribute = node->properties; attribute != nullptr; attribute = attribute->next) {
     if (View(attribute->name) == "extension-element-prefixes") return true;
-    if (attribute->children != nullptr && MayRemember(View(attribute->children->content))) return true;
+    if (attribute->children == nullptr) continue;
+    const std::string_view value = View(attribute->children->content);
+    if (MayRemember(value) || (IsPattern(attribute) && value.find('[') != value.npos)) return true;
   }
   return false;
 }
