@@ -47,6 +47,47 @@ TEST_F(FileSettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
   EXPECT_EQ(FileSettingsStore(path).GetSetting(u"Other", u"S", u"k", u""), u"3");
 }
 
+/// Two programs that both read the same file and write one after the other, as often as a table says: each writes its
+/// section anew, as the program does at its end.
+TEST_F(FileSettingsStoreTest, ProgramsKeepWhatOthersWrote) {
+  using Values = std::map<std::u16string, std::u16string>;
+  struct Case {
+    const char* name;
+    Values first;
+    Values second;
+    Values kept;
+  };
+  const Values start = {{u"a", u"1"}, {u"b", u"2"}, {u"list", u"x\r\ny"}};
+  const Case cases[] = {
+      {"other keys", {{u"a", u"9"}, {u"b", u"2"}}, {{u"a", u"1"}, {u"b", u"8"}}, {{u"a", u"9"}, {u"b", u"8"}}},
+      {"one key", {{u"a", u"9"}}, {{u"a", u"8"}}, {{u"a", u"8"}}},
+      {"new and gone", {{u"a", u"1"}, {u"n", u"5"}}, {{u"b", u"2"}}, {{u"a", u"none"}, {u"b", u"none"}, {u"n", u"5"}}},
+      {"lists", {{u"list", u"p\r\nx\r\ny"}}, {{u"list", u"q\r\nx\r\ny"}}, {{u"list", u"q\r\nx\r\ny\r\np"}}},
+      {"a list of one", {{u"list", u"x\r\ny"}}, {{u"list", u"q"}}, {{u"list", u"q"}}},
+  };
+  const auto rewrite = [](FileSettingsStore& store, const Values& values) {
+    store.DeleteSetting(u"App", u"S");
+    for (const auto& [key, value] : values) store.SaveSetting(u"App", u"S", key, value);
+    store.Commit();
+  };
+  for (const Case& row : cases) {
+    std::filesystem::remove(path);
+    FileSettingsStore before(path);
+    for (const auto& [key, value] : start) before.SaveSetting(u"App", u"S", key, value);
+    before.Commit();
+    FileSettingsStore first(path, {u"list"});
+    FileSettingsStore second(path, {u"list"});
+    for (FileSettingsStore* store : {&first, &second}) store->GetSetting(u"App", u"S", u"a", u"");
+    rewrite(first, row.first);
+    rewrite(second, row.second);
+    for (const auto& [key, value] : row.kept) EXPECT_EQ(Stored(key), value) << row.name << " " << ToUtf8(key);
+    rewrite(first, row.first);  // and once more, on what is now there
+    if (row.kept.contains(u"b")) {
+      EXPECT_EQ(Stored(u"b"), row.kept.at(u"b")) << row.name;
+    }
+  }
+}
+
 TEST_F(FileSettingsStoreTest, AnyTextComesBack) {
   const unsigned seed = std::random_device()();
   std::mt19937 random(seed);

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Skip.h"
+#include "native/settings/MergeSettings.h"
 
 namespace quorvane::native {
 
@@ -15,7 +17,8 @@ auto Find(std::vector<SettingsFile::Section>& sections, std::u16string_view appN
 
 }  // namespace
 
-FileSettingsStore::FileSettingsStore(std::string path) : file_(std::move(path)) {}
+FileSettingsStore::FileSettingsStore(std::string path, std::set<std::u16string> lists)
+    : path_(path), lists_(std::move(lists)), file_(std::move(path)) {}
 
 std::u16string FileSettingsStore::GetSetting(std::u16string_view appName, std::u16string_view section,
                                              std::u16string_view key, std::u16string_view defaultValue) {
@@ -31,6 +34,7 @@ std::u16string FileSettingsStore::GetSetting(std::u16string_view appName, std::u
 void FileSettingsStore::SaveSetting(std::u16string_view appName, std::u16string_view section, std::u16string_view key,
                                     std::u16string_view value) {
   auto& sections = file_.ReadOrReplace();
+  if (!changed_) base_ = sections;
   changed_ = true;
   auto target = Find(sections, appName, section);
   if (target == sections.end()) {
@@ -49,12 +53,24 @@ void FileSettingsStore::DeleteSetting(std::u16string_view appName, std::u16strin
   auto& sections = file_.ReadOrReplace();
   const auto found = Find(sections, appName, section);
   if (found == sections.end()) RaiseError(ErrorNumber::InvalidProcedureCall);
-  sections.erase(found);
+  if (!changed_) base_ = sections;
   changed_ = true;
+  sections.erase(found);
+}
+
+/// A file that cannot be read has nothing to keep, and one that is gone takes nothing away.
+void FileSettingsStore::MergeWithOthers() {
+  SettingsFile now(path_);
+  if (!SkipErrors([&] { now.Read(); })) return;
+  if (now.Read().empty()) return;
+  auto& sections = file_.ReadOrReplace();
+  sections = MergeSettings(base_, sections, now.Read(), lists_);
+  base_ = now.Read();
 }
 
 void FileSettingsStore::Commit() {
   if (!changed_) return;
+  MergeWithOthers();
   file_.Write();
   changed_ = false;
 }
