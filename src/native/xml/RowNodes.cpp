@@ -24,6 +24,7 @@ RowNodes::~RowNodes() {
 }
 
 void RowNodes::Begin() {
+  run_.reset();  // the library remembers in a run how many rows it saw, for patterns such as e[last()]
   rows_.push_back(NewElementNode(document_, rowName_));
   xmlAddChild(root_, rows_.back());
   last_ = nullptr;
