@@ -24,7 +24,7 @@ std::u16string_view TakeDigits(std::u16string_view& rest) {
   return digits;
 }
 
-/// Whether what stands behind the decimal point rounds the number before it up.
+/// Whether what stands after the decimal point rounds the number before it up.
 bool RoundsUp(std::u16string_view fraction, bool odd) {
   if (fraction.empty() || fraction.front() != u'5') return !fraction.empty() && fraction.front() > u'5';
   return odd || fraction.find_first_not_of(u'0', 1) != std::u16string_view::npos;

@@ -14,7 +14,7 @@ Error::Error(std::int32_t number, std::u16string description, std::u16string sou
       Description(std::move(description)),
       HelpFile(std::move(helpFile)),
       HelpContext(helpContext),
-      mstrWhat(ToUtf8(Description)) {}
+      what_(ToUtf8(Description)) {}
 
 std::u16string ErrorText(ErrorNumber number) {
   switch (number) {

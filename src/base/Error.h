@@ -50,7 +50,7 @@ class Error : public std::exception {
   bool Is(ErrorNumber number) const { return Number == static_cast<std::int32_t>(number); }
 
   /// The description in UTF-8.
-  const char* what() const noexcept override { return mstrWhat.c_str(); }
+  const char* what() const noexcept override { return what_.c_str(); }
 
   std::int32_t Number = 0;  ///< 0: no error
   std::u16string Source;
@@ -60,7 +60,7 @@ class Error : public std::exception {
   std::int32_t LastDllError = 0;
 
  private:
-  std::string mstrWhat;
+  std::string what_;
 };
 
 /// The platform's own words for one of its numbers, such as "Overflow".

@@ -31,6 +31,7 @@ enum KeyCode : std::int16_t {
   kKeyDelete = 46,
   kKeyQ = 81,
   kKeySystem = 91,
+  kKeyRightSystem = 92,
   kKeyMenu = 93,
   kKeyNumpad0 = 96,
   kKeyNumMultiply = 106,

@@ -27,7 +27,7 @@ void AppendCodePoint(char32_t c, std::string& out) {
   }
 }
 
-/// Decodes one character at `i`; moves `i` behind it. A malformed sequence consumes one byte.
+/// Decodes one character at `i`; moves `i` after it. A malformed sequence consumes one byte.
 char32_t DecodeUtf8(std::string_view s, std::size_t& i) {
   const auto byte = [&s](std::size_t k) { return static_cast<unsigned char>(s[k]); };
   const unsigned char lead = byte(i);

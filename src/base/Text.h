@@ -36,6 +36,13 @@ std::vector<std::u16string_view> Split(std::u16string_view text, std::u16string_
 /// Without the blanks (U+0020 alone) at both ends.
 std::u16string_view TrimBlanks(std::u16string_view text);
 
+/// Whether all units lie below U+0080.
+inline bool IsAscii(std::u16string_view text) {
+  unsigned any = 0;
+  for (const char16_t c : text) any |= c;
+  return any < 0x80;
+}
+
 /// Units that are the first or the second half of a character outside the basic plane.
 constexpr bool IsHighSurrogate(char16_t c) {
   return (c & 0xFC00) == 0xD800;

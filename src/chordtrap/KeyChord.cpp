@@ -11,6 +11,8 @@
 
 namespace quorvane::chordtrap {
 
+// One table serves both ways: a text is read by asking which code would be written so.
+
 namespace {
 
 constexpr std::int32_t kLastCode = 255;
@@ -129,7 +131,7 @@ KeyChord ParseKey(std::u16string_view text) {
 }
 
 bool IsModifierKey(std::int32_t keyCode) {
-  constexpr std::int32_t kKeys[] = {16, 17, 18, 91, 92};
+  constexpr std::int32_t kKeys[] = {kKeyShift, kKeyControl, kKeyAlt, kKeySystem, kKeyRightSystem};
   return std::find(std::begin(kKeys), std::end(kKeys), keyCode) != std::end(kKeys);
 }
 

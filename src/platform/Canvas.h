@@ -10,7 +10,7 @@ namespace quorvane {
 /// 0x00BBGGRR, the red part lowest.
 using Color = std::uint32_t;
 
-/// In pixels of the canvas; right and bottom lie one behind the last pixel.
+/// In pixels of the canvas; right and bottom lie one after the last pixel.
 struct CanvasRect {
   std::int32_t Left = 0;
   std::int32_t Top = 0;
@@ -53,7 +53,7 @@ class Canvas {
   /// own.
   virtual std::shared_ptr<CanvasFont> SelectFont(std::shared_ptr<CanvasFont> font) = 0;
   virtual void SetTextColor(Color color) = 0;
-  /// What TextOut puts behind the characters.
+  /// What TextOut puts after the characters.
   virtual void SetBkColor(Color color) = 0;
 
   virtual void FillRect(const CanvasRect& rect, Color color) = 0;

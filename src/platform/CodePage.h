@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,11 @@ class CodePage {
   /// Appends the bytes of `text` to `out`. False when the page lacks a character; `failedAt` is then its 0-based place
   /// and what was appended before it stays.
   virtual bool Encode(std::u16string_view text, std::string& out, std::size_t& failedAt) const = 0;
+
+  /// The bytes of `text`; nothing when the page lacks a character of it.
+  std::optional<std::string> Encoded(std::u16string_view text) const;
+  /// The same with "?" for each unit that the page lacks.
+  std::string EncodedOrAsked(std::u16string_view text) const;
 
   /// True when a byte below 0x80 can be the second byte of a character, as in 932, 936, 949 and 950.
   virtual bool AsciiTrailBytes() const = 0;

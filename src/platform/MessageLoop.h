@@ -16,13 +16,13 @@ class MessageLoop {
   virtual void DoEvents() = 0;
 
   /// Runs the loop, nested inside the caller, for as long as `waiting` gives true: once before anything happens, then
-  /// behind each event. Raises error 445 where the platform cannot wait.
+  /// after each event. Raises error 445 where the platform cannot wait.
   virtual void WaitWhile(const std::function<bool()>& waiting);
 
   /// Calls `tick` from the loop every `milliseconds` (above 0) until StopTimer; ticks that the loop was too busy for
   /// are not made up for. Raises error 445 where the platform has no timers.
   virtual TimerId StartTimer(std::int32_t milliseconds, std::function<void()> tick);
-  /// No tick comes behind this, also when called inside one. Does nothing with a timer that is not running.
+  /// No tick comes after this, also when called inside one. Does nothing with a timer that is not running.
   virtual void StopTimer(TimerId timer);
 };
 

@@ -49,7 +49,7 @@ ScreenPoint NativeWindows::GetCursorPos() {
   Refuse(u"GetCursorPos");
 }
 
-bool NativeWindows::GetWindowRect(WindowHandle, ScreenRect&) {
+std::optional<ScreenRect> NativeWindows::GetWindowRect(WindowHandle) {
   Refuse(u"GetWindowRect");
 }
 
@@ -57,10 +57,10 @@ std::uint32_t NativeWindows::GetSysColor(std::int32_t index) {
   constexpr std::uint32_t kWhite = 0xFFFFFF;
   constexpr std::uint32_t kBlue = 0xD77800;
   switch (index) {
-    case 5:
-    case 14:
+    case kWindowColor:
+    case kHighlightTextColor:
       return kWhite;
-    case 13:
+    case kHighlightColor:
       return kBlue;
     default:
       return 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ struct ScreenPoint {
   bool operator==(const ScreenPoint&) const = default;
 };
 
-/// In screen pixels; right and bottom lie one behind the last pixel.
+/// In screen pixels; right and bottom lie one after the last pixel.
 struct ScreenRect {
   std::int32_t Left = 0;
   std::int32_t Top = 0;
@@ -85,8 +86,8 @@ class NativeWindows {
   /// The whole title.
   virtual std::u16string GetWindowText(WindowHandle window);
   virtual ScreenPoint GetCursorPos();
-  /// False, and `rect` untouched, for no window.
-  virtual bool GetWindowRect(WindowHandle window, ScreenRect& rect);
+  /// Nothing for no window.
+  virtual std::optional<ScreenRect> GetWindowRect(WindowHandle window);
 
   /// Colour of the screen, 0x00BBGGRR, by a SystemColor. A platform without colours of its own gives the classic ones,
   /// black for an index without one.

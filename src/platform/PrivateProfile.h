@@ -14,7 +14,7 @@ class PrivateProfile {
   virtual ~PrivateProfile() = default;
 
   /// GetPrivateProfileStringA. Copies the value, or `defaultValue` without its trailing blanks when file, section or
-  /// key is missing, into `buffer`, cut at `size` - 1 bytes and ended by a zero byte; what lies behind stays as it was.
+  /// key is missing, into `buffer`, cut at `size` - 1 bytes and ended by a zero byte; what lies after stays as it was.
   /// A value comes without the blanks around it and without one pair of quotes. Returns its length in bytes.
   virtual std::size_t Read(std::string_view section, std::string_view key, std::string_view defaultValue, char* buffer,
                            std::size_t size, const std::u16string& file) = 0;

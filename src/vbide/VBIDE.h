@@ -73,9 +73,9 @@ class CodeModule {
   /// Number of the last line of the declarations section; 0 possible.
   virtual std::int32_t CountOfDeclarationLines() const = 0;
 
-  /// Lines from `start` on, joined by CR LF, none behind the last. A range past either end gives the lines that exist.
+  /// Lines from `start` on, joined by CR LF, none after the last. A range past either end gives the lines that exist.
   virtual std::u16string Lines(std::int32_t start, std::int32_t count) const = 0;
-  /// Puts `text`, which may hold line breaks, before line `line`, or at the end when `line` is behind it. A lone LF at
+  /// Puts `text`, which may hold line breaks, before line `line`, or at the end when `line` is after it. A lone LF at
   /// its very end adds no line. A `line` below 1 raises error 9.
   virtual void InsertLines(std::int32_t line, std::u16string_view text) = 0;
   /// Raises error 9 when not all of these lines exist.

@@ -1,16 +1,20 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "addin/core/ErrBuffer.h"
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
+#include "addin/core/Guarded.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/core/ObjStat.h"
 #include "addin/core/StringCollection.h"
 #include "addin/search/PositionInfo.h"
 #include "base/Error.h"
+#include "base/FlagScope.h"
 #include "base/Text.h"
+#include "platform/Prompts.h"
 #include "support/Raised.h"
 #include "support/TestPlatform.h"
 
@@ -64,6 +68,20 @@ TEST_F(ErrorManagerTest, ShowsAllButCancelling) {
   EXPECT_EQ(Shown(std::runtime_error("from outside")), "Error:51\r\nDescription:from outside\r\nSource:VBQuorvane");
   EXPECT_EQ(platform.prompts.Shown.back().flags, 0);
   EXPECT_EQ(platform.prompts.Shown.back().caption, platform.app.Title);
+}
+
+TEST_F(ErrorManagerTest, TheTopOfAnEventNeedsNoSharedManager) {
+  const auto shared = std::exchange(Globals::gobjErrorManager, nullptr);
+  platform.prompts.Answers.push_back(kAnswerOk);
+  bool busy = false;
+  Guarded([&] {
+    const FlagScope scope(busy);
+    throw Error(5, u"words");
+  });
+  Globals::gobjErrorManager = shared;
+  EXPECT_FALSE(busy);
+  ASSERT_EQ(platform.prompts.Shown.size(), 1U);
+  EXPECT_EQ(ToUtf8(platform.prompts.Shown.back().text), "Error:5\r\nDescription:words\r\nSource:VBQuorvane");
 }
 
 TEST_F(ErrorManagerTest, SpeaksTheLanguageOfTheMoment) {

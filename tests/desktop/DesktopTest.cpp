@@ -472,8 +472,7 @@ TEST_F(ShopTest, WindowsAreFoundByHandle) {
   QtWindows& windows = desktop->Windows();
   const WindowHandle main = windows.FindWindow(u"wndclass_desked_gsk", u"Shop.vbg - Quorvane");
   EXPECT_EQ(windows.WidgetOf(main), &Window());
-  ScreenRect place;
-  EXPECT_TRUE(windows.GetWindowRect(main, place));
+  const ScreenRect place = windows.GetWindowRect(main).value();
   EXPECT_EQ(place.Right - place.Left, Window().frameGeometry().width());
 
   const WindowHandle own = windows.HandleOf(editor);
@@ -496,7 +495,7 @@ TEST_F(ShopTest, WindowsAreFoundByHandle) {
   EXPECT_EQ(popup->size(), QSize(200, 100));
   delete popup;
   EXPECT_EQ(windows.WidgetOf(handle), nullptr);
-  EXPECT_FALSE(windows.GetWindowRect(handle, place));
+  EXPECT_FALSE(windows.GetWindowRect(handle));
   windows.ShowWindow(handle, 4);
   EXPECT_EQ(windows.SendMessage(handle, 425, 0, 7), 0);
 }

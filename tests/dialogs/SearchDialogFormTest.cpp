@@ -129,6 +129,21 @@ TEST_F(SearchDialogFormTest, AccessKeysReachEveryControl) {
   EXPECT_EQ(Globals::gobjPageManager->mcolPages->Count(), 1);
 }
 
+TEST_F(SearchDialogFormTest, KeysReachNothingInAClosedFrame) {
+  frmSearchDialog& d = Dialog();
+  d.ShowEx();
+  for (const auto& frame : {d.frameArea, d.frameMode, d.frameOption}) {
+    ASSERT_FALSE(frame->Children().empty());
+    for (const auto& child : frame->Children()) {
+      EXPECT_TRUE(child->IsOpen());
+      EXPECT_EQ(child->Container(), frame);
+    }
+    frame->SetVisible(false);
+    for (const auto& child : frame->Children()) EXPECT_FALSE(child->IsOpen());
+  }
+  EXPECT_FALSE(d.PressAccessKey(u'e')) << "Match case";
+}
+
 TEST_F(SearchDialogFormTest, TheShortcutMenuOpensOnTheRightButton) {
   frmSearchDialog& d = Dialog();
   d.ShowEx();

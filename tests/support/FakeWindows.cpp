@@ -61,11 +61,10 @@ std::u16string FakeWindows::GetWindowText(WindowHandle window) {
   return found == Windows.end() ? std::u16string() : found->second.title;
 }
 
-bool FakeWindows::GetWindowRect(WindowHandle window, ScreenRect& rect) {
+std::optional<ScreenRect> FakeWindows::GetWindowRect(WindowHandle window) {
   const auto found = Windows.find(window);
-  if (found == Windows.end()) return false;
-  rect = found->second.rect;
-  return true;
+  if (found == Windows.end()) return std::nullopt;
+  return found->second.rect;
 }
 
 }  // namespace quorvane::test

@@ -33,7 +33,7 @@ class FakeWindows final : public NativeWindows {
   WindowHandle GetForegroundWindow() override { return Foreground; }
   std::u16string GetWindowText(WindowHandle window) override;
   ScreenPoint GetCursorPos() override { return Mouse; }
-  bool GetWindowRect(WindowHandle window, ScreenRect& rect) override;
+  std::optional<ScreenRect> GetWindowRect(WindowHandle window) override;
 
   std::map<WindowHandle, Entry> Windows;  ///< the frontmost of one parent has the lowest handle
   ScreenPoint Mouse;

@@ -78,8 +78,7 @@ TEST_F(WindowTableTest, TheMainWindowIsInFrontWhileVisibleAndPlacesAreNotKept) {
   EXPECT_EQ(table_.GetForegroundWindow(), main_);
   host_->MainWindow()->SetVisible(false);
   EXPECT_EQ(table_.GetForegroundWindow(), 0);
-  ScreenRect rect;
-  EXPECT_EQ(test::Raised([&] { table_.GetWindowRect(main_, rect); }), 445);
+  EXPECT_EQ(test::Raised([&] { table_.GetWindowRect(main_); }), 445);
   EXPECT_EQ(test::Raised([&] { table_.GetCursorPos(); }), 445);
 }
 

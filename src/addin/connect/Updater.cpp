@@ -23,6 +23,10 @@
 
 namespace quorvane {
 
+// The page is asked for in the background and tells by events; a check that the user asked for shows a window
+// meanwhile, one by the schedule shows nothing unless there is something new. When the answer comes the connection may
+// be ending, so that this keeps itself alive until it is told.
+
 namespace {
 
 constexpr std::u16string_view kVersionPage = u"/p/vbquorvane/wiki/Update";
@@ -184,7 +188,7 @@ std::u16string Updater::CurrentVersion() const {
   return ToText(app.Major) + u"." + ToText(app.Minor) + u".0." + ToText(app.Revision);
 }
 
-/// The first version number of the page, markup included; empty, behind OnError, when there is none.
+/// The first version number of the page, markup included; empty, after OnError, when there is none.
 std::u16string Updater::ParseVersion(const std::u16string& page) {
   const std::vector<RegExpMatch> matches = VersionPattern().Execute(page);
   if (matches.empty()) {

@@ -31,7 +31,7 @@ class ErrorManager : private Counted<ErrorManager> {
   void RaiseAgain() const;
 };
 
-/// Shows the error that is being handled, also before the shared ErrorManager is there and behind its end.
+/// Shows the error that is being handled, also before the shared ErrorManager is there and after its end.
 void ShowHandledError();
 
 }  // namespace quorvane

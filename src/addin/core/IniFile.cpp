@@ -22,14 +22,7 @@ PrivateProfile& Profile() {
 }
 
 std::string Narrow(std::u16string_view text) {
-  const CodePage& page = ThePlatform().AnsiCodePage();
-  std::string bytes;
-  std::size_t failedAt = 0;
-  while (!page.Encode(text, bytes, failedAt)) {
-    bytes += '?';
-    text.remove_prefix(failedAt + 1);
-  }
-  return bytes;
+  return ThePlatform().AnsiCodePage().EncodedOrAsked(text);
 }
 
 std::string TrimSpaces(const std::string& text) {

@@ -30,11 +30,10 @@ std::int32_t Rounded(double value) {
 
 /// The signed 16-bit code that the platform gives a character; "?" for one that the code page lacks.
 std::int16_t AnsiCode(char16_t c, const CodePage& page) {
-  std::string bytes;
-  std::size_t failedAt = 0;
-  if (!page.Encode(std::u16string_view(&c, 1), bytes, failedAt) || bytes.empty() || bytes.size() > 2) return u'?';
+  const auto bytes = page.Encoded(std::u16string_view(&c, 1));
+  if (!bytes || bytes->empty() || bytes->size() > 2) return u'?';
   unsigned code = 0;
-  for (const char byte : bytes) code = code << 8 | static_cast<unsigned char>(byte);
+  for (const char byte : *bytes) code = code << 8 | static_cast<unsigned char>(byte);
   return static_cast<std::int16_t>(code);
 }
 
@@ -81,12 +80,10 @@ std::u16string Utilities::GetWindowText(WindowHandle hwnd) const {
   for (std::size_t i = 0; i < title.size();) {
     const bool pair = IsHighSurrogate(title[i]) && i + 1 < title.size() && IsLowSurrogate(title[i + 1]);
     const std::u16string_view c = std::u16string_view(title).substr(i, pair ? 2 : 1);
-    std::string bytes;
-    std::size_t failedAt = 0;
-    const bool known = page.Encode(c, bytes, failedAt);
-    bytesUsed += known ? bytes.size() : 1;
+    const auto bytes = page.Encoded(c);
+    bytesUsed += bytes ? bytes->size() : 1;
     if (bytesUsed > kTitleBytes) break;
-    text += known ? c : std::u16string_view(u"?");
+    text += bytes ? c : std::u16string_view(u"?");
     i += c.size();
   }
   while (!text.empty() && text.back() == u'\0') text.pop_back();
@@ -102,9 +99,8 @@ std::int32_t Utilities::MouseY() const {
 }
 
 bool Utilities::IsPointInWindow(WindowHandle hwnd, std::int32_t x, std::int32_t y) const {
-  ScreenRect rect;
-  Native().GetWindowRect(hwnd, rect);
-  return rect.Left < x && x < rect.Right && rect.Top < y && y < rect.Bottom;
+  const auto rect = Native().GetWindowRect(hwnd);
+  return rect && rect->Left < x && x < rect->Right && rect->Top < y && y < rect->Bottom;
 }
 
 std::u16string Utilities::GetStrAsc(std::u16string_view s) const {

@@ -93,7 +93,7 @@ void frmCodePreview::Update(const std::shared_ptr<PositionInfo>& pi, ICondInfo& 
   FitSize();
 }
 
-/// The old text stays, and the new one stands behind it.
+/// The old text stays, and the new one stands after it.
 void frmCodePreview::ShowReplacement(const PositionInfo& pi, const ICondInfo& cond) {
   forms::RichTextBox& box = *rtPreview;
   box.SetSelColor(kRed);

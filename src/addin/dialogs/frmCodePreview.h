@@ -15,7 +15,7 @@ namespace quorvane {
 class RegExp;
 
 /// The floating window beside the mouse: the code around a match with the match in red and, in replace preview, struck
-/// through with its replacement in blue behind it. A timer of its own decides whether it may be on the screen.
+/// through with its replacement in blue after it. A timer of its own decides whether it may be on the screen.
 ///
 /// The text is measured, and its box placed, in twips; the form itself counts pixels, as every Dialog does. It shows
 /// and hides its window by the handle, which never activates it, and keeps Visible in step itself.

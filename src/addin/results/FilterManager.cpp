@@ -17,6 +17,11 @@
 
 namespace quorvane {
 
+// Each match becomes one row of the result document, in the order of the matches, so that the number of a match is
+// the place of its row. The user's stylesheet makes the line of the list out of it, and does so anew for all
+// rows when the stylesheet changes. A match whose attributes or line cannot be made costs itself, never the search.
+// invariant: as many rows as matches since the last Clear, an incomplete one included.
+
 namespace {
 
 XmlTableShape DocumentShape() {

@@ -14,6 +14,10 @@
 
 namespace quorvane {
 
+// A row is painted in four pieces, one after the other from the left: what the stylesheet put before the line of code,
+// the line up to the match, the match in bold, the rest. Each step is tried by itself, so that a row with a fault is
+// still painted as far as possible. A row in which the line of code is not found again is painted plain.
+
 namespace {
 
 constexpr Color kPrefixColor = 0x404000;

@@ -1,5 +1,6 @@
 #include "addin/results/MatchReader.h"
 
+#include "addin/search/CharacterColumns.h"
 #include "addin/search/PositionInfo.h"
 #include "base/Checked.h"
 
@@ -15,11 +16,11 @@ const std::u16string& MatchReader::Line() {
 }
 
 std::int32_t MatchReader::ScreenX1() {
-  return PositionInfo::XToScreenX(position_.mlngX1, Line());
+  return ScreenColumnOf(position_.mlngX1, Line());
 }
 
 std::int32_t MatchReader::ScreenX2() {
-  return IsOnOneLine() ? PositionInfo::XToScreenX(position_.mlngX2, Line()) : position_.ScreenX2();
+  return IsOnOneLine() ? ScreenColumnOf(position_.mlngX2, Line()) : position_.ScreenX2();
 }
 
 std::u16string MatchReader::MatchStr() {

@@ -15,7 +15,7 @@ namespace quorvane {
 
 class IResultPage;
 
-/// Key of the tab behind all page tabs; no page stands under it.
+/// Key of the tab after all page tabs; no page stands under it.
 inline constexpr std::u16string_view kAddNewTab = u"AddNewTab";
 
 /// The pages by key, in the order of their making, which is that of their tabs. Keys are compared without regard to the
@@ -33,7 +33,7 @@ class PageCollection : private Counted<PageCollection> {
   /// Stores `p` under `key`, then tells it the key. Error 457 for a key that is there.
   void Add(const std::shared_ptr<IResultPage>& p, const std::u16string& key);
   /// TearDown of the page, out of the collection, then ItemRemoved. `bPassive`: the tab control removes the tab by
-  /// itself. The key of the tab behind all pages is passed over. Errors as with Item.
+  /// itself. The key of the tab after all pages is passed over. Errors as with Item.
   void Remove(const Index& key, bool bPassive = false);
   /// Removes every page with another key.
   void RemoveExcept(std::u16string_view key);

@@ -35,15 +35,15 @@ class PageManager final : public ILib, private Counted<PageManager> {
   std::shared_ptr<PageCollection> mcolPages;
 
   bool BarEnabled() const;
-  /// The tab behind all page tabs cannot be closed, whatever the bar is.
+  /// The tab after all page tabs cannot be closed, whatever the bar is.
   void SetBarEnabled(bool enabled);
 
-  /// The page of the selected tab; nothing when there is no page. The tab behind all page tabs is no resting place:
+  /// The page of the selected tab; nothing when there is no page. The tab after all page tabs is no resting place:
   /// with it selected, the last page becomes the selected one first.
   std::shared_ptr<IResultPage> ActivePage();
   /// A new page of that name at the end, selected.
   std::shared_ptr<IResultPage> Add(const std::u16string& name, bool CanClose);
-  /// A new page with the next number in its name. Error 6 behind number 32767, no page is made then.
+  /// A new page with the next number in its name. Error 6 after number 32767, no page is made then.
   void AddNewPage();
   /// Selects the tab of the last page and raises TabChange; does nothing without pages.
   void SelectLastTab();

@@ -40,7 +40,7 @@ class ResultDialog final : public vbide::Document,
   /// By which the host makes it.
   static constexpr std::u16string_view ProgId = u"QuorvaneForVB6.ResultDialog";
 
-  /// With the tab behind all page tabs on its bar.
+  /// With the tab after all page tabs on its bar.
   ResultDialog();
   ~ResultDialog() override;
 

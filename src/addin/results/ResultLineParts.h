@@ -11,7 +11,7 @@ namespace quorvane {
 struct ResultLineParts {
   std::int16_t pos = 0;       ///< number of characters before the source line
   std::int16_t startPos = 1;  ///< 1-based, first character of the match
-  std::int16_t endPos = 1;    ///< 1-based, just behind the match; may lie behind the end of the text
+  std::int16_t endPos = 1;    ///< 1-based, just after the match; may lie after the end of the text
 
   /// The four pieces of `text`, in order; each may be empty, and together they are the text.
   std::u16string_view Prefix(std::u16string_view text) const;

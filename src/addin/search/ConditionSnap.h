@@ -29,7 +29,7 @@ class ConditionSnap final : public ICondInfo, private Counted<ConditionSnap> {
   /// Copies the live condition and raises Named. Raises error 0x80040202 when the area needs an active
   /// code pane: the region then stays as it was, and nothing is raised.
   void TakeSnap();
-  /// The pieces above behind each other, with commas between them.
+  /// The pieces above after each other, with commas between them.
   std::u16string Description() const;
 
   std::u16string SearchStr() const override { return mstrSearchStr; }

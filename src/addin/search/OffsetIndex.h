@@ -25,7 +25,7 @@ struct TextPlace {
 class OffsetIndex {
  public:
   /// The place of the 1-based offset `pos` in the text from line `baseLine` to the module's end. An offset on the LF of
-  /// a line end belongs to the line before; one behind the text counts on from the last line. A negative one raises
+  /// a line end belongs to the line before; one after the text counts on from the last line. A negative one raises
   /// error 5.
   TextPlace Locate(const vbide::CodeModule& code, std::int32_t baseLine, std::int32_t pos);
 

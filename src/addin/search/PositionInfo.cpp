@@ -5,31 +5,25 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/core/Utilities.h"
+#include "addin/search/CharacterColumns.h"
+#include "addin/search/CodeNavigator.h"
+#include "addin/search/CommentFilter.h"
 #include "addin/search/OffsetIndex.h"
 #include "addin/search/ProcKindName.h"
+#include "addin/search/ProcedureLines.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Checked.h"
-#include "base/Text.h"
-#include "platform/CodePage.h"
-#include "platform/MessageLoop.h"
-#include "platform/Platform.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane {
 
 namespace {
-constexpr std::int32_t kMaximized = 2;
+
 constexpr std::int32_t kLineBreak = 2;  // CR LF
 
 /// Up to here a place has a screen column that 16 bits hold, also when all characters before it are wide.
 constexpr std::int32_t kSafePlace = 16384;
 
-bool IsAscii(std::u16string_view text) {
-  unsigned any = 0;
-  for (const char16_t c : text) any |= c;
-  return any < 0x80;
-}
 }  // namespace
 
 PositionInfo::PositionInfo() = default;
@@ -44,11 +38,11 @@ std::u16string PositionInfo::LineText(std::int32_t y) const {
 }
 
 std::int32_t PositionInfo::ScreenX1() const {
-  return XToScreenX(mlngX1, LineText(mlngY1));
+  return ScreenColumnOf(mlngX1, LineText(mlngY1));
 }
 
 std::int32_t PositionInfo::ScreenX2() const {
-  return XToScreenX(mlngX2, LineText(mlngY2));
+  return ScreenColumnOf(mlngX2, LineText(mlngY2));
 }
 
 void PositionInfo::CheckScreenColumns() const {
@@ -57,11 +51,11 @@ void PositionInfo::CheckScreenColumns() const {
 }
 
 void PositionInfo::SetScreenX1(std::int32_t column) {
-  mlngX1 = ScreenXToX(column, LineText(mlngY1));
+  mlngX1 = CharacterAt(column, LineText(mlngY1));
 }
 
 void PositionInfo::SetScreenX2(std::int32_t column) {
-  mlngX2 = ScreenXToX(column, LineText(mlngY2));
+  mlngX2 = CharacterAt(column, LineText(mlngY2));
 }
 
 void PositionInfo::SetScreenColumns(std::int32_t first, std::int32_t last) {
@@ -71,28 +65,8 @@ void PositionInfo::SetScreenColumns(std::int32_t first, std::int32_t last) {
     return;
   }
   const std::u16string line = LineText(mlngY1);
-  mlngX1 = ScreenXToX(first, line);
-  mlngX2 = ScreenXToX(last, line);
-}
-
-std::int32_t PositionInfo::XToScreenX(std::int32_t x, std::u16string_view s) {
-  const std::u16string_view head = s.substr(0, static_cast<std::size_t>(std::max(Checked16(x) - 1, 0)));
-  if (IsAscii(head)) return Checked16(static_cast<std::int64_t>(head.size()) + 1);
-  const CodePage& page = ThePlatform().AnsiCodePage();
-  std::int32_t column = 1;
-  for (const char16_t c : head) column = Checked16(column + (page.IsWide(c) ? 2 : 1));
-  return column;
-}
-
-std::int32_t PositionInfo::ScreenXToX(std::int32_t sx, std::u16string_view s) {
-  const std::int32_t limit = Checked16(sx);
-  const std::u16string_view head = s.substr(0, static_cast<std::size_t>(std::max(limit - 1, 0)));
-  if (IsAscii(head)) return Checked16(static_cast<std::int64_t>(head.size()) + 1);
-  const CodePage& page = ThePlatform().AnsiCodePage();
-  std::int32_t column = 1;
-  std::size_t i = 0;
-  for (; i < s.size() && column < limit; ++i) column = Checked16(column + (page.IsWide(s[i]) ? 2 : 1));
-  return Checked16(static_cast<std::int64_t>(i) + 1);
+  mlngX1 = CharacterAt(first, line);
+  mlngX2 = CharacterAt(last, line);
 }
 
 std::int32_t PositionInfo::Offset(std::int32_t baseLine, std::int32_t y, std::int32_t x) const {
@@ -145,6 +119,10 @@ std::u16string_view PositionInfo::Cut(std::u16string_view text, std::int32_t sta
   return text.substr(begin, static_cast<std::size_t>(end - start));
 }
 
+bool PositionInfo::HaveComment() const {
+  return HasCommentBefore(Code(), mlngY1, mlngY2, mlngX2);
+}
+
 std::int32_t PositionInfo::GetLineCount(std::u16string_view s) {
   return Checked32(std::count(s.begin(), s.end(), u'\n') + std::int64_t{1});
 }
@@ -174,13 +152,8 @@ std::u16string PositionInfo::line() const {
 }
 
 void PositionInfo::Show() const {
-  const auto pane = Code().CodePane();
-  Deref(pane).SetSelection({mlngY1, ScreenX1(), mlngY2, ScreenX2()});
-  pane->Show();
-  const auto window = pane->Window();
-  if (Deref(Globals::gobjSetting).mblnMaximizeWhenLocate) Deref(window).SetWindowState(kMaximized);
-  Deref(Globals::gobjUtilities).ActivateCodeWindow(Deref(window));
-  ThePlatform().Loop().DoEvents();
+  vbide::CodeModule& code = Code();
+  ShowInHost(code, {mlngY1, ScreenX1(), mlngY2, ScreenX2()});
 }
 
 std::int32_t PositionInfo::RelativeStartLine(std::int32_t rlc) const {
@@ -212,23 +185,10 @@ void PositionInfo::GetSelection(const vbide::CodePane& pane) {
 
 void PositionInfo::GetProcedure(const vbide::CodePane& pane) {
   GetSelection(pane);
-  vbide::CodeModule& code = Code();
-  if (mlngY1 > code.CountOfDeclarationLines()) {
-    const std::int32_t caret = mlngY1;
-    vbide::ProcKind kind = vbide::ProcKind::Proc;
-    const std::u16string name = code.ProcOfLine(mlngY1, kind);
-    mlngY1 = code.ProcStartLine(name, kind);
-    mlngX1 = 1;
-    mlngY2 = Checked32(std::int64_t{mlngY1} + code.ProcCountLines(name, kind) - 1);
-    // The host finds a procedure by its name, which may stand in the module more than once.
-    if (caret < mlngY1 || caret > mlngY2)
-      RaiseError(ErrorNumber::InvalidProcedureCall,
-                 u"Line " + ToText(caret) + u" is not in the procedure that the host finds by the name " + name);
-  } else {
-    mlngY1 = 1;
-    mlngX1 = 1;
-    mlngY2 = code.CountOfDeclarationLines();
-  }
+  const LineRange lines = ProcedureAround(Code(), mlngY1);
+  mlngY1 = lines.First;
+  mlngX1 = 1;
+  mlngY2 = lines.Last;
   EndAtLineEnd();
 }
 

@@ -23,7 +23,7 @@ class VBProject;
 
 /// A range of text in one module: a region to search, or a match.
 ///
-/// It holds places alone and reads all text from the host when asked, so that behind an edit it points at whatever now
+/// It holds places alone and reads all text from the host when asked, so that after an edit it points at whatever now
 /// stands there. Lines and characters are 1-based, the end is exclusive. Sums out of range raise error 6; so does an X
 /// or a screen column above 32767 where one is turned into the other.
 class PositionInfo : private Counted<PositionInfo> {
@@ -39,15 +39,13 @@ class PositionInfo : private Counted<PositionInfo> {
   std::int32_t mlngY1 = 0;  ///< first line
   std::int32_t mlngY2 = 0;  ///< last line
   std::int32_t mlngX1 = 0;  ///< first character, in line Y1
-  std::int32_t mlngX2 = 0;  ///< just behind the last character, in line Y2; the line's length + 2 is its LF
+  std::int32_t mlngX2 = 0;  ///< just after the last character, in line Y2; the line's length + 2 is its LF
 
   /// X as a screen column of the host: a character of two bytes takes two.
   std::int32_t ScreenX1() const;
   std::int32_t ScreenX2() const;
   /// Raises what ScreenX1 and ScreenX2 raise; reads no line when they cannot leave their range.
   void CheckScreenColumns() const;
-  /// Place `x` of the line `s` as a screen column.
-  static std::int32_t XToScreenX(std::int32_t x, std::u16string_view s);
   /// The characters from `start` to before `end` of `text`, as far as they exist; 1-based. Raises error 5 when `start`
   /// is below 1 or above `end`.
   static std::u16string_view Cut(std::u16string_view text, std::int32_t start, std::int32_t end);
@@ -106,9 +104,6 @@ class PositionInfo : private Counted<PositionInfo> {
   std::int32_t Offset(std::int32_t baseLine, std::int32_t y, std::int32_t x) const;
   std::int32_t RelativeStartLine(std::int32_t rlc) const;
   void EndAtLineEnd();
-  static std::int32_t ScreenXToX(std::int32_t sx, std::u16string_view s);
-  static bool InsideString(std::u16string_view s, std::size_t pos);
-  static bool HasCommentMark(std::u16string_view s);
   static std::int16_t SettingRelativeLineCount();
   static std::shared_ptr<vbide::CodePane> ActivePane();
 };

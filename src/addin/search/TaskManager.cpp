@@ -18,6 +18,12 @@
 
 namespace quorvane {
 
+// A task walks an area module by module and asks the host for one match after another, each search beginning where the
+// last match ended. After every match the message loop gets a turn and cancelling is looked at, so that anything may
+// happen meanwhile: the user may edit, close the page or end the connection. The task therefore keeps its condition
+// alive by itself and holds no text across a turn. invariant: each TaskBegin is followed by one TaskDone, also when the
+// task raises.
+
 namespace {
 constexpr std::int32_t kFindBit = 1;
 constexpr std::int32_t kReplaceBit = 2;
@@ -43,7 +49,7 @@ void TaskManager::TearDown() {
 }
 
 void TaskManager::Run(std::int32_t tt) {
-  const std::shared_ptr<ConditionSnap> kept = mobjCondSnap;  // mobjCond points at it, also behind a TearDown
+  const std::shared_ptr<ConditionSnap> kept = mobjCondSnap;  // mobjCond points at it, also after a TearDown
   try {
     mblnRunning = true;
     mblnCancel = false;

@@ -30,7 +30,7 @@ inline constexpr std::int32_t kTaskRepeatSearch = 5;
 
 /// Runs one task at a time, from start to end inside one call of Run: takes the condition, walks the area over modules
 /// and hands each module to the matcher or the replacer. Listeners and the user get their turn in a yield to the
-/// message loop behind each match.
+/// message loop after each match.
 class TaskManager : private Counted<TaskManager> {
  public:
   static constexpr std::string_view ClassName = "TaskManager";
@@ -38,12 +38,12 @@ class TaskManager : private Counted<TaskManager> {
   TaskManager();
   ~TaskManager();
 
-  bool mblnCancel = false;      ///< set true by any party to stop the run; keeps its value behind it
+  bool mblnCancel = false;      ///< set true by any party to stop the run; keeps its value after it
   IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown; nothing for a replace all
 
   GlobalSetting& Setting() const;
   bool Running() const { return mblnRunning; }
-  /// Runs a task to its end and raises TaskDone exactly once, also behind a failure. Failures and a cancel (error
+  /// Runs a task to its end and raises TaskDone exactly once, also after a failure. Failures and a cancel (error
   /// 0x80040201) reach the caller; results found and edits made until then stay.
   void Run(std::int32_t tt);
   void Setup(IPage& p);
@@ -51,7 +51,7 @@ class TaskManager : private Counted<TaskManager> {
 
   Event<std::int32_t> TaskBegin;              ///< TaskType
   Event<std::int32_t> TaskDone;               ///< TaskType
-  Event<bool&> Query;                         ///< Cancel; behind each match
+  Event<bool&> Query;                         ///< Cancel; after each match
   Event<const std::u16string&> OnScanModule;  ///< name of the component, before each module
   /// An error in a module, with the place where it happened; one who sets `goOn` takes it over, and the next module
   /// follows. Not raised for a cancel.

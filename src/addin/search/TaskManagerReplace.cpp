@@ -47,7 +47,7 @@ void DropFinalBreak(std::u16string& s) {
 }
 
 /// Makes a lone CR or LF at the end, which can only come from the replacement, a whole line break. Else it would join
-/// the break of the line behind it, which is taken off again or passes for no line of its own.
+/// the break of the line after it, which is taken off again or passes for no line of its own.
 void CompleteFinalBreak(std::u16string& s) {
   if (s.ends_with(kCrLf) || !(s.ends_with(u'\r') || s.ends_with(u'\n'))) return;
   s.pop_back();

@@ -46,13 +46,7 @@ class KeyScope {
 };
 
 std::string Narrow(std::u16string_view text) {
-  std::string bytes;
-  std::size_t failedAt = 0;
-  while (!ThePlatform().AnsiCodePage().Encode(text, bytes, failedAt)) {
-    bytes += '?';
-    text.remove_prefix(failedAt + 1);
-  }
-  return bytes;
+  return ThePlatform().AnsiCodePage().EncodedOrAsked(text);
 }
 
 std::u16string ValueText(const Registry::Value& value) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/CommonEnds.h"
 #include "base/FlagScope.h"
 #include "base/Text.h"
 #include "desktop/platform/QtText.h"
@@ -58,32 +59,11 @@ std::vector<std::u16string> SplitLines(std::u16string_view text, std::u16string_
 /// `before` with what the user changed in its shown form: the parts that are as they were keep their own characters.
 std::u16string Merge(const std::u16string& before, std::u16string_view shownAfter) {
   const std::u16string shownBefore = ShownText(before);
-  const std::size_t shorter = std::min(shownBefore.size(), shownAfter.size());
-  std::size_t head = 0;
-  while (head < shorter && shownBefore[head] == shownAfter[head]) ++head;
-  std::size_t tail = 0;
-  while (tail < shorter - head && shownBefore[before.size() - 1 - tail] == shownAfter[shownAfter.size() - 1 - tail]) {
-    ++tail;
-  }
-  std::u16string merged = before.substr(0, head);
-  merged += shownAfter.substr(head, shownAfter.size() - head - tail);
-  merged += before.substr(before.size() - tail);
+  const CommonEnds common = FindCommonEnds(shownBefore, shownAfter);
+  std::u16string merged = before.substr(0, common.head);
+  merged += shownAfter.substr(common.head, shownAfter.size() - common.head - common.tail);
+  merged += before.substr(before.size() - common.tail);
   return merged;
-}
-
-struct Common {
-  std::size_t head = 0;
-  std::size_t tail = 0;
-};
-
-Common CommonLines(const std::vector<std::u16string>& a, const std::vector<std::u16string>& b) {
-  const std::size_t shorter = std::min(a.size(), b.size());
-  Common common;
-  while (common.head < shorter && a[common.head] == b[common.head]) ++common.head;
-  while (common.tail < shorter - common.head && a[a.size() - 1 - common.tail] == b[b.size() - 1 - common.tail]) {
-    ++common.tail;
-  }
-  return common;
 }
 
 }  // namespace
@@ -126,7 +106,7 @@ void ModuleBinding::Pull() {
   shown_ = module_->Revision();
   const Lines before = BlockLines(0, document_.blockCount() - 1);
   const Lines after = ModuleLines();
-  const Common common = CommonLines(before, after);
+  const CommonEnds common = FindCommonEnds(before, after);
   const auto removed = static_cast<int>(before.size() - common.head - common.tail);
   const auto head = static_cast<std::ptrdiff_t>(common.head);
   const Lines inserted(after.begin() + head, after.end() - static_cast<std::ptrdiff_t>(common.tail));
@@ -185,7 +165,7 @@ void ModuleBinding::Push(int position, int added) {
 
 /// Edits the module so that the lines `before` from line `first` on become `after`.
 void ModuleBinding::Store(std::int32_t first, const Lines& before, const Lines& after) {
-  const Common common = CommonLines(before, after);
+  const CommonEnds common = FindCommonEnds(before, after);
   const auto at = static_cast<std::int32_t>(static_cast<std::size_t>(first) + common.head);
   const auto removed = static_cast<std::int32_t>(before.size() - common.head - common.tail);
   const Lines inserted(after.begin() + static_cast<std::ptrdiff_t>(common.head),

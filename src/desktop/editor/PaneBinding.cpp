@@ -4,10 +4,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Checked.h"
 #include "base/FlagScope.h"
 #include "desktop/editor/CodeEdit.h"
-#include "desktop/editor/ScreenColumns.h"
 #include "desktop/platform/QtText.h"
+#include "platform/ScreenColumns.h"
 #include "workbench/model/Module.h"
 #include "workbench/model/Pane.h"
 
@@ -26,7 +27,7 @@ int PaneBinding::PositionOf(int line, int column) const {
   if (!block.isValid()) return editor_.document()->characterCount() - 1;
   // The module's own text counts: a sign that stands for another character may be of another width.
   const std::u16string text = editor_.TheModule()->Lines(line, 1);
-  return block.position() + static_cast<int>(UnitOfColumn(page_, text, column));
+  return block.position() + static_cast<int>(UnitOfColumn(page_, text, column, InsideWide::Character));
 }
 
 void PaneBinding::ToEditor() {
@@ -45,8 +46,8 @@ void PaneBinding::ToPane() {
   const auto place = [this](int position, std::int32_t& line, std::int32_t& column) {
     const QTextBlock block = editor_.document()->findBlock(position);
     line = block.blockNumber() + 1;
-    column =
-        ColumnOfUnit(page_, editor_.TheModule()->Lines(line, 1), static_cast<std::size_t>(position - block.position()));
+    column = Checked32(ColumnOfUnit(page_, editor_.TheModule()->Lines(line, 1),
+                                    static_cast<std::size_t>(position - block.position())));
   };
   const QTextCursor cursor = editor_.textCursor();
   vbide::Selection selection;

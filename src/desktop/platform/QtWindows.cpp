@@ -148,13 +148,12 @@ ScreenPoint QtWindows::GetCursorPos() {
   return {place.x(), place.y()};
 }
 
-bool QtWindows::GetWindowRect(WindowHandle window, ScreenRect& rect) {
+std::optional<ScreenRect> QtWindows::GetWindowRect(WindowHandle window) {
   const QWidget* widget = WidgetOf(window);
-  if (widget == nullptr) return false;
+  if (widget == nullptr) return std::nullopt;
   const QRect place =
       widget->isWindow() ? widget->frameGeometry() : QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size());
-  rect = {place.left(), place.top(), place.left() + place.width(), place.top() + place.height()};
-  return true;
+  return ScreenRect{place.left(), place.top(), place.left() + place.width(), place.top() + place.height()};
 }
 
 }  // namespace quorvane::desktop

@@ -58,7 +58,7 @@ class QtWindows final : public NativeWindows {
   WindowHandle GetForegroundWindow() override;
   std::u16string GetWindowText(WindowHandle window) override;
   ScreenPoint GetCursorPos() override;
-  bool GetWindowRect(WindowHandle window, ScreenRect& rect) override;
+  std::optional<ScreenRect> GetWindowRect(WindowHandle window) override;
 
  private:
   struct Entry {

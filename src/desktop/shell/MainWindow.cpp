@@ -5,15 +5,11 @@
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QInputDialog>
-#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QSettings>
 #include <QStatusBar>
-#include <QTextBlock>
 #include <QTimer>
-#include <algorithm>
 
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
@@ -40,15 +36,8 @@ namespace {
 
 constexpr QSize kFirstSize(1180, 780);
 constexpr int kFirstTreeWidth = 270;
-constexpr int kFirstToolHeight = 230;
 constexpr int kMessageTime = 8000;  // ms
 constexpr int kCloseAgain = 20;     // ms
-
-const QString kGeometry = QStringLiteral("window/geometry");
-const QString kState = QStringLiteral("window/state");
-const QString kTabs = QStringLiteral("window/tabs");
-const QString kTheme = QStringLiteral("window/theme");
-const QString kTextSize = QStringLiteral("window/textSize");
 
 QStringList LocalFiles(const QMimeData& data) {
   QStringList files;
@@ -68,8 +57,6 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
                        QSettings& settings)
     : workbench_(workbench),
       windows_(windows),
-      views_(views),
-      settings_(settings),
       recent_(settings),
       menu_(*this, texts_),
       files_(std::make_unique<FileCommands>(workbench, *this, texts_)),
@@ -77,8 +64,9 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       tree_(new ProjectTree(workbench, texts_)),
       treeDock_(new QDockWidget(this)),
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
-      place_(new QLabel),
-      selected_(new QLabel) {
+      layout_(settings, *this, *code_),
+      docks_(*this, windows, views),
+      cursorStatus_(*statusBar(), texts_) {
   setObjectName(QStringLiteral("MainWindow"));
   setWindowIcon(Icons::Program());
   setCentralWidget(code_);
@@ -88,7 +76,6 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
   windows_.Bind(workbench_.TheMainWindow()->Handle(), *this);
   windows_.Bind(windows_.GetTopWindow(workbench_.TheMainWindow()->Handle()), *code_->viewport());
   BuildTree();
-  BuildStatus();
   BuildFileMenu();
   BuildEditMenu();
   BuildViewMenu();
@@ -110,11 +97,6 @@ void MainWindow::BuildTree() {
   resizeDocks({treeDock_}, {kFirstTreeWidth}, Qt::Horizontal);
 }
 
-void MainWindow::BuildStatus() {
-  statusBar()->addPermanentWidget(selected_);
-  statusBar()->addPermanentWidget(place_);
-}
-
 CodeEdit* MainWindow::CurrentEditor() const {
   CodeWindow* window = code_->Current();
   return window != nullptr ? &window->Editor() : nullptr;
@@ -134,28 +116,13 @@ void MainWindow::Listen() {
   });
   listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
   listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
-  listen(workbench_.TheWindows()->Created, [this](const auto& window) { AddToolWindow(window); });
-  listen(workbench_.TheWindows()->Removed, [this](const auto& window) { RemoveToolWindow(*window); });
+  listen(workbench_.TheWindows()->Created, [this](const auto& window) {
+    viewMenu_->insertAction(treeDock_->toggleViewAction(), docks_.Add(window).toggleViewAction());
+  });
+  listen(workbench_.TheWindows()->Removed, [this](const auto& window) { docks_.Remove(*window); });
   connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive && !closed_) files_->CheckDisk();
   });
-}
-
-void MainWindow::AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& window) {
-  auto* dock = new ToolDock(window, views_, windows_, this);
-  addDockWidget(Qt::BottomDockWidgetArea, dock);
-  resizeDocks({dock}, {kFirstToolHeight}, Qt::Vertical);
-  dock->setVisible(window->Visible());
-  viewMenu_->insertAction(treeDock_->toggleViewAction(), dock->toggleViewAction());
-  docks_.push_back(dock);
-}
-
-/// At once: what the view of its document reaches may be gone before the next turn of the loop.
-void MainWindow::RemoveToolWindow(const workbench::ToolWindow& window) {
-  const auto found = std::ranges::find(docks_, windows_.WidgetOf(window.Handle()));
-  if (found == docks_.end()) return;
-  const std::unique_ptr<ToolDock> gone(*found);
-  docks_.erase(found);
 }
 
 void MainWindow::OpenFiles(const QStringList& files) {
@@ -205,13 +172,7 @@ void MainWindow::UpdateTitle() {
 }
 
 void MainWindow::UpdateStatus() {
-  CodeEdit* editor = CurrentEditor();
-  const QTextCursor cursor = editor != nullptr ? editor->textCursor() : QTextCursor();
-  place_->setText(editor == nullptr
-                      ? QString()
-                      : texts_(Text::StatusPlace).arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
-  const int length = cursor.selectionEnd() - cursor.selectionStart();
-  selected_->setText(editor != nullptr && length > 0 ? texts_(Text::StatusSelected).arg(length) : QString());
+  cursorStatus_.Show(CurrentEditor());
   UpdateActions();
 }
 
@@ -246,27 +207,9 @@ void MainWindow::GoToLine() {
   editor->setFocus();
 }
 
-void MainWindow::SetTheme(Theme::Choice choice) {
-  theme_.Apply(choice);
-  settings_.setValue(kTheme, static_cast<int>(choice));
-}
-
 void MainWindow::RestoreLayout() {
-  const int theme = settings_.value(kTheme).toInt();
-  if (theme >= 0 && theme <= static_cast<int>(Theme::Choice::Dark)) theme_.Apply(static_cast<Theme::Choice>(theme));
-  restoreGeometry(settings_.value(kGeometry).toByteArray());
-  restoreState(settings_.value(kState).toByteArray());
-  code_->SetTabs(settings_.value(kTabs, true).toBool());
-  code_->SetTextSize(settings_.value(kTextSize, CodeArea::NormalTextSize()).toInt());
-  for (ToolDock* dock : docks_) dock->Follow();
-}
-
-void MainWindow::SaveLayout() {
-  settings_.setValue(kGeometry, saveGeometry());
-  settings_.setValue(kState, saveState());
-  settings_.setValue(kTabs, code_->HasTabs());
-  settings_.setValue(kTextSize, code_->TextSize());
-  settings_.sync();
+  layout_.Restore();
+  for (ToolDock* dock : docks_.All()) dock->Follow();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -277,7 +220,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QTimer::singleShot(kCloseAgain, this, [this] { close(); });
     return event->ignore();
   }
-  SaveLayout();
+  layout_.Save();
   if (!files_->CloseAll()) return event->ignore();
   closed_ = true;
   event->accept();

@@ -6,18 +6,18 @@
 
 #include "base/Event.h"
 #include "desktop/platform/Texts.h"
-#include "desktop/platform/Theme.h"
 #include "desktop/platform/ToolkitTexts.h"
+#include "desktop/shell/CursorStatus.h"
 #include "desktop/shell/MainMenu.h"
 #include "desktop/shell/RecentFiles.h"
+#include "desktop/shell/ToolDocks.h"
+#include "desktop/shell/WindowLayout.h"
 
-class QLabel;
 class QSettings;
 
 namespace quorvane {
 
 namespace workbench {
-class ToolWindow;
 class Workbench;
 }  // namespace workbench
 
@@ -43,7 +43,7 @@ class MainWindow final : public QMainWindow {
   CodeArea& Code() { return *code_; }
   ProjectTree& Tree() { return *tree_; }
   MainMenu& Menu() { return menu_; }
-  const std::vector<ToolDock*>& ToolDocks() const { return docks_; }
+  const std::vector<ToolDock*>& ToolDocks() const { return docks_.All(); }
 
   /// Opens files and remembers them.
   void OpenFiles(const QStringList& files);
@@ -64,7 +64,6 @@ class MainWindow final : public QMainWindow {
 
  private:
   void BuildTree();
-  void BuildStatus();
   void BuildFileMenu();
   void BuildEditMenu();
   void BuildViewMenu();
@@ -72,13 +71,9 @@ class MainWindow final : public QMainWindow {
   void BuildOtherMenus();
   void Listen();
 
-  void AddToolWindow(const std::shared_ptr<workbench::ToolWindow>& window);
-  void RemoveToolWindow(const workbench::ToolWindow& window);
   void FillRecent();
   void FillWindows();
   void OpenRecent(const QStringList& files);
-  void SaveLayout();
-  void SetTheme(Theme::Choice choice);
   void UpdateStatus();
   void UpdateActions();
   void UpdateTitle();
@@ -90,11 +85,8 @@ class MainWindow final : public QMainWindow {
 
   workbench::Workbench& workbench_;
   QtWindows& windows_;
-  const ViewFactory& views_;
-  QSettings& settings_;
   Texts texts_;
   ToolkitTexts toolkitTexts_;
-  Theme theme_;
   RecentFiles recent_;
   MainMenu menu_;
   std::unique_ptr<FileCommands> files_;
@@ -102,14 +94,14 @@ class MainWindow final : public QMainWindow {
   ProjectTree* tree_;
   QDockWidget* treeDock_;
   AddInsMenu* addIns_;
+  WindowLayout layout_;
+  desktop::ToolDocks docks_;
+  CursorStatus cursorStatus_;
   QMenu* editMenu_ = nullptr;
   QMenu* recentMenu_ = nullptr;
   QMenu* viewMenu_ = nullptr;
   QMenu* windowMenu_ = nullptr;
-  QLabel* place_;
-  QLabel* selected_;
   std::vector<QAction*> windowEntries_;
-  std::vector<ToolDock*> docks_;
   bool closed_ = false;
   std::vector<Subscription> subscriptions_;
 };

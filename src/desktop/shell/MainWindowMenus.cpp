@@ -85,7 +85,7 @@ void MainWindow::BuildViewMenu() {
                                    std::pair(Text::ThemeLight, Theme::Choice::Light),
                                    std::pair(Text::ThemeDark, Theme::Choice::Dark)};
   for (const auto& [text, choice] : kChoices) {
-    choices->addAction(&menu_.AddCheck(theme, text, [this, chosen = choice](bool) { SetTheme(chosen); }));
+    choices->addAction(&menu_.AddCheck(theme, text, [this, chosen = choice](bool) { layout_.SetTheme(chosen); }));
   }
   menu.addSeparator();
   menu_.Add(menu, Text::ViewLarger, QKeySequence::ZoomIn, [this] { code_->SetTextSize(code_->TextSize() + 1); });
@@ -96,7 +96,7 @@ void MainWindow::BuildViewMenu() {
   connect(&menu, &QMenu::aboutToShow, this, [this, &tabs, choices, kChoices] {
     tabs.setChecked(code_->HasTabs());
     for (std::size_t i = 0; i < kChoices.size(); ++i) {
-      choices->actions()[static_cast<qsizetype>(i)]->setChecked(kChoices[i].second == theme_.Current());
+      choices->actions()[static_cast<qsizetype>(i)]->setChecked(kChoices[i].second == layout_.TheTheme().Current());
     }
   });
 }

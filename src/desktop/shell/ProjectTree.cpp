@@ -29,7 +29,7 @@ using workbench::Project;
 constexpr std::array kFolders = {Text::FolderForms, Text::FolderModules,   Text::FolderClasses,   Text::FolderControls,
                                  Text::FolderPages, Text::FolderDocuments, Text::FolderDesigners, Text::FolderRelated};
 
-Text FolderOf(ComponentType type) {
+Text FolderTitle(ComponentType type) {
   switch (type) {
     case ComponentType::VBForm:
     case ComponentType::VBMDIForm:
@@ -137,7 +137,7 @@ void ProjectTree::BuildProject(const std::shared_ptr<Project>& project, QTreeWid
   for (const Text folder : kFolders) {
     QTreeWidgetItem* folderItem = nullptr;
     for (const auto& component : project->Components()) {
-      if (FolderOf(component->Type()) != folder) continue;
+      if (FolderTitle(component->Type()) != folder) continue;
       if (folderItem == nullptr) {
         folderItem = new QTreeWidgetItem(item, {texts_(folder)});
         folderItem->setIcon(0, Icons::Folder());

@@ -6,6 +6,7 @@
 #include "native/codepages/AsciiRun.h"
 #include "native/codepages/ByteEscape.h"
 #include "native/codepages/Charset.h"
+#include "native/codepages/EncodeLoop.h"
 
 namespace quorvane::native {
 
@@ -62,7 +63,7 @@ std::shared_ptr<const DoubleByteTables> Build(DoubleByteCodePage::Page page) {
   return tables;
 }
 
-/// Decodes one character at `i`, where a byte beyond ASCII stands; moves `i` behind it.
+/// Decodes one character at `i`, where a byte beyond ASCII stands; moves `i` after it.
 char16_t DecodeOne(const DoubleByteTables& tables, std::string_view bytes, std::size_t& i) {
   const unsigned lead = static_cast<unsigned char>(bytes[i++]);
   if (tables.Units[lead] != 0) return tables.Units[lead];
@@ -80,12 +81,12 @@ char16_t DecodeOne(const DoubleByteTables& tables, std::string_view bytes, std::
 
 const DoubleByteTables& DoubleByteCodePage::Tables() const {
   static std::map<Page, std::shared_ptr<const DoubleByteTables>> built;
-  if (!mobjTables) {
+  if (!tables_) {
     auto& shared = built[mePage];
     if (!shared) shared = Build(mePage);
-    mobjTables = shared;
+    tables_ = shared;
   }
-  return *mobjTables;
+  return *tables_;
 }
 
 void DoubleByteCodePage::Decode(std::string_view bytes, std::u16string& out) const {
@@ -103,28 +104,14 @@ void DoubleByteCodePage::Decode(std::string_view bytes, std::u16string& out) con
 }
 
 bool DoubleByteCodePage::Encode(std::u16string_view text, std::string& out, std::size_t& failedAt) const {
-  const std::size_t begin = out.size();
-  out.resize(begin + text.size() * 2);
-  char* to = out.data() + begin;
-  const auto end = [&] { out.resize(static_cast<std::size_t>(to - out.data())); };
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t run = AsciiRun(text, i);
-    NarrowAscii(text.data() + i, run, to);
-    to += run;
-    i += run;
-    for (; i < text.size() && text[i] >= 0x80; ++i) {
-      const unsigned code = IsEscapedByte(text[i]) ? UnescapedByte(text[i]) : Tables().Codes[text[i]];
-      if (code == 0) {
-        end();
-        failedAt = i;
-        return false;
-      }
-      if (code > 0xFF) *to++ = static_cast<char>(code >> 8);
-      *to++ = static_cast<char>(code & 0xFF);
-    }
-  }
-  end();
-  return true;
+  return EncodeText(text, 2, out, failedAt, [this](std::u16string_view from, std::size_t& i, char*& to) {
+    const unsigned code = IsEscapedByte(from[i]) ? UnescapedByte(from[i]) : Tables().Codes[from[i]];
+    if (code == 0) return false;
+    if (code > 0xFF) *to++ = static_cast<char>(code >> 8);
+    *to++ = static_cast<char>(code & 0xFF);
+    ++i;
+    return true;
+  });
 }
 
 bool DoubleByteCodePage::IsWideBeyondAscii(char16_t c) const {

@@ -29,7 +29,7 @@ class DoubleByteCodePage : public CodePage {
   const DoubleByteTables& Tables() const;
 
   Page mePage;
-  mutable std::shared_ptr<const DoubleByteTables> mobjTables;
+  mutable std::shared_ptr<const DoubleByteTables> tables_;
 };
 
 }  // namespace quorvane::native

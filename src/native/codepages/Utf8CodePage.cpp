@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "native/codepages/AsciiRun.h"
 #include "native/codepages/ByteEscape.h"
+#include "native/codepages/EncodeLoop.h"
 
 namespace quorvane::native {
 
@@ -100,32 +101,20 @@ void Utf8CodePage::Decode(std::string_view bytes, std::u16string& out) const {
 }
 
 bool Utf8CodePage::Encode(std::u16string_view text, std::string& out, std::size_t& failedAt) const {
-  const std::size_t begin = out.size();
-  out.resize(begin + text.size() * 3);
-  char* to = out.data() + begin;
-  const auto end = [&] { out.resize(static_cast<std::size_t>(to - out.data())); };
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t run = AsciiRun(text, i);
-    NarrowAscii(text.data() + i, run, to);
-    to += run;
-    i += run;
-    for (; i < text.size() && text[i] >= 0x80; ++i) {
-      const char16_t c = text[i];
-      if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-        to = EncodeUnit(0x10000U + ((c & 0x3FFU) << 10) + (text[++i] & 0x3FFU), to);
-      } else if (IsEscapedByte(c)) {
-        *to++ = static_cast<char>(UnescapedByte(c));
-      } else if (IsHighSurrogate(c) || IsLowSurrogate(c)) {
-        end();
-        failedAt = i;
-        return false;
-      } else {
-        to = EncodeUnit(c, to);
-      }
+  return EncodeText(text, 3, out, failedAt, [](std::u16string_view from, std::size_t& i, char*& to) {
+    const char16_t c = from[i];
+    if (IsHighSurrogate(c) && i + 1 < from.size() && IsLowSurrogate(from[i + 1])) {
+      to = EncodeUnit(0x10000U + ((c & 0x3FFU) << 10) + (from[++i] & 0x3FFU), to);
+    } else if (IsEscapedByte(c)) {
+      *to++ = static_cast<char>(UnescapedByte(c));
+    } else if (IsHighSurrogate(c) || IsLowSurrogate(c)) {
+      return false;
+    } else {
+      to = EncodeUnit(c, to);
     }
-  }
-  end();
-  return true;
+    ++i;
+    return true;
+  });
 }
 
 bool Utf8CodePage::IsWideBeyondAscii(char16_t c) const {

@@ -7,7 +7,7 @@
 namespace quorvane::native {
 
 /// A file that shall take another's place: written beside it, and gone again unless TakePlace succeeded. Each step
-/// gives 0 or an errno; behind a failed one nothing is left but the end. All paths are UTF-8.
+/// gives 0 or an errno; after a failed one nothing is left but the end. All paths are UTF-8.
 class NewFile {
  public:
   /// Made beside `target`, which is no link and need not exist yet.

@@ -1,7 +1,7 @@
 // One walk over the pattern, token by token, writing each token in the engine's syntax. Whatever is not special in
-// ECMAScript 3 is written so that the engine cannot take it for something special: punctuation behind a backslash,
+// ECMAScript 3 is written so that the engine cannot take it for something special: punctuation after a backslash,
 // other units as they are. Nothing that is special to the engine alone passes: `(?` opens three kinds of groups, a
-// letter behind a backslash that ECMAScript does not know is that letter. For each unit written the source offset is
+// letter after a backslash that ECMAScript does not know is that letter. For each unit written the source offset is
 // kept, so that an error found by the engine is told in the user's pattern.
 
 #include "native/regexp/PatternTranslator.h"
@@ -59,7 +59,7 @@ void RaisePatternError(PatternError error, std::u16string words, std::size_t off
 }
 
 PatternTranslator::PatternTranslator(std::u16string_view pattern, const TranslationOptions& options)
-    : mstrPattern(pattern), mudtOptions(options), mobjLiterals(options.UnicodeCase) {
+    : pattern_(pattern), mudtOptions(options), literals_(options.UnicodeCase) {
   mudtResult.GroupCount = CountGroups(pattern);
 }
 
@@ -73,26 +73,26 @@ bool PatternTranslator::ShorthandHasLineFeed(char16_t letter) {
 
 TranslatedPattern PatternTranslator::Translate() {
   while (!AtEnd()) {
-    mlngTokenStart = mlngPos;
+    tokenStart_ = pos_;
     if (TryQuantifier()) continue;
-    if (mblnCaseIsOff) Emit(u"(?i)");
-    mblnCaseIsOff = false;
+    if (caseIsOff_) Emit(u"(?i)");
+    caseIsOff_ = false;
     TranslateToken();
   }
-  mlngTokenStart = mlngPos;
-  if (mlngOpenGroups > 0) {
-    RaisePatternError(PatternError::MissingParenthesis, u"Expected ')' in regular expression", mlngPos);
+  tokenStart_ = pos_;
+  if (openGroups_ > 0) {
+    RaisePatternError(PatternError::MissingParenthesis, u"Expected ')' in regular expression", pos_);
   }
   // A CR that is never matched. Without any CR in the pattern the engine would not try a match between CR and LF.
   Emit(u"\\r{0}");
-  mudtResult.Offsets.push_back(static_cast<std::uint32_t>(mlngPos));
-  mudtResult.RequiredLiterals = mobjLiterals.Take();
+  mudtResult.Offsets.push_back(static_cast<std::uint32_t>(pos_));
+  mudtResult.RequiredLiterals = literals_.Take();
   return std::move(mudtResult);
 }
 
 void PatternTranslator::Emit(std::u16string_view text) {
   mudtResult.Text.append(text);
-  mudtResult.Offsets.resize(mudtResult.Text.size(), static_cast<std::uint32_t>(mlngTokenStart));
+  mudtResult.Offsets.resize(mudtResult.Text.size(), static_cast<std::uint32_t>(tokenStart_));
 }
 
 void PatternTranslator::EmitNumber(std::size_t number) {
@@ -105,7 +105,7 @@ void PatternTranslator::NoteUnit(char16_t c) {
 
 void PatternTranslator::EmitLiteral(char16_t c) {
   NoteUnit(c);
-  mobjLiterals.Literal(c);
+  literals_.Literal(c);
   if (c == u'\n') mudtResult.MayMatchLineFeed = true;
   if (c >= 0x80 || IsLetter(c) || IsDigit(c) || c == u'_' || c == u' ') {
     Emit({&c, 1});
@@ -124,11 +124,11 @@ void PatternTranslator::EmitLiteral(char16_t c) {
 void PatternTranslator::EmitWithoutCase(std::u16string_view text) {
   Emit(u"(?-i)");
   Emit(text);
-  mblnCaseIsOff = true;
+  caseIsOff_ = true;
 }
 
 void PatternTranslator::EmitShorthand(char16_t letter) {
-  mobjLiterals.Other();
+  literals_.Other();
   if (ShorthandHasLineFeed(letter)) mudtResult.MayMatchLineFeed = true;
   if (!mudtOptions.UnicodeCase) {
     const char16_t escaped[] = {u'\\', letter};
@@ -147,14 +147,14 @@ void PatternTranslator::EmitShorthand(char16_t letter) {
 }
 
 void PatternTranslator::EmitDot() {
-  mobjLiterals.Other();
+  literals_.Other();
   mudtResult.HasDot = true;
   constexpr std::u16string_view forms[] = {u".", u"[^\\n\\r]", u"[^\\n\\r\\x{2028}\\x{2029}]"};
   Emit(forms[static_cast<std::size_t>(mudtOptions.Dot)]);
 }
 
 void PatternTranslator::EmitAssertion(char16_t c) {
-  mobjLiterals.Assertion();
+  literals_.Assertion();
   if (c == u'^' || c == u'$') {
     Emit({&c, 1});
     // CR LF is one break, and nothing holds inside it.
@@ -172,18 +172,18 @@ void PatternTranslator::EmitAssertion(char16_t c) {
 }
 
 void PatternTranslator::TranslateToken() {
-  const char16_t c = mstrPattern[mlngPos++];
-  mblnRepeatable = true;
+  const char16_t c = pattern_[pos_++];
+  repeatable_ = true;
   switch (c) {
     case u'|':
-      mobjLiterals.Alternative();
+      literals_.Alternative();
       Emit(u"|");
-      mblnRepeatable = false;
+      repeatable_ = false;
       break;
     case u'^':
     case u'$':
       EmitAssertion(c);
-      mblnRepeatable = false;
+      repeatable_ = false;
       break;
     case u'(':
       OpenGroup();
@@ -206,91 +206,90 @@ void PatternTranslator::TranslateToken() {
 }
 
 void PatternTranslator::OpenGroup() {
-  ++mlngOpenGroups;
-  mblnRepeatable = false;
+  ++openGroups_;
+  repeatable_ = false;
   if (!LooksAt(u'?')) {
-    mobjLiterals.OpenGroup(false);
+    literals_.OpenGroup(false);
     Emit(u"(");
     return;
   }
-  ++mlngPos;
+  ++pos_;
   const char16_t kind = Peek();
   if (kind != u':' && kind != u'=' && kind != u'!') {
-    const bool lookBehind = kind == u'<' && mlngPos + 1 < mstrPattern.size() &&
-                            (mstrPattern[mlngPos + 1] == u'=' || mstrPattern[mlngPos + 1] == u'!');
+    const bool lookBehind =
+        kind == u'<' && pos_ + 1 < pattern_.size() && (pattern_[pos_ + 1] == u'=' || pattern_[pos_ + 1] == u'!');
     RaisePatternError(PatternError::Syntax,
                       lookBehind ? u"Syntax error in regular expression: look-behind is not known"
                                  : u"Syntax error in regular expression: unknown group",
-                      mlngPos - 1);
+                      pos_ - 1);
   }
-  ++mlngPos;
-  mobjLiterals.OpenGroup(kind != u':');
+  ++pos_;
+  literals_.OpenGroup(kind != u':');
   if (kind == u'!') mudtResult.MayMatchLineFeed = true;  // it can hold between CR and LF where it fails before CR
   const char16_t opening[] = {u'(', u'?', kind};
   Emit({opening, 3});
 }
 
 void PatternTranslator::CloseGroup() {
-  if (mlngOpenGroups == 0) {
-    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: unmatched ')'", mlngTokenStart);
+  if (openGroups_ == 0) {
+    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: unmatched ')'", tokenStart_);
   }
-  --mlngOpenGroups;
-  mobjLiterals.CloseGroup();
+  --openGroups_;
+  literals_.CloseGroup();
   Emit(u")");
 }
 
 bool PatternTranslator::TryQuantifier() {
-  const char16_t c = mstrPattern[mlngPos];
+  const char16_t c = pattern_[pos_];
   std::size_t least = 0;
   std::size_t most = 0;
   bool open = false;
   const bool braces = c == u'{' && ParseBraces(least, most, open);
   if (!braces && c != u'*' && c != u'+' && c != u'?') return false;
-  if (!mblnRepeatable) {
-    RaisePatternError(PatternError::UnexpectedQuantifier, u"Unexpected quantifier", mlngTokenStart);
+  if (!repeatable_) {
+    RaisePatternError(PatternError::UnexpectedQuantifier, u"Unexpected quantifier", tokenStart_);
   }
-  mobjLiterals.Quantifier(braces ? least : c == u'+' ? 1 : 0);
+  literals_.Quantifier(braces ? least : c == u'+' ? 1 : 0);
   if (braces) {
     EmitBraces(least, most, open);
   } else {
     Emit({&c, 1});
-    ++mlngPos;
+    ++pos_;
   }
   if (LooksAt(u'?')) {
     Emit(u"?");
-    ++mlngPos;
+    ++pos_;
   }
-  mblnRepeatable = false;
+  repeatable_ = false;
   return true;
 }
 
 /// Reads {n}, {n,} or {n,m}; anything else is left alone, for its `{` is a literal.
 bool PatternTranslator::ParseBraces(std::size_t& least, std::size_t& most, bool& open) {
-  std::size_t i = mlngPos + 1;
+  std::size_t i = pos_ + 1;
   const auto number = [&](std::size_t& value) {
     const std::size_t begin = i;
-    for (value = 0; i < mstrPattern.size() && IsDigit(mstrPattern[i]); ++i) {
-      if (value <= kMostRepeats) value = value * 10 + (mstrPattern[i] - u'0');
+    for (value = 0; i < pattern_.size() && IsDigit(pattern_[i]); ++i) {
+      if (value <= kMostRepeats) value = value * 10 + (pattern_[i] - u'0');
     }
     return i > begin;
   };
-  const auto accept = [&](char16_t c) { return i < mstrPattern.size() && mstrPattern[i] == c && ++i > 0; };
+  const auto accept = [&](char16_t c) { return i < pattern_.size() && pattern_[i] == c && ++i > 0; };
   if (!number(least)) return false;
   most = least;
   if (accept(u',')) open = !number(most);
   if (!accept(u'}')) return false;
-  mlngPos = i;
+  pos_ = i;
   return true;
 }
 
 void PatternTranslator::EmitBraces(std::size_t least, std::size_t most, bool open) {
   if (least > kMostRepeats || (!open && most > kMostRepeats)) {
-    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: number too big in {}",
-                      mlngTokenStart);
+    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: number too big in {}", tokenStart_);
   }
   if (!open && least > most) {
     RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: numbers out of order in {}",
-                      mlngTokenStart);
+                      tokenStart_);
   }
   Emit(u"{");
   EmitNumber(least);
@@ -301,15 +300,15 @@ void PatternTranslator::EmitBraces(std::size_t least, std::size_t most, bool ope
 
 void PatternTranslator::TranslateEscape() {
   if (AtEnd()) {
-    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: \\ at end of pattern", mlngPos);
+    RaisePatternError(PatternError::Syntax, u"Syntax error in regular expression: \\ at end of pattern", pos_);
   }
   const char16_t c = Peek();
   if (c == u'b' || c == u'B') {
-    ++mlngPos;
+    ++pos_;
     EmitAssertion(c);
-    mblnRepeatable = false;
+    repeatable_ = false;
   } else if (IsShorthand(c)) {
-    ++mlngPos;
+    ++pos_;
     EmitShorthand(c);
   } else if (c >= u'1' && c <= u'9') {
     TranslateDecimalEscape();
@@ -321,16 +320,16 @@ void PatternTranslator::TranslateEscape() {
 /// Two digits are a back reference when there is such a group, else one digit is; else they are an octal number or the
 /// digit itself.
 void PatternTranslator::TranslateDecimalEscape() {
-  const std::size_t one = mstrPattern[mlngPos] - u'0';
-  const bool hasTwo = mlngPos + 1 < mstrPattern.size() && IsDigit(mstrPattern[mlngPos + 1]);
-  const std::size_t two = hasTwo ? one * 10 + (mstrPattern[mlngPos + 1] - u'0') : 0;
+  const std::size_t one = pattern_[pos_] - u'0';
+  const bool hasTwo = pos_ + 1 < pattern_.size() && IsDigit(pattern_[pos_ + 1]);
+  const std::size_t two = hasTwo ? one * 10 + (pattern_[pos_ + 1] - u'0') : 0;
   const bool useTwo = hasTwo && two <= mudtResult.GroupCount;
   if (!useTwo && one > mudtResult.GroupCount) {
     EmitLiteral(ParseCharacterEscape());
     return;
   }
-  mlngPos += useTwo ? 2 : 1;
-  mobjLiterals.Other();
+  pos_ += useTwo ? 2 : 1;
+  literals_.Other();
   mudtResult.HasBackReference = true;
   Emit(u"\\g{");
   EmitNumber(useTwo ? two : one);
@@ -339,9 +338,9 @@ void PatternTranslator::TranslateDecimalEscape() {
 
 /// Behind a backslash: the unit that the escape stands for.
 char16_t PatternTranslator::ParseCharacterEscape() {
-  const char16_t c = mstrPattern[mlngPos];
+  const char16_t c = pattern_[pos_];
   if (IsOctal(c)) return ParseOctal();
-  ++mlngPos;
+  ++pos_;
   char16_t unit = c;
   switch (c) {
     case u't':
@@ -356,10 +355,10 @@ char16_t PatternTranslator::ParseCharacterEscape() {
       return u'\r';
     case u'c':
       if (AtEnd() || !IsLetter(Peek())) {
-        --mlngPos;
+        --pos_;
         return u'\\';
       }
-      return mstrPattern[mlngPos++] % 32;
+      return pattern_[pos_++] % 32;
     case u'x':
       ParseHex(2, unit);
       return unit;
@@ -377,20 +376,20 @@ char16_t PatternTranslator::ParseOctal() {
     const unsigned next = value * 8 + (Peek() - u'0');
     if (next > 0377) break;
     value = next;
-    ++mlngPos;
+    ++pos_;
   }
   return static_cast<char16_t>(value);
 }
 
 bool PatternTranslator::ParseHex(std::size_t digits, char16_t& unit) {
-  if (mlngPos + digits > mstrPattern.size()) return false;
+  if (pos_ + digits > pattern_.size()) return false;
   unsigned value = 0;
   for (std::size_t i = 0; i < digits; ++i) {
-    const int digit = HexValue(mstrPattern[mlngPos + i]);
+    const int digit = HexValue(pattern_[pos_ + i]);
     if (digit < 0) return false;
     value = value * 16 + static_cast<unsigned>(digit);
   }
-  mlngPos += digits;
+  pos_ += digits;
   unit = static_cast<char16_t>(value);
   return true;
 }

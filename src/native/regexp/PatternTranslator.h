@@ -67,9 +67,9 @@ class PatternTranslator {
   static bool IsShorthand(char16_t letter);
   static bool ShorthandHasLineFeed(char16_t letter);
 
-  bool AtEnd() const { return mlngPos >= mstrPattern.size(); }
-  char16_t Peek() const { return AtEnd() ? u'\0' : mstrPattern[mlngPos]; }
-  bool LooksAt(char16_t c) const { return !AtEnd() && mstrPattern[mlngPos] == c; }
+  bool AtEnd() const { return pos_ >= pattern_.size(); }
+  char16_t Peek() const { return AtEnd() ? u'\0' : pattern_[pos_]; }
+  bool LooksAt(char16_t c) const { return !AtEnd() && pattern_[pos_] == c; }
 
   void Emit(std::u16string_view text);
   void EmitNumber(std::size_t number);
@@ -98,16 +98,16 @@ class PatternTranslator {
   void EmitClassShorthand(char16_t letter);
   void NoteUnit(char16_t c);
 
-  std::u16string_view mstrPattern;
+  std::u16string_view pattern_;
   TranslationOptions mudtOptions;
   TranslatedPattern mudtResult;
-  RequiredLiterals mobjLiterals;
-  std::size_t mlngPos = 0;
-  std::size_t mlngTokenStart = 0;
-  std::size_t mlngOpenGroups = 0;
-  bool mblnRepeatable = false;  ///< a quantifier may follow
-  bool mblnCaseIsOff = false;   ///< the engine's case folding is switched off until the atom's quantifier is written
-  bool mblnClassHasLineFeed = false;  ///< of the class under way
+  RequiredLiterals literals_;
+  std::size_t pos_ = 0;
+  std::size_t tokenStart_ = 0;
+  std::size_t openGroups_ = 0;
+  bool repeatable_ = false;        ///< a quantifier may follow
+  bool caseIsOff_ = false;         ///< the engine's case folding is switched off until the atom's quantifier is written
+  bool classHasLineFeed_ = false;  ///< of the class under way
 };
 
 }  // namespace quorvane::native

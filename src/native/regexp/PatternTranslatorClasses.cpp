@@ -36,23 +36,23 @@ std::u16string_view Spelled(char16_t letter) {
 }  // namespace
 
 void PatternTranslator::TranslateClass() {
-  mobjLiterals.Other();
+  literals_.Other();
   const bool negated = LooksAt(u'^');
-  if (negated) ++mlngPos;
+  if (negated) ++pos_;
   if (LooksAt(u']')) {
-    ++mlngPos;
+    ++pos_;
     if (negated) mudtResult.MayMatchLineFeed = true;
     Emit(negated ? u"[^]" : u"[^\\x{0}-\\x{ffff}]");
     return;
   }
   const std::size_t begin = mudtResult.Text.size();
   std::u16string shorthands;
-  mblnClassHasLineFeed = false;
+  classHasLineFeed_ = false;
   Emit(negated ? u"[^" : u"[");
   while (!LooksAt(u']')) {
-    const std::size_t at = mlngPos;
+    const std::size_t at = pos_;
     const ClassAtom first = ParseClassAtom();
-    const bool range = LooksAt(u'-') && mlngPos + 1 < mstrPattern.size() && mstrPattern[mlngPos + 1] != u']';
+    const bool range = LooksAt(u'-') && pos_ + 1 < pattern_.size() && pattern_[pos_ + 1] != u']';
     if (first.Shorthand != 0) {
       shorthands += first.Shorthand;
       EmitClassShorthand(first.Shorthand);
@@ -62,7 +62,7 @@ void PatternTranslator::TranslateClass() {
       EmitClassRange(first.Unit, first.Unit);
       continue;
     }
-    ++mlngPos;
+    ++pos_;
     const ClassAtom last = ParseClassAtom();
     if (last.Shorthand != 0) {  // a range cannot end in a set: the hyphen stands for itself
       EmitClassRange(first.Unit, first.Unit);
@@ -74,9 +74,9 @@ void PatternTranslator::TranslateClass() {
     if (first.Unit > last.Unit) RaisePatternError(PatternError::BadRange, u"Invalid range in character set", at);
     EmitClassRange(first.Unit, last.Unit);
   }
-  ++mlngPos;
+  ++pos_;
   Emit(u"]");
-  if (mblnClassHasLineFeed != negated) mudtResult.MayMatchLineFeed = true;
+  if (classHasLineFeed_ != negated) mudtResult.MayMatchLineFeed = true;
   // A set with its complement is every unit, which the engine runs much faster than a class.
   for (const char16_t letter : {u'd', u'w', u's'}) {
     const bool all = shorthands.find(letter) != shorthands.npos &&
@@ -90,17 +90,17 @@ void PatternTranslator::TranslateClass() {
 }
 
 PatternTranslator::ClassAtom PatternTranslator::ParseClassAtom() {
-  if (AtEnd()) RaisePatternError(PatternError::MissingBracket, u"Expected ']' in regular expression", mlngPos);
-  const char16_t c = mstrPattern[mlngPos++];
+  if (AtEnd()) RaisePatternError(PatternError::MissingBracket, u"Expected ']' in regular expression", pos_);
+  const char16_t c = pattern_[pos_++];
   if (c != u'\\') return {0, c};
-  if (AtEnd()) RaisePatternError(PatternError::MissingBracket, u"Expected ']' in regular expression", mlngPos);
+  if (AtEnd()) RaisePatternError(PatternError::MissingBracket, u"Expected ']' in regular expression", pos_);
   const char16_t escaped = Peek();
   if (IsShorthand(escaped)) {
-    ++mlngPos;
+    ++pos_;
     return {escaped, 0};
   }
   if (escaped == u'b') {
-    ++mlngPos;
+    ++pos_;
     return {0, u'\b'};
   }
   return {0, ParseCharacterEscape()};
@@ -108,7 +108,7 @@ PatternTranslator::ClassAtom PatternTranslator::ParseClassAtom() {
 
 void PatternTranslator::EmitClassRange(char16_t first, char16_t last) {
   NoteUnit(last);
-  if (first <= u'\n' && last >= u'\n') mblnClassHasLineFeed = true;
+  if (first <= u'\n' && last >= u'\n') classHasLineFeed_ = true;
   Emit(Hex(first));
   if (first == last) return;
   Emit(u"-");
@@ -116,7 +116,7 @@ void PatternTranslator::EmitClassRange(char16_t first, char16_t last) {
 }
 
 void PatternTranslator::EmitClassShorthand(char16_t letter) {
-  if (ShorthandHasLineFeed(letter)) mblnClassHasLineFeed = true;
+  if (ShorthandHasLineFeed(letter)) classHasLineFeed_ = true;
   if (mudtOptions.UnicodeCase) {
     Emit(Spelled(letter));
   } else {

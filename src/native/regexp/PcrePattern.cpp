@@ -1,7 +1,7 @@
 // A backtracking engine can be sent into work without end by a short pattern, and its own limit counts the steps from
 // one starting position alone, steps that differ in cost. So the text is searched in windows of starting positions,
 // each run with a limit of steps that begins low. Windows that pass quickly grow; a run that meets the limit is
-// repeated with a higher one; and behind each run the clock is asked whether the text that was left behind is worth the
+// repeated with a higher one; and after each run the clock is asked whether the text that was left behind is worth the
 // time spent, and whether a longer run can be afforded.
 
 #define PCRE2_CODE_UNIT_WIDTH 16
@@ -78,8 +78,8 @@ struct PcrePattern::Engine {
 
 PcrePattern::PcrePattern(std::u16string_view source, const TranslatedPattern& translated, bool multiline,
                          bool ignoreCase, bool unicodeCase)
-    : mstrSource(source), mobjEngine(std::make_unique<Engine>()), mlngWindow(kFirstWindow), mlngLimit(kFirstLimit) {
-  Engine& engine = *mobjEngine;
+    : source_(source), engine_(std::make_unique<Engine>()), window_(kFirstWindow), limit_(kFirstLimit) {
+  Engine& engine = *engine_;
   pcre2_compile_context* context = pcre2_compile_context_create(nullptr);
   pcre2_set_newline(context, PCRE2_NEWLINE_ANYCRLF);
   int error = 0;
@@ -107,12 +107,12 @@ PcrePattern::~PcrePattern() = default;
 
 std::span<const std::size_t> PcrePattern::Bounds() const {
   static_assert(std::is_same_v<PCRE2_SIZE, std::size_t>);
-  return {pcre2_get_ovector_pointer(mobjEngine->Match), 2 * pcre2_get_ovector_count(mobjEngine->Match)};
+  return {pcre2_get_ovector_pointer(engine_->Match), 2 * pcre2_get_ovector_count(engine_->Match)};
 }
 
 bool PcrePattern::Find(std::u16string_view text, std::size_t from) {
   for (std::size_t at = from; at <= text.size();) {
-    const std::size_t last = std::min(text.size(), at + (mobjEngine->Anchored ? 1 : mlngWindow) - 1);
+    const std::size_t last = std::min(text.size(), at + (engine_->Anchored ? 1 : window_) - 1);
     const int result = RunWindow(text, at, last);
     const bool found = result > 0;
     if (!found && result != PCRE2_ERROR_NOMATCH) {
@@ -120,10 +120,10 @@ bool PcrePattern::Find(std::u16string_view text, std::size_t from) {
       RaiseLimit(text.size() - at);
       continue;
     }
-    mobjBudget.Charge((found ? Bounds()[1] : last) - at + 1);
-    if (mobjBudget.IsTooHigh()) RaiseTooCostly();
+    budget_.Charge((found ? Bounds()[1] : last) - at + 1);
+    if (budget_.IsTooHigh()) RaiseTooCostly();
     AdaptWindow(!found);
-    if (found || mobjEngine->Anchored) return found;
+    if (found || engine_->Anchored) return found;
     at = last + 1;
   }
   return false;
@@ -132,28 +132,28 @@ bool PcrePattern::Find(std::u16string_view text, std::size_t from) {
 /// Behind a run that met the limit, with `left` units of the text before it.
 void PcrePattern::RaiseLimit(std::size_t left) {
   const std::size_t highest = kHighestLimit + kStepsPerUnit * left;
-  mobjBudget.Charge(0);
-  const double nextRun = mobjBudget.LastSeconds() * kLimitGrowth;
-  if (mlngLimit >= highest || mobjBudget.IsTooHigh(nextRun)) RaiseTooCostly();
-  mlngLimit = std::min(highest, mlngLimit * kLimitGrowth);
+  budget_.Charge(0);
+  const double nextRun = budget_.LastSeconds() * kLimitGrowth;
+  if (limit_ >= highest || budget_.IsTooHigh(nextRun)) RaiseTooCostly();
+  limit_ = std::min(highest, limit_ * kLimitGrowth);
   AdaptWindow(false);
 }
 
 void PcrePattern::AdaptWindow(bool mayGrow) {
-  if (mobjBudget.LastSeconds() > kLongRun) {
-    mlngWindow /= 4;
+  if (budget_.LastSeconds() > kLongRun) {
+    window_ /= 4;
   } else if (mayGrow) {
-    mlngWindow *= 2;
+    window_ *= 2;
   }
-  mlngWindow = std::clamp<std::size_t>(std::min(mlngWindow, kStepsPerRun / mlngLimit), 1, kLargestWindow);
+  window_ = std::clamp<std::size_t>(std::min(window_, kStepsPerRun / limit_), 1, kLargestWindow);
 }
 
 /// Tries the starting positions from `from` to `last`, both included.
 int PcrePattern::RunWindow(std::u16string_view text, std::size_t from, std::size_t last) {
-  Engine& engine = *mobjEngine;
+  Engine& engine = *engine_;
   pcre2_set_offset_limit(engine.Context, last);
-  pcre2_set_match_limit(engine.Context, static_cast<std::uint32_t>(std::min<std::size_t>(mlngLimit, 0xFFFFFFFF)));
-  if (engine.Compiled && !mblnInterpreted) {
+  pcre2_set_match_limit(engine.Context, static_cast<std::uint32_t>(std::min<std::size_t>(limit_, 0xFFFFFFFF)));
+  if (engine.Compiled && !interpreted_) {
     int result = pcre2_jit_match(engine.Code, Units(text), text.size(), from, 0, engine.Match, engine.Context);
     if (result == PCRE2_ERROR_JIT_STACKLIMIT) result = RunOnBigStack(text, from);
     if (result != PCRE2_ERROR_JIT_STACKLIMIT) return result;
@@ -162,7 +162,7 @@ int PcrePattern::RunWindow(std::u16string_view text, std::size_t from, std::size
 }
 
 int PcrePattern::RunOnBigStack(std::u16string_view text, std::size_t from) {
-  Engine& engine = *mobjEngine;
+  Engine& engine = *engine_;
   if (engine.Stack == nullptr) engine.Stack = pcre2_jit_stack_create(kSmallStack, kBigStack, nullptr);
   if (engine.Stack == nullptr) return PCRE2_ERROR_JIT_STACKLIMIT;
   pcre2_jit_stack_assign(engine.Context, nullptr, engine.Stack);
@@ -171,11 +171,11 @@ int PcrePattern::RunOnBigStack(std::u16string_view text, std::size_t from) {
 
 void PcrePattern::RaiseTooCostly() {
   constexpr std::size_t kShown = 80;
-  mobjBudget.Reset();
-  mlngWindow = kFirstWindow;
-  mlngLimit = kFirstLimit;
-  std::u16string shown = mstrSource.substr(0, kShown);
-  if (mstrSource.size() > kShown) shown += u"…";
+  budget_.Reset();
+  window_ = kFirstWindow;
+  limit_ = kFirstLimit;
+  std::u16string shown = source_.substr(0, kShown);
+  if (source_.size() > kShown) shown += u"…";
   RaiseError(ErrorNumber::OutOfStack,
              u"The regular expression takes too long or too much memory on this text: " + shown);
 }

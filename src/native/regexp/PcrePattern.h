@@ -24,10 +24,10 @@ class PcrePattern {
 
   /// Begins a series of Find over one text. `interpreted` runs it without machine code, which is slower.
   void StartSearch(bool interpreted) {
-    mblnInterpreted = interpreted;
-    mobjBudget.Start();
+    interpreted_ = interpreted;
+    budget_.Start();
   }
-  /// The leftmost match that begins at `from` (0-based) or behind it. Raises error 28 when the search costs too much.
+  /// The leftmost match that begins at `from` (0-based) or after it. Raises error 28 when the search costs too much.
   bool Find(std::u16string_view text, std::size_t from);
   /// Of the match found last: begin and end of the whole and of each group; ~0 for a group that took no part.
   std::span<const std::size_t> Bounds() const;
@@ -41,12 +41,12 @@ class PcrePattern {
   void AdaptWindow(bool mayGrow);
   [[noreturn]] void RaiseTooCostly();
 
-  std::u16string mstrSource;
-  std::unique_ptr<Engine> mobjEngine;
-  TimeBudget mobjBudget;
-  bool mblnInterpreted = false;
-  std::size_t mlngWindow;  ///< starting positions tried in one run
-  std::size_t mlngLimit;   ///< steps from one starting position
+  std::u16string source_;
+  std::unique_ptr<Engine> engine_;
+  TimeBudget budget_;
+  bool interpreted_ = false;
+  std::size_t window_;  ///< starting positions tried in one run
+  std::size_t limit_;   ///< steps from one starting position
 };
 
 }  // namespace quorvane::native

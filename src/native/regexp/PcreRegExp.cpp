@@ -28,36 +28,35 @@ PcreRegExp::PcreRegExp() = default;
 PcreRegExp::~PcreRegExp() = default;
 
 void PcreRegExp::ReadPattern() {
-  const bool same =
-      mblnRead && mblnReadMultiline == Multiline && mblnReadIgnoreCase == IgnoreCase && mstrReadPattern == Pattern;
+  const bool same = read_ && readMultiline_ == Multiline && readIgnoreCase_ == IgnoreCase && readPattern_ == Pattern;
   if (same) return;
-  mblnRead = false;
-  mobjUsual.reset();
-  mobjWithSeparators.reset();
-  mstrReadPattern = Pattern;
-  mblnReadMultiline = Multiline;
-  mblnReadIgnoreCase = IgnoreCase;
-  mudtTraits = PatternTranslator(mstrReadPattern, {}).Translate();
-  mblnUnicodeCase = IgnoreCase && (mudtTraits.HasNonAscii || mudtTraits.HasBackReference);
-  mcolRequired = mblnUnicodeCase ? PatternTranslator(mstrReadPattern, {.UnicodeCase = true}).Translate().RequiredLiterals
-                                 : mudtTraits.RequiredLiterals;
-  mblnRead = true;
+  read_ = false;
+  usual_.reset();
+  withSeparators_.reset();
+  readPattern_ = Pattern;
+  readMultiline_ = Multiline;
+  readIgnoreCase_ = IgnoreCase;
+  mudtTraits = PatternTranslator(readPattern_, {}).Translate();
+  unicodeCase_ = IgnoreCase && (mudtTraits.HasNonAscii || mudtTraits.HasBackReference);
+  required_ = unicodeCase_ ? PatternTranslator(readPattern_, {.UnicodeCase = true}).Translate().RequiredLiterals
+                           : mudtTraits.RequiredLiterals;
+  read_ = true;
 }
 
 std::unique_ptr<PcrePattern> PcreRegExp::Compile(DotForm dot) const {
-  const TranslationOptions options{mblnReadMultiline, mblnUnicodeCase, dot};
-  return std::make_unique<PcrePattern>(mstrReadPattern, PatternTranslator(mstrReadPattern, options).Translate(),
-                                       mblnReadMultiline, mblnReadIgnoreCase, mblnUnicodeCase);
+  const TranslationOptions options{readMultiline_, unicodeCase_, dot};
+  return std::make_unique<PcrePattern>(readPattern_, PatternTranslator(readPattern_, options).Translate(),
+                                       readMultiline_, readIgnoreCase_, unicodeCase_);
 }
 
 PcrePattern& PcreRegExp::PatternFor(std::u16string_view text) {
   ReadPattern();
   if (mudtTraits.HasDot && HasSeparators(text)) {
-    if (!mobjWithSeparators) mobjWithSeparators = Compile(DotForm::Separators);
-    return *mobjWithSeparators;
+    if (!withSeparators_) withSeparators_ = Compile(DotForm::Separators);
+    return *withSeparators_;
   }
-  if (!mobjUsual) mobjUsual = Compile(mudtTraits.MayMatchLineFeed ? DotForm::Breaks : DotForm::Plain);
-  return *mobjUsual;
+  if (!usual_) usual_ = Compile(mudtTraits.MayMatchLineFeed ? DotForm::Breaks : DotForm::Plain);
+  return *usual_;
 }
 
 template <class Visitor>
@@ -80,7 +79,7 @@ std::vector<std::string> PcreRegExp::RequiredTexts() {
   } catch (const Error&) {
     return {};
   }
-  return mcolRequired;
+  return required_;
 }
 
 std::vector<RegExpMatch> PcreRegExp::Execute(std::u16string_view text) {

@@ -33,15 +33,15 @@ class PcreRegExp : public RegExp {
   template <class Visitor>
   void ForEachMatch(std::u16string_view text, bool all, Visitor visit);
 
-  bool mblnRead = false;  ///< what follows belongs to the present properties
-  std::u16string mstrReadPattern;
-  bool mblnReadMultiline = false;
-  bool mblnReadIgnoreCase = false;
+  bool read_ = false;  ///< what follows belongs to the present properties
+  std::u16string readPattern_;
+  bool readMultiline_ = false;
+  bool readIgnoreCase_ = false;
   TranslatedPattern mudtTraits;  ///< of a first translation, for what is in the pattern
-  bool mblnUnicodeCase = false;
-  std::vector<std::string> mcolRequired;
-  std::unique_ptr<PcrePattern> mobjUsual;
-  std::unique_ptr<PcrePattern> mobjWithSeparators;  ///< for texts with U+2028 or U+2029, where `.` stops too
+  bool unicodeCase_ = false;
+  std::vector<std::string> required_;
+  std::unique_ptr<PcrePattern> usual_;
+  std::unique_ptr<PcrePattern> withSeparators_;  ///< for texts with U+2028 or U+2029, where `.` stops too
 };
 
 }  // namespace quorvane::native

@@ -20,12 +20,12 @@ ReplacementTemplate::ReplacementTemplate(std::u16string_view replacement, std::s
       ++at;
       continue;
     }
-    if (at > begin) mcolPieces.push_back({Kind::Literal, replacement.substr(begin, at - begin)});
-    mcolPieces.push_back(token);
+    if (at > begin) pieces_.push_back({Kind::Literal, replacement.substr(begin, at - begin)});
+    pieces_.push_back(token);
     at += length;
     begin = at;
   }
-  if (begin < replacement.size()) mcolPieces.push_back({Kind::Literal, replacement.substr(begin)});
+  if (begin < replacement.size()) pieces_.push_back({Kind::Literal, replacement.substr(begin)});
 }
 
 std::size_t ReplacementTemplate::ReadToken(std::u16string_view text, std::size_t groupCount, Piece& token) {
@@ -56,7 +56,7 @@ std::size_t ReplacementTemplate::ReadToken(std::u16string_view text, std::size_t
 
 void ReplacementTemplate::AppendTo(std::u16string& out, std::u16string_view text,
                                    std::span<const std::size_t> bounds) const {
-  for (const Piece& piece : mcolPieces) {
+  for (const Piece& piece : pieces_) {
     switch (piece.Is) {
       case Kind::Literal:
         out.append(piece.Text);

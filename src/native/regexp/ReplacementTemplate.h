@@ -16,7 +16,7 @@ class ReplacementTemplate {
   ReplacementTemplate(std::u16string_view replacement, std::size_t groupCount);
 
   /// Appends the replacement of one match to `out`. `bounds` holds begin and end of the match and of each group as
-  /// 0-based offsets into `text`; a group that took no part, or lies behind the end of `bounds`, gives nothing.
+  /// 0-based offsets into `text`; a group that took no part, or lies after the end of `bounds`, gives nothing.
   void AppendTo(std::u16string& out, std::u16string_view text, std::span<const std::size_t> bounds) const;
 
  private:
@@ -30,7 +30,7 @@ class ReplacementTemplate {
   /// Reads the token that `text` begins with; its length, 0 when the `$` there is literal.
   static std::size_t ReadToken(std::u16string_view text, std::size_t groupCount, Piece& token);
 
-  std::vector<Piece> mcolPieces;
+  std::vector<Piece> pieces_;
 };
 
 }  // namespace quorvane::native

@@ -22,24 +22,24 @@ double ThreadSeconds() {
 void TimeBudget::Charge(std::size_t units) {
   const Clock::time_point now = Clock::now();
   const double paid = static_cast<double>(units) * kSecondsPerUnit;
-  mdblLast = std::chrono::duration<double>(now - mdatLast).count();
+  last_ = std::chrono::duration<double>(now - mdatLast).count();
   mdatLast = now;
-  mdblDebt = std::max(0.0, mdblDebt + mdblLast - paid);
-  if (mdblDebt < kWatchedDebt) {
-    mblnWatched = false;
-  } else if (!mblnWatched) {
-    mblnWatched = true;
-    mdblCpuBegin = ThreadSeconds();
-    mdblCpuDebt = kWatchedDebt;
-    mdblPaidSince = 0;
+  debt_ = std::max(0.0, debt_ + last_ - paid);
+  if (debt_ < kWatchedDebt) {
+    watched_ = false;
+  } else if (!watched_) {
+    watched_ = true;
+    cpuBegin_ = ThreadSeconds();
+    cpuDebt_ = kWatchedDebt;
+    paidSince_ = 0;
   } else {
-    mdblPaidSince += paid;
-    mdblCpuDebt = kWatchedDebt + ThreadSeconds() - mdblCpuBegin - mdblPaidSince;
+    paidSince_ += paid;
+    cpuDebt_ = kWatchedDebt + ThreadSeconds() - cpuBegin_ - paidSince_;
   }
 }
 
 bool TimeBudget::IsTooHigh(double more) const {
-  return mdblDebt + more > kAllowedDebt && mblnWatched && mdblCpuDebt + more > kAllowedDebt;
+  return debt_ + more > kAllowedDebt && watched_ && cpuDebt_ + more > kAllowedDebt;
 }
 
 }  // namespace quorvane::native

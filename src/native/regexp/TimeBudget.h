@@ -21,18 +21,18 @@ class TimeBudget {
   /// Whether the debt, with `more` seconds on top of it, is more than a search may owe.
   bool IsTooHigh(double more = 0) const;
   /// Of the last Charge.
-  double LastSeconds() const { return mdblLast; }
+  double LastSeconds() const { return last_; }
 
  private:
   using Clock = std::chrono::steady_clock;
 
   Clock::time_point mdatLast;
-  double mdblLast = 0;
-  double mdblDebt = 0;       ///< seconds by the clock, never negative
-  bool mblnWatched = false;  ///< the debt is so high that the processor's time is taken too
-  double mdblCpuBegin = 0;   ///< processor time when the watch began
-  double mdblCpuDebt = 0;    ///< what it owes by processor time, while watched
-  double mdblPaidSince = 0;  ///< since the watch began
+  double last_ = 0;
+  double debt_ = 0;       ///< seconds by the clock, never negative
+  bool watched_ = false;  ///< the debt is so high that the processor's time is taken too
+  double cpuBegin_ = 0;   ///< processor time when the watch began
+  double cpuDebt_ = 0;    ///< what it owes by processor time, while watched
+  double paidSince_ = 0;  ///< since the watch began
 };
 
 }  // namespace quorvane::native

@@ -99,7 +99,7 @@ void IniText::Set(std::string_view section, std::string_view key, std::string_vi
     Insert(lines_.size(), "[" + std::string(section) + "]");
     range = Range{lines_.size(), lines_.size()};
   }
-  std::size_t place = range->last;  // behind the last line of the section that is not blank
+  std::size_t place = range->last;  // after the last line of the section that is not blank
   while (place > range->first && Trim(lines_[place - 1].text).empty()) --place;
   Insert(place, std::string(key) + "=" + std::string(value));
 }

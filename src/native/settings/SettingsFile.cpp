@@ -14,6 +14,10 @@
 
 namespace quorvane::native {
 
+// One value a line, every unit that could be taken for something else escaped, so that any UTF-16 text, a lone
+// surrogate too, comes back as it was. The file is read once and always written whole, beside itself and then moved
+// over. A file that cannot be understood is never lost: before the first write it gets a second name, ".damaged".
+
 namespace {
 
 constexpr std::size_t kHexDigits = 4;

@@ -6,7 +6,7 @@
 
 namespace quorvane::forms {
 
-/// A control with a text of its own. An "&" in the caption marks the character behind it as the access key, "&&" stands
+/// A control with a text of its own. An "&" in the caption marks the character after it as the access key, "&&" stands
 /// for the sign itself.
 class CaptionedControl : public Control {
  public:

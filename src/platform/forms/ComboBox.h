@@ -23,7 +23,7 @@ class ComboBox final : public Control {
 
   std::int32_t SelStart() const { return selStart_; }
   std::int32_t SelLength() const { return selLength_; }
-  /// A place behind the text becomes its end; setting it ends the selection. Error 380 below 0, as with SetSelLength.
+  /// A place after the text becomes its end; setting it ends the selection. Error 380 below 0, as with SetSelLength.
   void SetSelStart(std::int32_t start);
   /// A selection beyond the text ends with it.
   void SetSelLength(std::int32_t length);
@@ -31,7 +31,7 @@ class ComboBox final : public Control {
   std::int32_t ListCount() const { return static_cast<std::int32_t>(list_.size()); }
   /// Empty for a place outside the list.
   std::u16string List(std::int32_t index) const;
-  /// At the end without an index; error 5 for an index outside the list or one behind it.
+  /// At the end without an index; error 5 for an index outside the list or one after it.
   void AddItem(const std::u16string& item, std::optional<std::int32_t> index = {});
   /// Removing the picked entry empties the text, with its Change. Error 5 outside the list.
   void RemoveItem(std::int32_t index);

@@ -112,7 +112,7 @@ bool Dialog::PressAccessKey(char16_t letter) {
   const auto& all = controls_.All();
   const auto focus = ActiveControl();
   std::size_t start = 0;
-  while (start + 1 < all.size() && all[start] != focus) ++start;  // without a focus: behind the last, so the first
+  while (start + 1 < all.size() && all[start] != focus) ++start;  // without a focus: after the last, so the first
   for (std::size_t i = 1; i <= all.size(); ++i) {
     const std::size_t place = (start + i) % all.size();
     const Control& control = *all[place];

@@ -68,8 +68,8 @@ class Dialog : public Form {
   void TakeFocus(const std::shared_ptr<Control>& control);
   /// True when the key has done its work here and must not reach the control.
   bool PressKey(std::int16_t keyCode, std::int16_t shift);
-  /// A letter with Alt: the next control behind the focus, round, whose caption marks it. A label hands the focus on to
-  /// the control behind it, a button is pressed, an option set, a check box clicked. False when no control has it.
+  /// A letter with Alt: the next control after the focus, round, whose caption marks it. A label hands the focus on to
+  /// the control after it, a button is pressed, an option set, a check box clicked. False when no control has it.
   bool PressAccessKey(char16_t letter);
   /// On the form's own surface, not on a control. Button 1 left, 2 right, 4 middle.
   void PressMouse(std::int16_t button, std::int16_t shift, float x, float y) { Form_MouseDown(button, shift, x, y); }
@@ -105,7 +105,7 @@ class Dialog : public Form {
   std::int32_t height_ = 0;
 };
 
-/// The character behind the mark in a caption, in lower case for an ASCII letter; 0 when there is none.
+/// The character after the mark in a caption, in lower case for an ASCII letter; 0 when there is none.
 char16_t AccessKey(std::u16string_view caption);
 
 }  // namespace quorvane::forms

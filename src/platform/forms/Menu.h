@@ -19,7 +19,7 @@ class Menu final : public Control {
 
   Menu() = default;
 
-  /// A new item at the end, behind a separator line of its own when `above` is Line. It lives as long as this menu.
+  /// A new item at the end, after a separator line of its own when `above` is Line. It lives as long as this menu.
   Menu& Add(Above above = Above::Nothing);
   /// Lines included, from top to bottom.
   const std::vector<std::shared_ptr<Menu>>& Items() const { return items_; }

@@ -36,14 +36,14 @@ class RichTextBox final : public Control {
 
   std::int32_t SelStart() const { return selStart_; }
   std::int32_t SelLength() const { return selLength_; }
-  /// A place behind the text becomes its end. Puts the caret there, in the format of the character before it, of the
+  /// A place after the text becomes its end. Puts the caret there, in the format of the character before it, of the
   /// first one at the start. Error 380 below 0, as with SetSelLength.
   void SetSelStart(std::int32_t start);
   /// A selection beyond the text ends with it.
   void SetSelLength(std::int32_t length);
 
   std::u16string SelText() const;
-  /// Puts `text` in the place of the selection, in its format, and the caret behind it. Raises Change.
+  /// Puts `text` in the place of the selection, in its format, and the caret after it. Raises Change.
   void SetSelText(const std::u16string& text);
   /// Of the selection's first character, or of the caret; likewise SelStrikeThru.
   quorvane::Color SelColor() const { return SelFormat().Color; }

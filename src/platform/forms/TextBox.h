@@ -22,7 +22,7 @@ class TextBox final : public Control {
   bool Locked() const { return locked_; }
   void SetLocked(bool locked);
 
-  /// The user's side: the whole text behind an edit. Its lines may be joined by LF or CR LF; the text keeps the kind of
+  /// The user's side: the whole text after an edit. Its lines may be joined by LF or CR LF; the text keeps the kind of
   /// line break that it has, CR LF when it had none. Raises Change when the text is another one. A box that is locked,
   /// disabled or invisible takes none.
   void Edit(const std::u16string& text);

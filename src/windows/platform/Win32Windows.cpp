@@ -103,11 +103,10 @@ ScreenPoint Win32Windows::GetCursorPos() {
   return {place.x, place.y};
 }
 
-bool Win32Windows::GetWindowRect(WindowHandle window, ScreenRect& rect) {
+std::optional<ScreenRect> Win32Windows::GetWindowRect(WindowHandle window) {
   RECT place{};
-  if (!::GetWindowRect(WindowOf(window), &place)) return false;
-  rect = {place.left, place.top, place.right, place.bottom};
-  return true;
+  if (!::GetWindowRect(WindowOf(window), &place)) return std::nullopt;
+  return ScreenRect{place.left, place.top, place.right, place.bottom};
 }
 
 std::uint32_t Win32Windows::GetSysColor(std::int32_t index) {

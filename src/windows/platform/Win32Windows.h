@@ -28,7 +28,7 @@ class Win32Windows final : public NativeWindows {
   WindowHandle GetForegroundWindow() override;
   std::u16string GetWindowText(WindowHandle window) override;
   ScreenPoint GetCursorPos() override;
-  bool GetWindowRect(WindowHandle window, ScreenRect& rect) override;
+  std::optional<ScreenRect> GetWindowRect(WindowHandle window) override;
   std::uint32_t GetSysColor(std::int32_t index) override;
 
  private:

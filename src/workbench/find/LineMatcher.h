@@ -30,7 +30,7 @@ class LineMatcher {
  public:
   virtual ~LineMatcher() = default;
 
-  /// The first match that begins at `from` or behind it and ends at `to` or before it; of those that begin there the
+  /// The first match that begins at `from` or after it and ends at `to` or before it; of those that begin there the
   /// longest. Never an empty one. What stands beside a match is read from the whole `line`. Offsets are 0-based,
   /// `from` <= `to` <= line.size().
   virtual bool Next(std::u16string_view line, std::size_t from, std::size_t to, LineMatch& match) const = 0;

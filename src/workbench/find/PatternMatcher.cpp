@@ -63,7 +63,7 @@ void PatternMatcher::Parse(std::u16string_view pattern) {
   }
 }
 
-/// Takes the list whose bracket stands before `at`; gives the place behind it.
+/// Takes the list whose bracket stands before `at`; gives the place after it.
 std::size_t PatternMatcher::ParseList(std::u16string_view pattern, std::size_t at) {
   const std::size_t close = pattern.find(u']', at);
   if (close == pattern.npos) RaiseInvalid(pattern);
@@ -155,7 +155,7 @@ void PatternMatcher::ElementsThatAccept(char16_t c, States& states) const {
   }
 }
 
-/// From the states from which an end can be reached behind `at` to those at `at`.
+/// From the states from which an end can be reached after `at` to those at `at`.
 void PatternMatcher::StepBack(std::u16string_view line, std::size_t at, States& states, States& accepting) const {
   ElementsThatAccept(line[at], accepting);
   for (std::size_t w = 0; w < words_; ++w) {
@@ -169,7 +169,7 @@ void PatternMatcher::StepBack(std::u16string_view line, std::size_t at, States& 
   }
 }
 
-/// From the states at `at` to those behind the character there.
+/// From the states at `at` to those after the character there.
 void PatternMatcher::StepOn(std::u16string_view line, std::size_t at, States& states, States& accepting) const {
   ElementsThatAccept(line[at], accepting);
   std::uint64_t carry = 0;

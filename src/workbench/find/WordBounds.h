@@ -7,7 +7,7 @@
 
 namespace quorvane::workbench {
 
-/// A whole word may begin (end) at `at` when what stands before (behind) it is no part of a word.
+/// A whole word may begin (end) at `at` when what stands before (after) it is no part of a word.
 inline bool WordMayBegin(std::u16string_view line, std::size_t at) {
   return at == 0 || !IsWordUnit(line[at - 1]);
 }

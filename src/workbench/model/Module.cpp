@@ -5,6 +5,7 @@
 #include "base/Checked.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "platform/ScreenColumns.h"
 
 namespace quorvane::workbench {
 
@@ -15,18 +16,8 @@ namespace quorvane::workbench {
 
 namespace {
 
-std::size_t Width(const CodePage& page, char16_t c) {
-  return page.IsWide(c) ? 2 : 1;
-}
-
-bool IsAscii(std::string_view bytes) {
+bool AreAscii(std::string_view bytes) {
   return std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
-}
-
-bool IsAscii(std::u16string_view text) {
-  unsigned any = 0;
-  for (const char16_t c : text) any |= c;
-  return any < 0x80;
 }
 
 std::u16string Hex(char16_t c) {
@@ -47,9 +38,7 @@ std::u16string Hex(char16_t c) {
 std::string Canonical(const CodePage& page, std::string_view bytes) {
   std::u16string text;
   page.Decode(bytes, text);
-  std::string encoded;
-  std::size_t failedAt = 0;
-  return page.Encode(text, encoded, failedAt) ? encoded : std::string(bytes);
+  return page.Encoded(text).value_or(std::string(bytes));
 }
 
 ByteScanner ScannerFor(const LineMatcher& matcher, const MatchOptions& options) {
@@ -165,26 +154,27 @@ bool Module::SurelyLacksAll(const std::vector<std::string>& texts, bool matchCas
   return text_.Pristine() && !texts.empty() && text_.Opened().Lacks(Sieve(texts, matchCase));
 }
 
-bool Module::ClipToModule(const vbide::Selection& range, Bounds& bounds) const {
+std::optional<Module::Bounds> Module::ClipToModule(const vbide::Selection& range) const {
   constexpr std::int32_t kLineEnd = 0x7FFFFFFF;
-  bounds = {range.StartLine, range.StartColumn, range.EndLine, range.EndColumn};
+  Bounds bounds = {range.StartLine, range.StartColumn, range.EndLine, range.EndColumn};
   if (bounds.startLine < 1) bounds = {1, 1, bounds.endLine, bounds.endColumn};
   if (bounds.endLine > text_.Count()) {
     bounds.endLine = text_.Count();
     bounds.endColumn = kLineEnd;
   }
-  return bounds.startLine <= bounds.endLine;
+  if (bounds.startLine > bounds.endLine) return std::nullopt;
+  return bounds;
 }
 
 bool Module::Find(std::u16string_view target, vbide::Selection& range, bool wholeWord, bool matchCase,
                   bool patternSearch) const {
   const Search& search = Prepared(target, {wholeWord, matchCase, patternSearch});
-  Bounds bounds;
-  if (target.empty() || !ClipToModule(range, bounds)) return false;
+  const auto bounds = ClipToModule(range);
+  if (target.empty() || !bounds) return false;
   // A search goes on where the last one ended, so that the next match is often in the first line.
-  if (FindInLine(search, bounds.startLine, bounds, range)) return true;
+  if (FindInLine(search, bounds->startLine, *bounds, range)) return true;
   const bool scans = text_.Pristine() && search.scanner.Usable();
-  return scans ? FindInFile(search, bounds, range) : FindByLines(search, bounds, range);
+  return scans ? FindInFile(search, *bounds, range) : FindByLines(search, *bounds, range);
 }
 
 const Module::ReadLine& Module::Read(std::int32_t line) const {
@@ -195,33 +185,21 @@ const Module::ReadLine& Module::Read(std::int32_t line) const {
   return readLine_;
 }
 
-/// 1-based screen column of the 0-based unit `unit`.
 std::int32_t Module::ToColumn(const ReadLine& line, std::size_t unit) const {
-  std::size_t column = unit + 1;
-  for (std::size_t i = 0; !line.ascii && i < unit; ++i) column += Width(text_.Page(), line.text[i]) - 1;
-  return Checked32(static_cast<std::int64_t>(column));
+  return Checked32(line.ascii ? static_cast<std::int64_t>(unit) + 1 : ColumnOfUnit(text_.Page(), line.text, unit));
 }
 
-/// 0-based unit at the 1-based screen column `column`; a column inside of a wide character gives the unit behind it, a
-/// column past the end the length of the line.
-std::size_t Module::ToUnit(const ReadLine& line, std::int32_t column) const {
+std::size_t Module::ToUnit(const ReadLine& line, std::int32_t column, InsideWide inside) const {
   if (line.ascii) return std::min(line.text.size(), static_cast<std::size_t>(std::max(column, 1) - 1));
-  std::size_t unit = 0;
-  for (std::int64_t at = 1; unit < line.text.size() && at < column; ++unit)
-    at += static_cast<std::int64_t>(Width(text_.Page(), line.text[unit]));
-  return unit;
-}
-
-/// The same for the exclusive end of a range, which holds no half of a wide character.
-std::size_t Module::ToEndUnit(const ReadLine& line, std::int32_t column) const {
-  const std::size_t unit = ToUnit(line, column);
-  return unit > 0 && ToColumn(line, unit) > column ? unit - 1 : unit;
+  return UnitOfColumn(text_.Page(), line.text, column, inside);
 }
 
 bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const {
   const ReadLine& read = Read(line);
-  const std::size_t from = line == bounds.startLine ? ToUnit(read, bounds.startColumn) : 0;
-  const std::size_t to = line == bounds.endLine ? ToEndUnit(read, bounds.endColumn) : read.text.size();
+  const std::size_t from = line == bounds.startLine ? ToUnit(read, bounds.startColumn, InsideWide::Next) : 0;
+  // The exclusive end takes no half of a wide character.
+  const std::size_t to =
+      line == bounds.endLine ? ToUnit(read, bounds.endColumn, InsideWide::Character) : read.text.size();
   LineMatch match;
   if (from >= to || !search.matcher->Next(read.text, from, to, match)) return false;
   found = {line, ToColumn(read, match.begin), line, ToColumn(read, match.end)};
@@ -240,7 +218,7 @@ bool Module::FindInFile(const Search& search, const Bounds& bounds, vbide::Selec
     const auto behind = std::partition_point(begin + bounds.startLine, begin + bounds.endLine,
                                              [hit](const SourceFile::Line& l) { return l.begin <= hit; });
     const auto line = static_cast<std::int32_t>(behind - begin);
-    // A hit behind the end of its line is in a line end or in a hidden line.
+    // A hit after the end of its line is in a line end or in a hidden line.
     const bool isCode = hit < (behind - 1)->begin + (behind - 1)->length;
     if (isCode && FindInLine(search, line, bounds, found)) return true;
     if (line >= bounds.endLine) return false;
@@ -288,7 +266,7 @@ ComposedFile Module::Compose() const {
   std::vector<std::string_view> canonical(savedCount);
   for (std::size_t i = 0; i < savedCount; ++i) {
     canonical[i] = saved_->LineBytes(i);
-    if (untouched[i] || IsAscii(canonical[i])) continue;
+    if (untouched[i] || AreAscii(canonical[i])) continue;
     respelt[i] = Canonical(page, canonical[i]);
     canonical[i] = respelt[i];
   }

@@ -3,13 +3,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "base/Event.h"
-#include "platform/CodePage.h"
+#include "platform/ScreenColumns.h"
 #include "vbide/VBIDE.h"
 #include "workbench/find/LineMatcher.h"
 #include "workbench/text/ByteScanner.h"
@@ -74,7 +75,7 @@ class Module final : public vbide::CodeModule {
   /// 1-based line of the saved file in which line `line` of its code stands.
   std::int32_t FileLine(std::int32_t line) const { return saved_->FileLine(line); }
 
-  /// Raised behind each edit, undo and redo.
+  /// Raised after each edit, undo and redo.
   Event<> Changed;
 
  private:
@@ -96,13 +97,12 @@ class Module final : public vbide::CodeModule {
   };
 
   const ReadLine& Read(std::int32_t line) const;
-  std::size_t ToUnit(const ReadLine& line, std::int32_t column) const;
-  std::size_t ToEndUnit(const ReadLine& line, std::int32_t column) const;
+  std::size_t ToUnit(const ReadLine& line, std::int32_t column, InsideWide inside) const;
   std::int32_t ToColumn(const ReadLine& line, std::size_t unit) const;
   const ProcedureMap& Map() const;
   const Procedure& Named(std::u16string_view name, vbide::ProcKind kind) const;
   const Search& Prepared(std::u16string_view target, const MatchOptions& options) const;
-  bool ClipToModule(const vbide::Selection& range, Bounds& bounds) const;
+  std::optional<Bounds> ClipToModule(const vbide::Selection& range) const;
   bool FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const;
   bool FindInFile(const Search& search, const Bounds& bounds, vbide::Selection& found) const;
   bool FindByLines(const Search& search, const Bounds& bounds, vbide::Selection& found) const;

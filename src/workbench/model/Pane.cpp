@@ -5,20 +5,10 @@
 #include <tuple>
 #include <utility>
 
-#include "platform/CodePage.h"
+#include "platform/ScreenColumns.h"
 #include "workbench/model/HostWindow.h"
 
 namespace quorvane::workbench {
-
-namespace {
-
-std::int32_t ScreenWidth(std::u16string_view line, const CodePage& page) {
-  std::int32_t width = 0;
-  for (const char16_t c : line) width += page.IsWide(c) ? 2 : 1;
-  return width;
-}
-
-}  // namespace
 
 Pane::Pane(std::shared_ptr<Desk> desk, std::weak_ptr<vbide::CodeModule> module, const CodePage& page,
            const std::u16string& caption)
@@ -46,7 +36,10 @@ vbide::Selection Pane::Clipped(const vbide::Selection& selection) const {
   const auto clip = [&](std::int32_t& line, std::int32_t& column) {
     if (line < 1) std::tie(line, column) = std::pair(1, 1);
     if (line > lines) std::tie(line, column) = std::pair(lines, std::numeric_limits<std::int32_t>::max());
-    if (column > 1) column = std::min(column, ScreenWidth(module->Lines(line, 1), page_) + 1);
+    if (column > 1) {
+      const std::u16string text = module->Lines(line, 1);
+      column = static_cast<std::int32_t>(std::min<std::int64_t>(column, ColumnOfUnit(page_, text, text.size())));
+    }
     column = std::max(column, 1);
   };
   vbide::Selection clipped = selection;

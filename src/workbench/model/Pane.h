@@ -26,7 +26,7 @@ class Pane final : public vbide::CodePane {
   std::shared_ptr<vbide::Window> Window() const override;
   /// Clipped to the text as it is now.
   vbide::Selection GetSelection() const override;
-  /// Clipped to the text: lines 1 to CountOfLines, columns 1 to one behind the last of their line. The ends of a
+  /// Clipped to the text: lines 1 to CountOfLines, columns 1 to one after the last of their line. The ends of a
   /// selection given backwards change places.
   void SetSelection(const vbide::Selection& selection) override;
   void Show() override;

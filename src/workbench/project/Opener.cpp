@@ -19,6 +19,11 @@
 
 namespace quorvane::workbench {
 
+// Opening goes in three steps. First the lists of files are read and every path is found; what is missing becomes a
+// warning, and what the user named himself an error. Then all modules are loaded at once, each file a single time, on
+// all cores. Last the projects are built in their order. Until the last step the workbench is as it was, so that a
+// failure before leaves no half of a project in it.
+
 namespace {
 
 using vbide::ComponentType;
@@ -39,8 +44,7 @@ std::u16string Stem(const std::string& path) {
   return FromUtf8(dot == 0 ? name : name.substr(0, dot));
 }
 
-/// Opening goes in three steps: the lists of files are read and every path is found; then all modules are loaded at
-/// once, each file a single time, on all threads; then the projects are built in their order.
+/// One call for each of the three steps above, in this order.
 class Opener {
  public:
   explicit Opener(Workbench& workbench) : workbench_(workbench), page_(workbench.ThePage()), finder_(page_) {

@@ -18,6 +18,12 @@
 
 namespace quorvane::workbench {
 
+// Several files are saved as one step as far as a file system allows that. Everything that can fail without touching a
+// file comes first: that each is a plain file, may be written and is as it was when it was opened. Then all new bytes
+// are written beside their files and flushed; a failure up to here leaves every file as it was. Only then the new files
+// are moved over the old ones, and an error on that last stretch names what is saved and what is not. Two names of one
+// file are one file.
+
 namespace {
 
 namespace fs = std::filesystem;

@@ -25,7 +25,7 @@ using RenameFile = std::function<int(const char* from, const char* to)>;
 /// Raises an error that names the file: when it changed on disk since `opened`, is gone, is no plain file, lacks its
 /// write bit or the user's right to write, when two entries have different bytes for it, or when the new bytes cannot
 /// be written (with the system's words). Nothing is renamed and no temporary file is left then. Raises too when a
-/// rename or the flush of a folder fails behind the first rename; that error names what was renamed and what was not.
+/// rename or the flush of a folder fails after the first rename; that error names what was renamed and what was not.
 ///
 /// Returns the stamps of the files now, in the order of `files`.
 std::vector<native::FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename = {});

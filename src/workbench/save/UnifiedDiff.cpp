@@ -11,6 +11,10 @@
 
 namespace quorvane::workbench {
 
+// The hunks of LineDiff in the form that patch reads: hunks whose context lines would meet are written as one, each
+// line keeps its own line end, and a last line without one is marked. Names with odd characters are quoted as patch
+// expects.
+
 namespace {
 
 constexpr std::int32_t kContext = 3;

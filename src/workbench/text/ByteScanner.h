@@ -20,7 +20,7 @@ class ByteScanner {
   /// False when there is nothing to scan for: every place is a candidate.
   bool Usable() const { return beyondAscii_ || !run_.empty(); }
 
-  /// 0-based place of the first candidate at `from` or behind it; npos when there is none.
+  /// 0-based place of the first candidate at `from` or after it; npos when there is none.
   std::size_t Find(std::string_view bytes, std::size_t from) const;
 
  private:

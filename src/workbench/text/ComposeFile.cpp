@@ -9,7 +9,7 @@
 #include "workbench/text/LineDiff.h"
 
 // The file is put together from pieces: its lines of code and hidden lines in their new order, each with its line end.
-// Pieces that come from the file bring their ends along; the others get theirs from what they replace or stand behind.
+// Pieces that come from the file bring their ends along; the others get theirs from what they replace or stand after.
 
 namespace quorvane::workbench {
 

@@ -20,14 +20,14 @@ struct ComposedFile {
 /// `lines` the bytes of each line of code now, without line ends. Never raises.
 ///
 /// A line that is the same before and after keeps its bytes of the file and its line end. A new line ends as the line
-/// that it replaces, an inserted one as the line before it. The header stays. Where lines were added behind a last line
+/// that it replaces, an inserted one as the line before it. The header stays. Where lines were added after a last line
 /// without line end, that line gets one and the new last line has none; where that last line was deleted, the line
 /// before it keeps its own end, since a line that stays keeps its bytes. An empty last line always has an end: without
 /// one it would not be a line.
 ///
-/// A hidden line stays behind the declaration of the member that it names, also when that was rewritten, continued
+/// A hidden line stays after the declaration of the member that it names, also when that was rewritten, continued
 /// over more lines or moved within the module, and takes over a new name of it; it goes when its declaration is gone.
-/// Those before the first line of code stay there. Several behind one line keep their order.
+/// Those before the first line of code stay there. Several after one line keep their order.
 ComposedFile ComposeFile(const SourceFile& baseline, const std::vector<std::string_view>& canonical,
                          const std::vector<std::string_view>& lines);
 

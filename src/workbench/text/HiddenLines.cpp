@@ -102,7 +102,7 @@ class HiddenLinePlaces {
     return owner;
   }
 
-  /// The 0-based line of code now that a hidden line of the member `owner`, behind `line`, stands behind; -1: gone.
+  /// The 0-based line of code now that a hidden line of the member `owner`, after `line`, stands after; -1: gone.
   std::int32_t LineOf(std::size_t owner, std::int32_t line) {
     const MemberDeclaration& was = before_[owner];
     if (match_[owner] < 0) return map_.HunkBefore(was.first, was.last) < 0 ? LineOf(line) : -1;
@@ -129,7 +129,7 @@ class HiddenLinePlaces {
 
   bool Continued(std::int32_t line) const { return IsContinued(lines_[static_cast<std::size_t>(line)]); }
 
-  /// Behind the whole statement of `line`, as an Attribute line behind a continued line would be code; where the text
+  /// After the whole statement of `line`, as an Attribute line after a continued line would be code; where the text
   /// breaks off within that statement, before it. 1-based, 0 for the front.
   std::int32_t PlaceAt(std::int32_t line) const {
     const auto end = static_cast<std::int32_t>(lines_.size());

@@ -14,7 +14,7 @@ namespace quorvane::workbench {
 /// Where one hidden line of a file stands after an edit.
 struct PlacedHiddenLine {
   std::size_t index = 0;   ///< in SourceFile::Hidden()
-  std::int32_t after = 0;  ///< the line of code now, 1-based, that it stands behind; 0 for the front
+  std::int32_t after = 0;  ///< the line of code now, 1-based, that it stands after; 0 for the front
   std::string renamed;     ///< its text without line end when its member has a new name, else empty
 
   bool operator==(const PlacedHiddenLine&) const = default;

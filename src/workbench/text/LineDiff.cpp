@@ -6,6 +6,8 @@
 #include <span>
 #include <unordered_map>
 
+#include "base/CommonEnds.h"
+
 // Lines become numbers once, equal lines the same number, and all that follows works on the numbers. A block of lines
 // is trimmed of what its two sides have in common at both ends, then cut at its anchors: the lines that occur exactly
 // once on each side, as many of them as ascend on both. Anchors keep procedures together where a shortest edit would
@@ -224,11 +226,8 @@ class LinePairing {
 
 std::vector<DiffHunk> DiffLines(const std::vector<std::string_view>& before,
                                 const std::vector<std::string_view>& after) {
-  const std::size_t shorter = std::min(before.size(), after.size());
-  std::size_t head = 0, tail = 0;
-  while (head < shorter && before[head] == after[head]) ++head;
-  while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail]) ++tail;
-  const auto middle = [&](const std::vector<std::string_view>& lines) {
+  const auto [head, tail] = FindCommonEnds(before, after);
+  const auto middle = [head = head, tail = tail](const std::vector<std::string_view>& lines) {
     return std::span<const std::string_view>(lines).subspan(head, lines.size() - head - tail);
   };
   const std::vector<Index> partner = LinePairing(middle(before), middle(after)).Run();

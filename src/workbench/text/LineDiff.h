@@ -17,7 +17,7 @@ struct DiffHunk {
   bool operator==(const DiffHunk&) const = default;
 };
 
-/// The hunks between two texts of lines, ascending, never touching: between two hunks, before the first and behind the
+/// The hunks between two texts of lines, ascending, never touching: between two hunks, before the first and after the
 /// last the lines are equal, pair by pair. Near-minimal for small changes and never slower than O(n log n) in the
 /// number of lines but for small blocks.
 std::vector<DiffHunk> DiffLines(const std::vector<std::string_view>& before,

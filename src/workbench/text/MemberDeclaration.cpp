@@ -6,6 +6,11 @@
 
 namespace quorvane::workbench {
 
+// Members are found by the first words of each statement, without a parser. Lines joined by the continuation mark count
+// as one, with the first and the last of them kept. Whether a word declares a member depends on where it stands: inside
+// of a procedure Dim and Static make local variables. A word that can only stand outside, such as Public, also ends a
+// procedure whose End is missing, so that one broken procedure does not hide the rest of the module.
+
 namespace {
 
 constexpr bool IsBlank(char c) {
@@ -50,7 +55,7 @@ bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> lowe
   return std::any_of(lower.begin(), lower.end(), [&](std::string_view one) { return Is(word, one); });
 }
 
-/// `name` without the character that tells its type. An @ behind a byte beyond ASCII may be the second half of a
+/// `name` without the character that tells its type. An @ after a byte beyond ASCII may be the second half of a
 /// character and stays.
 std::string_view WithoutSuffix(std::string_view name) {
   if (name.size() < 2 || std::string_view("$%&!#@").find(name.back()) == std::string_view::npos) return name;

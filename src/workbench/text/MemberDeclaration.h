@@ -25,7 +25,7 @@ enum class MemberKind : std::uint8_t {
 struct MemberDeclaration {
   MemberKind kind = MemberKind::Variable;
   std::string name;  ///< bytes as written, without type suffix
-  std::string rest;  ///< what stands behind the name: suffix, parameters, type, value
+  std::string rest;  ///< what stands after the name: suffix, parameters, type, value
   /// The physical lines of its statement, 0-based, both inclusive; they differ when it is continued.
   std::int32_t first = 0;
   std::int32_t last = 0;

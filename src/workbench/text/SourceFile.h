@@ -14,7 +14,7 @@ class Sieve;
 
 /// The bytes of one module file as they stand on disk, and which of them are lines of code.
 ///
-/// A file is a header that the host hides (VERSION, Object and BEGIN … END lines, the Attribute lines behind them),
+/// A file is a header that the host hides (VERSION, Object and BEGIN … END lines, the Attribute lines after them),
 /// then code in which single Attribute lines are hidden too. All offsets are bytes, 0-based; line numbers are 1-based.
 ///
 /// Where the lines are is found out at the first question that needs it, so that a file may be made on any thread but
@@ -31,7 +31,7 @@ class SourceFile {
   };
   /// One hidden line inside the code, with its line end.
   struct HiddenLine {
-    std::int32_t after = 0;  ///< the line of code that it stands behind; 0 for those before the first
+    std::int32_t after = 0;  ///< the line of code that it stands after; 0 for those before the first
     std::uint32_t begin = 0;
     std::uint32_t end = 0;  ///< exclusive
   };
@@ -63,7 +63,7 @@ class SourceFile {
     const Line& line = Lines()[index];
     return std::string_view(Bytes()).substr(line.begin, line.length);
   }
-  /// The line end behind a line: "\r\n", "\n", "\r", or empty at the end of the file. 0-based.
+  /// The line end after a line: "\r\n", "\n", "\r", or empty at the end of the file. 0-based.
   std::string_view LineEnd(std::size_t index) const;
 
   /// 1-based line of the file in which the line of code `line` (1-based) stands; it counts header and hidden lines.

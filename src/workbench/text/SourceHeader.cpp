@@ -5,6 +5,12 @@
 
 namespace quorvane::workbench {
 
+// The header is read line by line from the beginning of the file and ends where a line does not fit. A line that may
+// belong to it, such as a blank one or one inside of a block, is passed over and counts only when a later one shows that
+// it does. A file that ends inside of a block has no header: rather header lines in sight than code that nobody finds.
+// Everything works on raw bytes; the one place where a code page matters, the second byte of a two-byte character that
+// looks like an ASCII sign, is handled where names are read.
+
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

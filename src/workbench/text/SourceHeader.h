@@ -6,7 +6,7 @@
 
 namespace quorvane::workbench {
 
-/// One line of a file: [begin, end) without its line end, `next` behind it. Byte offsets, 0-based.
+/// One line of a file: [begin, end) without its line end, `next` after it. Byte offsets, 0-based.
 struct FileLineSpan {
   std::size_t begin = 0;
   std::size_t end = 0;
@@ -30,7 +30,7 @@ bool IsNameAttribute(const AttributeLine& attribute, std::string_view& name);
 
 /// What a module file begins with and the host hides.
 struct SourceHeader {
-  std::size_t end = 0;         ///< byte offset behind it
+  std::size_t end = 0;         ///< byte offset after it
   std::int32_t lines = 0;      ///< lines of the file in it
   std::string_view component;  ///< the name of the component, raw bytes; empty when the header gives none
 };

@@ -7,6 +7,11 @@
 
 namespace quorvane::workbench {
 
+// A line of code is cut into statements at its colons; strings are skipped, and a comment ends the line. Of a statement
+// only the first words are looked at, as much as tells whether it begins or ends a procedure. Nothing is parsed that
+// this does not need, so that code that would not compile does no harm: a header that cannot be read counts as any
+// other statement.
+
 namespace {
 
 using Kind = Statement::Kind;

@@ -31,7 +31,7 @@ class StatementScanner {
   /// `line` must outlive this. Line continuations have become blanks.
   explicit StatementScanner(std::u16string_view line) : rest_(line) {}
 
-  /// False behind the last statement.
+  /// False after the last statement.
   bool Next(Statement& statement);
 
  private:

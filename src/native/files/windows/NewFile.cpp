@@ -96,7 +96,7 @@ int NewFile::TakePlace() {
 
 /// ReplaceFileW carries attributes, access list and date of creation over. Not every file system can: there the new
 /// file comes as it is. A file that is write-protected or that another program holds is left alone from the start,
-/// since what comes behind a refusal is not the same everywhere.
+/// since what comes after a refusal is not the same everywhere.
 int MoveOver(const char* from, const char* to) {
   const std::wstring source = WidePath(from);
   const std::wstring target = WidePath(to);
