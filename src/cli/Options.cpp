@@ -83,7 +83,7 @@ Parser::Parser() {
   AddList();
   app_.footer(
       "Exit status: 0 something found, replaced or listed; 1 nothing; 2 an error; 130 cancelled.\n"
-      "FILE: a project group (.vbg), a project (.vbp) or single module files.\n"
+      "FILE: a project group (.vbg), a project (.vbp), single module files or a folder with any of them.\n"
       "'quorvane COMMAND --help' tells of a command's options.");
 }
 
@@ -129,7 +129,20 @@ void Parser::AddList() {
 }
 
 void Parser::AddCommon(CLI::App& command) {
-  command.add_option("FILE", options_.files, "Groups, projects or module files")->required();
+  const bool edits = &command == replace_;
+  command
+      .add_option("FILE", options_.files,
+                  std::string("Groups, projects, module files or folders") + (edits ? "" : " (default: the working directory)"))
+      ->required(edits);
+  const auto addGlobs = [&command](const char* name, std::vector<std::string>& globs, const char* description) {
+    command.add_option(name, globs, description)->type_name("GLOB")->allow_extra_args(false);
+  };
+  addGlobs("--include", options_.globs.include, "Only components whose file GLOB matches; may be given again");
+  addGlobs("--exclude", options_.globs.exclude, "No component whose file GLOB matches; may be given again");
+  if (!edits) {
+    AddChoice<bool>(command, "--sort", options_.sortByPath, {{"none", false}, {"path", true}},
+                    "Order of the components (default: none, as the projects list them)");
+  }
   command.add_option("--codepage", options_.codepage, "Code page of the files, such as 1252, 936 or UTF-8")
       ->type_name("NAME");
   AddChoice<std::int32_t>(command, "--language", options_.language, {{"zh", 0}, {"en", 1}},
@@ -213,6 +226,7 @@ void Parser::NoteUnread(const CLI::App& command) {
 }
 
 void Parser::Check(const CLI::App& command) {
+  if (options_.files.empty()) options_.files.emplace_back(".");
   if (options_.command == Command::List) return;
   options_.text = WithoutLineBreaks(options_.text);
   options_.replacement = WithoutLineBreaks(options_.replacement);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "addin/search/ICondInfo.h"
+#include "cli/PathGlobs.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane::cli {
@@ -21,7 +22,9 @@ struct Options {
   Command command = Command::Find;
   std::string text;         ///< TEXT or PATTERN, without CR and LF; not empty but for list
   std::string replacement;  ///< without CR and LF
-  std::vector<std::string> files;
+  std::vector<std::string> files;  ///< files and folders; the working directory where none was named
+  PathGlobs globs;                 ///< of the components
+  bool sortByPath = false;
 
   gsMode mode = gsCommon;
   gsArea area = gsAllProjects;

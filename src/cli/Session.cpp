@@ -92,7 +92,17 @@ std::shared_ptr<const workbench::Sieve> SieveFor(const Options& options, Platfor
 }  // namespace
 
 Session::Session(const Options& options) : platform_(options.codepage, options.language) {
-  group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage(), SieveFor(options, platform_));
+  workbench::OpenChoice choice{.sieve = SieveFor(options, platform_), .wanted = {}, .byPath = options.sortByPath};
+  bool anyWanted = false;
+  if (!options.globs.Empty()) {
+    choice.wanted = [&](const std::string& path) {
+      const bool wanted = options.globs.Wants(path);
+      anyWanted = anyWanted || wanted;
+      return wanted;
+    };
+  }
+  group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage(), choice);
+  if (choice.wanted && !anyWanted) TellWarning("--include and --exclude leave no component");
   for (const std::string& warning : group_.warnings) TellWarning(warning);
   Globals::gobjVBE = std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), group_.workbench.get());
 }

@@ -13,9 +13,10 @@ class App {
 
   std::u16string Title;  ///< caption of message boxes; follows the language
   std::u16string Path;   ///< folder of the program's file, without a separator at its end
-  std::int32_t Major = 4;
-  std::int32_t Minor = 13;
-  std::int32_t Revision = 129;
+  /// Of the build; the part between Minor and Revision is always 0.
+  std::int32_t Major;
+  std::int32_t Minor;
+  std::int32_t Revision;
   /// Web host of the project's pages, with a port where it needs one. The build option QUORVANE_PROJECT_HOST, unless
   /// the environment variable of that name holds another.
   std::u16string ProjectHost;

@@ -1,18 +1,21 @@
 #include "workbench/project/Opener.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <set>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Text.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
 #include "platform/CodePage.h"
 #include "workbench/project/FileKind.h"
 #include "workbench/project/FileLoader.h"
+#include "workbench/project/FolderFiles.h"
 #include "workbench/project/GroupFile.h"
 #include "workbench/project/PathFinder.h"
 #include "workbench/project/ProjectFile.h"
@@ -47,12 +50,15 @@ std::u16string Stem(const std::string& path) {
 /// One call for each of the three steps above, in this order.
 class Opener {
  public:
-  explicit Opener(Workbench& workbench) : workbench_(workbench), page_(workbench.ThePage()), finder_(page_) {
+  Opener(Workbench& workbench, const OpenChoice& choice)
+      : workbench_(workbench), choice_(choice), page_(workbench.ThePage()), finder_(page_) {
     for (const auto& project : workbench.Projects()) known_.insert(Identity(project->Path()));
   }
 
   void AddArgument(const std::string& argument);
-  void Load(const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve);
+  /// After the last argument.
+  void Plan();
+  void Load(const LoadProgress& progress);
   void Build();
 
   std::vector<std::string> TakeWarnings() { return std::move(warnings_); }
@@ -70,17 +76,24 @@ class Opener {
     std::set<std::string> paths;  ///< of the components
   };
 
+  void AddFolder(const std::string& folder);
+  /// The bytes of a file found in a folder; tells of one that cannot be read.
+  std::optional<native::FileBytes> ReadFound(const std::string& path);
   void AddGroup(const std::string& path, std::string_view bytes);
   /// Nothing happens when it is open already.
   void AddProject(const std::string& path, std::string_view bytes);
   void AddComponent(PlannedProject& project, const ProjectFile::Entry& entry);
-  void AddModule(const std::string& path, ComponentType type);
+  void AddModule(const std::string& path, ComponentType type, bool argument);
+  /// The module files of folders that no project lists.
+  void AddFoundModules();
+  bool Wanted(const std::string& path) const { return !choice_.wanted || choice_.wanted(path); }
   void BuildComponent(Project& project, const PlannedProject& planned, const PlannedComponent& component);
   Component::Parts MakeParts(const PlannedComponent& component, const LoadedFile& loaded) const;
   std::u16string FreeProjectName() const;
   void Warn(const std::string& listingFile, std::u16string_view listed, const std::string& words);
 
   Workbench& workbench_;
+  const OpenChoice& choice_;
   const CodePage& page_;
   PathFinder finder_;
   std::vector<std::string> warnings_;
@@ -88,6 +101,7 @@ class Opener {
   std::optional<std::size_t> modules_;  ///< place in projects_ of the project that holds the module files
   std::set<std::string> known_;         ///< project files that are open or planned
   std::string startUp_;                 ///< identity of the project file; empty when there is none yet
+  std::vector<std::string> foundModules_;  ///< module files in folders
   std::map<std::string, LoadedFile> loaded_;
 };
 
@@ -96,9 +110,11 @@ void Opener::Warn(const std::string& listingFile, std::u16string_view listed, co
 }
 
 void Opener::AddArgument(const std::string& argument) {
+  std::error_code unknown;
+  if (std::filesystem::is_directory(FilePath(argument), unknown)) return AddFolder(argument);
   const std::string path = ShownPath(argument);
   std::optional<FileKind> kind = FileKind::OfName(path);
-  if (kind && kind->role == FileKind::Role::Component) return AddModule(path, kind->type);
+  if (kind && kind->role == FileKind::Role::Component) return AddModule(path, kind->type, true);
   const native::FileBytes file = native::ReadFileBytes(path);
   if (file.error != 0) RaiseUnreadable(argument, file.error);
   if (!kind) kind = FileKind::OfContent(file.bytes);
@@ -108,8 +124,28 @@ void Opener::AddArgument(const std::string& argument) {
     case FileKind::Role::Project:
       return AddProject(path, file.bytes);
     case FileKind::Role::Component:
-      return AddModule(path, kind->type);
+      return AddModule(path, kind->type, true);
   }
+}
+
+void Opener::AddFolder(const std::string& folder) {
+  FolderFiles files = FolderFiles::Under(ShownPath(folder));
+  std::ranges::move(files.unreadable, std::back_inserter(warnings_));
+  for (const std::string& path : files.groups) {
+    if (const auto file = ReadFound(path)) AddGroup(path, file->bytes);
+  }
+  for (const std::string& path : files.projects) {
+    if (known_.contains(Identity(path))) continue;
+    if (const auto file = ReadFound(path)) AddProject(path, file->bytes);
+  }
+  std::ranges::move(files.modules, std::back_inserter(foundModules_));
+}
+
+std::optional<native::FileBytes> Opener::ReadFound(const std::string& path) {
+  native::FileBytes file = native::ReadFileBytes(path);
+  if (file.error == 0) return file;
+  warnings_.push_back(path + ": " + native::ErrnoText(file.error));
+  return std::nullopt;
 }
 
 void Opener::AddGroup(const std::string& path, std::string_view bytes) {
@@ -144,22 +180,42 @@ void Opener::AddProject(const std::string& path, std::string_view bytes) {
 void Opener::AddComponent(PlannedProject& project, const ProjectFile::Entry& entry) {
   std::string found = finder_.Find(FolderOf(project.path), entry.path);
   if (found.empty()) return Warn(project.path, entry.path, "not found");
+  if (!Wanted(found)) return;
   // The host takes a file into a project once.
   if (!project.paths.insert(found).second) return Warn(project.path, entry.path, "listed twice, opened once");
   project.components.push_back({entry, std::move(found)});
 }
 
-void Opener::AddModule(const std::string& path, ComponentType type) {
+void Opener::AddModule(const std::string& path, ComponentType type, bool argument) {
+  if (!Wanted(path)) return;
   if (!modules_) {
     modules_ = projects_.size();
     projects_.emplace_back();
   }
   PlannedProject& project = projects_[*modules_];
   if (!project.paths.insert(path).second) return;
-  project.components.push_back({{type, {}, FromUtf8(path)}, path, true});
+  project.components.push_back({{type, {}, FromUtf8(path)}, path, argument});
 }
 
-void Opener::Load(const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve) {
+void Opener::AddFoundModules() {
+  if (foundModules_.empty()) return;
+  std::set<std::string> listed;
+  for (const PlannedProject& project : projects_) {
+    for (const PlannedComponent& component : project.components) listed.insert(Identity(component.path));
+  }
+  for (const std::string& path : foundModules_) {
+    if (listed.insert(Identity(path)).second) AddModule(path, FileKind::OfName(path)->type, false);
+  }
+}
+
+void Opener::Plan() {
+  AddFoundModules();
+  if (!choice_.byPath) return;
+  std::ranges::stable_sort(projects_, {}, &PlannedProject::path);
+  for (PlannedProject& project : projects_) std::ranges::stable_sort(project.components, {}, &PlannedComponent::path);
+}
+
+void Opener::Load(const LoadProgress& progress) {
   std::vector<std::string> paths;
   for (const PlannedProject& project : projects_) {
     for (const PlannedComponent& component : project.components) {
@@ -168,7 +224,7 @@ void Opener::Load(const LoadProgress& progress, const std::shared_ptr<const Siev
   }
   std::ranges::sort(paths);
   paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
-  std::vector<LoadedFile> files = LoadFiles(paths, progress, sieve);
+  std::vector<LoadedFile> files = LoadFiles(paths, progress, choice_.sieve);
   for (std::size_t i = 0; i < paths.size(); ++i) {
     loaded_.emplace_hint(loaded_.end(), std::move(paths[i]), std::move(files[i]));
   }
@@ -204,7 +260,10 @@ void Opener::BuildComponent(Project& project, const PlannedProject& planned, con
     return;
   }
   const LoadedFile& loaded = loaded_.at(component.path);
-  if (loaded.error != 0) return Warn(planned.path, component.entry.path, native::ErrnoText(loaded.error));
+  if (loaded.error != 0) {
+    if (!planned.path.empty()) return Warn(planned.path, component.entry.path, native::ErrnoText(loaded.error));
+    return warnings_.push_back(component.path + ": " + native::ErrnoText(loaded.error));
+  }
   project.Add(MakeParts(component, loaded));
 }
 
@@ -237,19 +296,19 @@ std::u16string Opener::FreeProjectName() const {
 }  // namespace
 
 std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
-                                       const LoadProgress& progress, const std::shared_ptr<const Sieve>& sieve) {
-  Opener opener(workbench);
+                                       const LoadProgress& progress, const OpenChoice& choice) {
+  Opener opener(workbench, choice);
   for (const std::string& file : files) opener.AddArgument(file);
-  opener.Load(progress, sieve);
+  opener.Plan();
+  opener.Load(progress);
   opener.Build();
   return opener.TakeWarnings();
 }
 
-OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page,
-                      const std::shared_ptr<const Sieve>& sieve) {
+OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page, const OpenChoice& choice) {
   OpenedGroup group;
   group.workbench = std::make_unique<Workbench>(page);
-  group.warnings = OpenFilesInto(*group.workbench, files, {}, sieve);
+  group.warnings = OpenFilesInto(*group.workbench, files, {}, choice);
   return group;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,19 +21,26 @@ struct OpenedGroup {
   std::vector<std::string> warnings;
 };
 
+/// What of the named files is opened, and how.
+struct OpenChoice {
+  /// Of modules that it does not let through the header alone is kept; null: all are kept whole.
+  std::shared_ptr<const Sieve> sieve;
+  /// Whether the component with this path is taken; nothing: all are.
+  std::function<bool(const std::string& path)> wanted;
+  bool byPath = false;  ///< projects and their components in the order of their paths, not as they are listed
+};
+
 /// Opens group files, project files and module files as one group, in their order. The module files together form a
 /// project of their own, named "Project1" or with the first number that is free. A project that is named twice is
-/// opened once. The active project is the first start-up project of a group file, else the first project.
+/// opened once. The active project is the first start-up project of a group file, else the first project. For a folder
+/// stand the groups, projects and module files somewhere under it; of the module files those that no project lists.
 ///
-/// Raises an error that names the file when one of `files` itself cannot be read. `page` outlives the workbench. Of
-/// modules that `sieve`, which may be null, does not let through the header alone is kept.
-OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page,
-                      const std::shared_ptr<const Sieve>& sieve = nullptr);
+/// Raises an error that names the file when one of `files` itself cannot be read. `page` outlives the workbench.
+OpenedGroup OpenFiles(const std::vector<std::string>& files, const CodePage& page, const OpenChoice& choice = {});
 
 /// The same into a workbench that may hold projects already; what could not be opened is returned. An error leaves the
 /// workbench as it was. `progress` as in LoadFiles.
 std::vector<std::string> OpenFilesInto(Workbench& workbench, const std::vector<std::string>& files,
-                                       const LoadProgress& progress = {},
-                                       const std::shared_ptr<const Sieve>& sieve = nullptr);
+                                       const LoadProgress& progress = {}, const OpenChoice& choice = {});
 
 }  // namespace quorvane::workbench
