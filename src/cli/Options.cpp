@@ -100,6 +100,7 @@ void Parser::AddFind() {
                      {"xml", Format::Xml},
                      {"count", Format::Count}},
                     "How results are told (default: lines)");
+  find_->add_flag("--unique", options_.unique, "Count the matches of a file that several projects list once");
   find_->add_option("--xsl", options_.xsl, "The stylesheet that words the lines")->type_name("FILE");
   find_->add_option("-o,--output", options_.output, "Write the results to FILE")->type_name("FILE");
   AddChoice<Color>(*find_, "--color", options_.color,
@@ -131,8 +132,9 @@ void Parser::AddList() {
 void Parser::AddCommon(CLI::App& command) {
   const bool edits = &command == replace_;
   command
-      .add_option("FILE", options_.files,
-                  std::string("Groups, projects, module files or folders") + (edits ? "" : " (default: the working directory)"))
+      .add_option(
+          "FILE", options_.files,
+          std::string("Groups, projects, module files or folders") + (edits ? "" : " (default: the working directory)"))
       ->required(edits);
   const auto addGlobs = [&command](const char* name, std::vector<std::string>& globs, const char* description) {
     command.add_option(name, globs, description)->type_name("GLOB")->allow_extra_args(false);
@@ -222,6 +224,7 @@ void Parser::NoteUnread(const CLI::App& command) {
   if (find) {
     note("--xsl", options_.format == Format::Lines);
     note("--color", options_.format == Format::Lines);
+    note("--unique", options_.format == Format::Count || options_.format == Format::Vimgrep);
   }
 }
 

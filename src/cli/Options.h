@@ -25,6 +25,7 @@ struct Options {
   std::vector<std::string> files;  ///< files and folders; the working directory where none was named
   PathGlobs globs;                 ///< of the components
   bool sortByPath = false;
+  bool unique = false;  ///< a file that several projects list is counted once
 
   gsMode mode = gsCommon;
   gsArea area = gsAllProjects;

@@ -17,7 +17,8 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
-/// Takes the set that `glob` begins with off it and tells whether `c` is one of its; nothing is taken when it has no end.
+/// Takes the set that `glob` begins with off it and tells whether `c` is one of its; nothing is taken when it has no
+/// end.
 bool TakeSet(std::string_view& glob, char c, bool& inSet) {
   const bool negated = glob.size() > 1 && (glob[1] == '!' || glob[1] == '^');
   const std::size_t first = negated ? 2 : 1;
@@ -77,8 +78,8 @@ bool MatchesPath(std::string_view glob, std::string_view path) {
 
 }  // namespace
 
-// Two stars are remembered, the last `*` and the last `**`: what an earlier one of the same kind could take besides, the
-// last one can take as well. So no text takes longer than the product of the two lengths and that of the names.
+// Two stars are remembered, the last `*` and the last `**`: what an earlier one of the same kind could take besides,
+// the last one can take as well. So no text takes longer than the product of the two lengths and that of the names.
 bool MatchesGlob(std::string_view glob, std::string_view text) {
   Star one, all;
   for (;;) {

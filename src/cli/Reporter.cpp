@@ -1,5 +1,6 @@
 #include "cli/Reporter.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,7 @@
 #include "cli/Output.h"
 #include "cli/Places.h"
 #include "cli/ResultPage.h"
+#include "native/files/FileAccess.h"
 #include "native/xml/XmlRowWriter.h"
 #include "native/xml/XmlText.h"
 
@@ -66,19 +68,48 @@ class LineReporter final : public Reporter {
   std::string bytes_;
 };
 
+/// Of a file that several projects list, the matches in the first of them alone are told.
+class TwinFilter {
+ public:
+  bool IsFirst(const PositionInfo& pi) {
+    const vbide::VBComponent* component = pi.component().get();
+    if (component != component_) {
+      component_ = component;
+      isFirst_ = firsts_.try_emplace(native::RealPath(PlaceOf(pi).path), component).first->second == component;
+    }
+    return isFirst_;
+  }
+
+ private:
+  std::map<std::string, const vbide::VBComponent*> firsts_;  ///< by the file itself
+  const vbide::VBComponent* component_ = nullptr;            ///< of the last match
+  bool isFirst_ = false;
+};
+
+/// The 1-based column of a match as editors count it, in bytes of UTF-8.
+std::size_t ByteColumn(std::u16string_view line, std::int32_t column) {
+  std::string before;
+  AppendUtf8(line.substr(0, static_cast<std::size_t>(column - 1)), before);
+  return before.size() + 1;
+}
+
 class VimgrepReporter final : public Reporter {
  public:
   VimgrepReporter(ResultPage& page, Output& output) {
     page.OnMatch = [this, &output](const PositionInfo& pi) {
+      if (!twins_.IsFirst(pi)) return;
       const FilePlace place = PlaceOf(pi);
-      native::ToXmlText(pi.line(), text_);
+      const auto& line = pi.line();
+      native::ToXmlText(line, text_);
       bytes_ = place.path;
-      bytes_.append(":").append(std::to_string(place.line)).append(":").append(std::to_string(pi.mlngX1)).append(":");
+      bytes_.append(":").append(std::to_string(place.line)).append(":");
+      bytes_.append(std::to_string(ByteColumn(line, pi.mlngX1))).append(":");
       output.Write(bytes_.append(text_).append("\n"));
     };
   }
 
  private:
+  TwinFilter twins_;
   std::string bytes_;
   std::string text_;
 };
@@ -139,6 +170,20 @@ class XmlReporter final : public Reporter {
   native::XmlRowWriter writer_;
 };
 
+class UniqueCountReporter final : public Reporter {
+ public:
+  UniqueCountReporter(ResultPage& page, Output& output) : output_(output) {
+    page.OnMatch = [this](const PositionInfo& pi) { count_ += twins_.IsFirst(pi) ? 1 : 0; };
+  }
+
+  void Finish() override { output_.Write(std::to_string(count_) + '\n'); }
+
+ private:
+  Output& output_;
+  TwinFilter twins_;
+  std::int64_t count_ = 0;
+};
+
 class CountReporter final : public Reporter {
  public:
   CountReporter(ResultPage& page, Output& output) : page_(page), output_(output) {}
@@ -165,6 +210,7 @@ std::unique_ptr<Reporter> NewReporter(const Options& options, ResultPage& page, 
     case Format::Xml:
       return std::make_unique<XmlReporter>(page, output);
     case Format::Count:
+      if (options.unique) return std::make_unique<UniqueCountReporter>(page, output);
       return std::make_unique<CountReporter>(page, output);
   }
   RaiseError(ErrorNumber::Internal);

@@ -10,8 +10,7 @@
 
 namespace quorvane {
 
-App::App()
-    : Title(kStartingTitle), Major(QUORVANE_MAJOR), Minor(QUORVANE_MINOR), Revision(QUORVANE_REVISION) {
+App::App() : Title(kStartingTitle), Major(QUORVANE_MAJOR), Minor(QUORVANE_MINOR), Revision(QUORVANE_REVISION) {
   const char* chosen = std::getenv("QUORVANE_PROJECT_HOST");
   ProjectHost = FromUtf8(chosen != nullptr && *chosen != '\0' ? chosen : QUORVANE_PROJECT_HOST);
 }

@@ -133,6 +133,7 @@ TEST_F(UpdaterTest, PagesWithoutAVersion) {
 TEST_F(UpdaterTest, AVersionPartOutOfRangeIsAnError) {
   EXPECT_EQ(Active(u"32768.0.0.0", 1), std::vector<std::string>{"Error:6"});
   EXPECT_EQ(Passive(2, u"4.13.0.99999", 1), std::vector<std::string>{"Error:6"});
+  EXPECT_EQ(Active(u"5.0.0.32768", 1), std::vector<std::string>{"Error:6"}) << "also after a part that decides";
   EXPECT_EQ(LastUpdate(), u"15.05.2024 10:30:00");
 }
 

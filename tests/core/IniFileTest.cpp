@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "addin/core/IniFile.h"
 #include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
@@ -50,6 +52,9 @@ TEST_F(IniFileTest, WritesInTheCodePage) {
 }
 
 TEST_F(IniFileTest, DeletesKeysAndSections) {
+  EXPECT_TRUE(ini.DelIniKey(u"A", u"x"));
+  EXPECT_TRUE(ini.DelIniSec(u"A"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "config.ini")) << "there was nothing to delete";
   folder.Write("config.ini", "[A]\nx=1\ny=2\n[B]\nx=3\n");
   EXPECT_TRUE(ini.DelIniKey(u"A", u"x"));
   EXPECT_EQ(folder.Read("config.ini"), "[A]\ny=2\n[B]\nx=3\n");

@@ -1,5 +1,6 @@
 #include "addin/connect/Updater.h"
 
+#include <array>
 #include <vector>
 
 #include "addin/core/ErrorManager.h"
@@ -40,6 +41,12 @@ constexpr std::int32_t kDaysPerWeek = 7;
 
 std::int32_t RoundedDownWeeks(std::int32_t days) {
   return days >= 0 ? days / kDaysPerWeek : -((-days + kDaysPerWeek - 1) / kDaysPerWeek);
+}
+
+/// The parts of a version that are compared: the first, second and fourth.
+std::array<std::int16_t, 3> CountingParts(const std::u16string& version) {
+  const auto parts = Split(version, u".");
+  return {ToInteger(parts[0]), ToInteger(parts[1]), ToInteger(parts[3])};
 }
 
 }  // namespace
@@ -168,17 +175,14 @@ void Updater::OfferDownload(const std::u16string& published) {
   ThePlatform().TheShell().OpenAddress(Url(kDownloadPage));
 }
 
-/// True if there is nothing to report. The third part of a version counts in no case.
+/// True if there is nothing to report. The third part of a version counts in no case; any other part that is no 16-bit
+/// number raises error 6, also after one that decides.
 bool Updater::IsLatest(const std::u16string& current, const std::u16string& published) {
-  constexpr std::size_t kCounting[] = {0, 1, 3};
-  const auto mine = Split(current, u".");
-  const auto theirs = Split(published, u".");
-  for (std::int32_t step = 0; step < 3; ++step) {
-    const std::size_t part = kCounting[step];
-    const std::int16_t have = ToInteger(mine[part]);
-    const std::int16_t offered = ToInteger(theirs[part]);
-    if (offered != have) return offered < have;
-    if (mblnPassive && menumSensibility == step) return true;
+  const auto mine = CountingParts(current);
+  const auto theirs = CountingParts(published);
+  for (std::size_t step = 0; step < mine.size(); ++step) {
+    if (theirs[step] != mine[step]) return theirs[step] < mine[step];
+    if (mblnPassive && menumSensibility == static_cast<std::int32_t>(step)) return true;
   }
   return true;
 }

@@ -77,6 +77,8 @@ bool FilePrivateProfile::Write(std::string_view section, std::optional<std::stri
     const std::string source = Exists(path) ? path : named;
     const FileBytes old = ReadFileBytes(source);
     if (old.error != 0 && Exists(source)) RaiseError(ErrorNumber::InvalidProcedureCall);  // unreadable: not replaced
+    if (!original) std::filesystem::create_directories(FilePath(userFolder_));
+    if ((!key || !value) && !Exists(source)) return;  // nothing to delete, and no file is made for that
     IniText text(old.bytes);
     if (!key) {
       text.RemoveSection(section);
@@ -85,7 +87,6 @@ bool FilePrivateProfile::Write(std::string_view section, std::optional<std::stri
     } else {
       text.Set(section, Narrow(*key), Narrow(*value));
     }
-    if (!original) std::filesystem::create_directories(FilePath(userFolder_));
     WriteFileWhole(path, text.Bytes());
   });
 }

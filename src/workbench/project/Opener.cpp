@@ -98,9 +98,9 @@ class Opener {
   PathFinder finder_;
   std::vector<std::string> warnings_;
   std::vector<PlannedProject> projects_;
-  std::optional<std::size_t> modules_;  ///< place in projects_ of the project that holds the module files
-  std::set<std::string> known_;         ///< project files that are open or planned
-  std::string startUp_;                 ///< identity of the project file; empty when there is none yet
+  std::optional<std::size_t> modules_;     ///< place in projects_ of the project that holds the module files
+  std::set<std::string> known_;            ///< project files that are open or planned
+  std::string startUp_;                    ///< identity of the project file; empty when there is none yet
   std::vector<std::string> foundModules_;  ///< module files in folders
   std::map<std::string, LoadedFile> loaded_;
 };
