@@ -46,7 +46,12 @@ CodeEdit::CodeEdit(std::shared_ptr<workbench::Module> module, workbench::TurnClo
     if (dy != 0) return numbers_->scroll(0, dy);
     numbers_->update(0, rect.y(), numbers_->width(), rect.height());
   });
-  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { HighlightLine(); });
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+    NoteCaret();
+    HighlightLine();
+  });
+  connect(this, &QPlainTextEdit::selectionChanged, this, [this] { NoteCaret(); });
+  NoteCaret();
   ApplyColors();
   PlaceGutter();
 }
@@ -87,6 +92,7 @@ void CodeEdit::keyPressEvent(QKeyEvent* event) {
   const std::uint64_t before = TheModule()->Revision();
   if (TakeKey(*event)) return event->accept();
   QPlainTextEdit::keyPressEvent(event);
+  NoteCaret();
   const bool character = event->text().size() == 1 && event->text()[0].isPrint();
   if (character && TheModule()->Revision() != before) {
     typed_ = {TheModule()->Revision(), textCursor().position(), event->text()[0].isSpace()};
@@ -155,19 +161,28 @@ void CodeEdit::ShiftLines(bool right) {
   edit.endEditBlock();
 }
 
+void CodeEdit::NoteCaret() {
+  carets_.Note(TheModule()->State(), {textCursor().anchor(), textCursor().position()});
+}
+
 void CodeEdit::Undo() {
   turns_.Next();
-  if (TheModule()->Undo()) AfterHistory();
+  if (TheModule()->Undo()) AfterHistory(carets_.Last(TheModule()->State()));
 }
 
 void CodeEdit::Redo() {
   turns_.Next();
-  if (TheModule()->Redo()) AfterHistory();
+  if (TheModule()->Redo()) AfterHistory(carets_.First(TheModule()->State()));
 }
 
-void CodeEdit::AfterHistory() {
+/// What was done without a caret here leaves it behind the change.
+void CodeEdit::AfterHistory(const std::optional<CaretHistory::Caret>& caret) {
   Refresh();
-  Select(binding_->LastChange(), binding_->LastChange());
+  if (caret) {
+    Select(caret->anchor, caret->position);
+  } else {
+    Select(binding_->LastChange(), binding_->LastChange());
+  }
   Reveal();
 }
 

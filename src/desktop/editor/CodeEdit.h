@@ -2,8 +2,10 @@
 
 #include <QPlainTextEdit>
 #include <memory>
+#include <optional>
 
 #include "base/Event.h"
+#include "desktop/editor/CaretHistory.h"
 #include "desktop/editor/CodeColors.h"
 #include "desktop/editor/ModuleBinding.h"
 
@@ -74,7 +76,8 @@ class CodeEdit final : public QPlainTextEdit {
   void HighlightLine();
   void PlaceGutter();
   void ApplyColors();
-  void AfterHistory();
+  void NoteCaret();
+  void AfterHistory(const std::optional<CaretHistory::Caret>& caret);
 
   workbench::TurnClock& turns_;
   CodeColors colors_;
@@ -82,6 +85,7 @@ class CodeEdit final : public QPlainTextEdit {
   VbHighlighter* highlighter_;
   LineNumbers* numbers_;
   Typed typed_;
+  CaretHistory carets_;
 };
 
 }  // namespace quorvane::desktop

@@ -59,6 +59,8 @@ class Module final : public vbide::CodeModule {
 
   /// True when edits were made since the last save that undo has not taken back.
   bool Modified() const { return text_.Modified(); }
+  /// Names the present text: undo and redo come back to the state that they restore.
+  std::uint64_t State() const { return text_.State(); }
   bool CanUndo() const { return text_.CanUndo(); }
   bool CanRedo() const { return text_.CanRedo(); }
   /// Takes back, or does again, the edits of one turn; false when there is nothing.

@@ -50,6 +50,9 @@ class ModuleText {
   /// Grows in the whole process with each edit, undo and redo; never 0.
   std::uint64_t Revision() const { return revision_; }
 
+  /// Names the present lines: undo and redo come back to the state that they restore.
+  std::uint64_t State() const { return state_; }
+
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
   /// False when there is nothing to undo or redo.
