@@ -459,6 +459,36 @@ TEST_F(DesktopTest, EveryMenuEntryHasWordsInBothLanguages) {
   }
 }
 
+TEST_F(DesktopTest, UndoAndRedoBringTheCaretAlong) {
+  struct Case {
+    int anchor;
+    int position;
+    Qt::Key key;
+    int after;  ///< place of the caret after the edit
+  };
+  const Case cases[] = {
+      {4, 4, Qt::Key_X, 5},      {4, 4, Qt::Key_Delete, 4}, {4, 4, Qt::Key_Backspace, 3},  {2, 6, Qt::Key_X, 3},
+      {6, 2, Qt::Key_Delete, 2}, {4, 4, Qt::Key_Return, 5}, {13, 2, Qt::Key_Backspace, 2},
+  };
+  folder.Write("caret.bas", "one two three\r\nfour five\r\n");
+  Start();
+  Open("caret.bas");
+  CodeEdit& editor = EditorOf(u"caret");
+  const auto caret = [&] { return std::pair(editor.textCursor().anchor(), editor.textCursor().position()); };
+  for (const Case& row : cases) {
+    editor.Select(row.anchor, row.position);
+    QTest::keyClick(&editor, row.key);
+    EXPECT_EQ(caret(), std::pair(row.after, row.after)) << row.key;
+    editor.moveCursor(QTextCursor::End);
+    editor.Undo();
+    EXPECT_EQ(caret(), std::pair(row.anchor, row.position)) << row.key;
+    editor.moveCursor(QTextCursor::End);
+    editor.Redo();
+    EXPECT_EQ(caret(), std::pair(row.after, row.after)) << row.key;
+    editor.Undo();
+  }
+}
+
 TEST_F(DesktopTest, ButtonsOfBoxesFollowTheLanguage) {
   Start();
   const auto save = [] { return QMessageBox(QMessageBox::Question, {}, {}, QMessageBox::Save).buttons()[0]->text(); };
