@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QWheelEvent>
 
 #include "base/Error.h"
 #include "base/FlagScope.h"
@@ -15,12 +16,17 @@ namespace quorvane::desktop {
 
 namespace {
 
+/// File managers offer the addresses of what is dragged as a text too, which nobody means to search for.
+bool IsText(const QMimeData& data) {
+  return data.hasText() && !data.hasUrls();
+}
+
 /// What the toolkit brings with a drag.
 class Dragged final : public forms::DataObject {
  public:
   explicit Dragged(const QMimeData& data) : data_(data) {}
 
-  bool GetFormat(std::int16_t format) const override { return format == forms::kPlainText && data_.hasText(); }
+  bool GetFormat(std::int16_t format) const override { return format == forms::kPlainText && IsText(data_); }
   std::u16string GetData(std::int16_t format) const override {
     if (!GetFormat(format)) RaiseError(ErrorNumber::InvalidProcedureCall, u"The dropped data has no such format");
     return FromQString(data_.text());
@@ -35,6 +41,7 @@ class Dragged final : public forms::DataObject {
 ComboView::ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent) : QComboBox(parent), combo_(combo) {
   setInsertPolicy(QComboBox::NoInsert);
   setMaxVisibleItems(16);
+  setFocusPolicy(Qt::StrongFocus);  // the wheel alone chooses no control
   if (kind == Kind::Editable) {
     setEditable(true);
     setCompleter(nullptr);
@@ -97,14 +104,25 @@ void ComboView::Edited() {
   Follow();
 }
 
+/// Whoever turns the wheel over a control without the focus means to scroll.
+void ComboView::wheelEvent(QWheelEvent* event) {
+  hasFocus() ? QComboBox::wheelEvent(event) : event->ignore();
+}
+
 bool ComboView::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::DragEnter:
-    case QEvent::DragMove:
-      static_cast<QDropEvent*>(event)->acceptProposedAction();
+    case QEvent::DragMove: {
+      auto* drag = static_cast<QDropEvent*>(event);
+      IsText(*drag->mimeData()) ? drag->acceptProposedAction() : drag->ignore();
       return true;
+    }
     case QEvent::Drop: {
       auto* drop = static_cast<QDropEvent*>(event);
+      if (!IsText(*drop->mimeData())) {
+        drop->ignore();
+        return true;
+      }
       drop->setDropAction(Qt::CopyAction);
       drop->accept();
       combo_.Drop(Dragged(*drop->mimeData()));

@@ -22,6 +22,7 @@ class ComboView final : public QComboBox {
   ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent);
 
  protected:
+  void wheelEvent(QWheelEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include "desktop/platform/QtText.h"
 #include "desktop/views/ControlFollow.h"
@@ -30,8 +31,17 @@ void LinkView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) label_.Press();
 }
 
+void LinkView::paintEvent(QPaintEvent* event) {
+  QLabel::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(this);
+  QPen dots(palette().color(QPalette::Link), 1, Qt::DotLine);
+  painter.setPen(dots);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
 void LinkView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return) {
+  if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     label_.Press();
   } else {
     QLabel::keyPressEvent(event);
