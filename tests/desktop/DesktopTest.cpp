@@ -14,6 +14,7 @@
 #include <QTreeWidget>
 #include <QUrl>
 #include <chrono>
+#include <filesystem>
 #include <string>
 
 #include "DesktopFixture.h"
@@ -265,6 +266,7 @@ TEST_F(ShopTest, AsksBeforeEditsAreLost) {
   AnswerNext(QMessageBox::Cancel, &question);
   EXPECT_FALSE(Window().close());
   EXPECT_TRUE(question.contains(QStringLiteral("Shop.modMain"))) << question.toStdString();
+  EXPECT_TRUE(question.contains(Texts{0}.Counted(Text::SaveQuestion, 1))) << question.toStdString();
   EXPECT_TRUE(Window().isVisible());
 
   AnswerNext(QMessageBox::Discard);
@@ -357,6 +359,39 @@ TEST_F(ShopTest, ReloadsWhatChangedOnDisk) {
   EXPECT_NE(folder.Read(kMain).find("mine"), std::string::npos);
 }
 
+TEST_F(ShopTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {
+  CodeEdit& editor = EditorOf(u"modMain");
+  const auto component = ComponentNamed(u"modMain");
+  const std::string before = folder.Read(kMain);
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  folder.Write(kMain, before + "' outside\r\n");
+  QString question;
+  AnswerNext(QMessageBox::No, &question);
+  EXPECT_TRUE(Window().Files().Save(*component));
+  EXPECT_TRUE(question.contains(QStringLiteral("modMain.bas"))) << question.toStdString();
+  EXPECT_EQ(folder.Read(kMain).size(), before.size() + 1);
+
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  folder.Write(kMain, before + "' outside\r\n");
+  AnswerNext(QMessageBox::Yes);
+  EXPECT_FALSE(Window().Files().Save(*component)) << "it was loaded instead";
+  EXPECT_FALSE(component->TheModule()->Modified());
+  EXPECT_EQ(folder.Read(kMain), before + "' outside\r\n");
+
+  // A file that is gone is told once, and asked about again by each save.
+  std::filesystem::remove(folder / kMain);
+  AnswerNext(QMessageBox::No);
+  Window().Files().CheckDisk();
+  Window().Files().CheckDisk();
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  AnswerNext(QMessageBox::No);
+  EXPECT_FALSE(Window().Files().SaveAll());
+  EXPECT_FALSE(std::filesystem::exists(folder / kMain));
+  AnswerNext(QMessageBox::Yes);
+  EXPECT_TRUE(Window().Files().SaveAll());
+  EXPECT_EQ(folder.Read(kMain).size(), before.size() + 12);
+}
+
 TEST_F(DesktopTest, DroppedFilesAreOpened) {
   Start();
   QMimeData data;
@@ -407,6 +442,7 @@ TEST_F(DesktopTest, OpeningCanBeCancelled) {
 
 TEST_F(DesktopTest, ToolWindowIsADock) {
   Start();
+  EXPECT_LE(Window().width(), Window().screen()->availableSize().width());
   ASSERT_EQ(Window().ToolDocks().size(), 1U);
   ToolDock& dock = *Window().ToolDocks().front();
   const auto& tool = desktop->Host().TheWindows()->ToolWindows().front();
@@ -430,6 +466,7 @@ TEST_F(DesktopTest, AddInsMenuFollowsTheAddInAndItsLanguage) {
   ASSERT_NE(menu, nullptr);
   ASSERT_EQ(menu->actions().size(), 1);
   const QString chinese = menu->actions()[0]->text();
+  EXPECT_EQ(chinese.section(QLatin1Char('\t'), 1).toStdString(), "Ctrl+Q");
   Globals::Language().Language = 1;
   Globals::Language().UpdateAllUI();
   EXPECT_NE(menu->actions()[0]->text(), chinese);
@@ -487,6 +524,12 @@ TEST_F(DesktopTest, UndoAndRedoBringTheCaretAlong) {
     EXPECT_EQ(caret(), std::pair(row.after, row.after)) << row.key;
     editor.Undo();
   }
+}
+
+TEST_F(DesktopTest, OneIsNotMany) {
+  EXPECT_EQ(Texts{1}.Counted(Text::StatusSelected, 1).toStdString(), "1 character selected");
+  EXPECT_EQ(Texts{1}.Counted(Text::StatusSelected, 2).toStdString(), "2 characters selected");
+  EXPECT_EQ(Texts{0}.Counted(Text::StatusSelected, 1), Texts{0}(Text::StatusSelected).arg(1));
 }
 
 TEST_F(DesktopTest, ButtonsOfBoxesFollowTheLanguage) {

@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
+#include <QUrl>
+#include <QWheelEvent>
 
 #include "SearchWindowsFixture.h"
 #include "addin/core/Globals.h"
@@ -67,6 +69,11 @@ TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
   QTest::keyClick(&List(), Qt::Key_Escape);
   EXPECT_FALSE(Results().isVisible());
   EXPECT_FALSE(Globals::gobjToolWindow->Visible());
+
+  // The usual key of an editor searches for what is selected there.
+  QTest::keyClick(&Window().Code().Current()->Editor(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(WaitUntil([] { return Dialog().Visible(); }, 2s));
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"NextOrderNo");
 }
 
 TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {
@@ -249,6 +256,18 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   QCoreApplication::sendEvent(combo.lineEdit(), &enter);
   QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(combo.lineEdit(), &drop);
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"twolines");
+
+  // The address of a file is none, though file managers offer it as one too; and the wheel moves no box by the way.
+  dropped.setUrls({QUrl(QStringLiteral("file:///tmp/a.bas"))});
+  for (QDropEvent* event : {static_cast<QDropEvent*>(&enter), &drop}) {
+    event->setAccepted(true);
+    QCoreApplication::sendEvent(combo.lineEdit(), event);
+    EXPECT_FALSE(event->isAccepted());
+  }
+  WidgetOf(*Dialog().cmbReplace).setFocus();
+  QWheelEvent wheel(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), {}, {}, {}, false);
+  QCoreApplication::sendEvent(&combo, &wheel);
   EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"twolines");
 
   QTest::keyClick(&combo, Qt::Key_Escape);

@@ -7,6 +7,7 @@ namespace quorvane::desktop {
 
 namespace {
 
+/// Where a language tells one from many, the form of one stands in front of a bar.
 struct Words {
   Text text;
   const char16_t* chinese;
@@ -30,6 +31,7 @@ constexpr std::array kWords = {
     Words{Text::EditCopy, u"复制(&C)", u"&Copy"},
     Words{Text::EditPaste, u"粘贴(&P)", u"&Paste"},
     Words{Text::EditSelectAll, u"全选(&A)", u"Select &all"},
+    Words{Text::EditFind, u"查找和替换(&F)...", u"&Find and replace..."},
     Words{Text::EditGoToLine, u"转到行(&G)...", u"&Go to line..."},
     Words{Text::MenuView, u"视图(&V)", u"&View"},
     Words{Text::ViewProjects, u"工程树(&P)", u"&Project tree"},
@@ -71,24 +73,31 @@ constexpr std::array kWords = {
     Words{Text::FolderDesigners, u"设计器", u"Designers"},
     Words{Text::FolderRelated, u"相关文档", u"Related documents"},
     Words{Text::StatusPlace, u"行 %1，列 %2", u"Line %1, column %2"},
-    Words{Text::StatusSelected, u"已选 %1 个字符", u"%1 characters selected"},
+    Words{Text::StatusSelected, u"已选 %1 个字符", u"%1 character selected|%1 characters selected"},
     Words{Text::Hint, u"打开 Visual Basic 6 工程组或工程", u"Open a Visual Basic 6 project group or project"},
     Words{Text::HintMore, u"按 Ctrl+O，或把文件拖到这里", u"Press Ctrl+O, or drop files here"},
     Words{Text::HintOpen, u"从工程树中打开模块", u"Open a module from the project tree"},
     Words{Text::HintSearch, u"搜索命令在“外接程序”菜单中", u"The search is in the Add-Ins menu"},
     Words{Text::Loading, u"正在打开文件...", u"Opening files..."},
     Words{Text::Cancel, u"取消", u"Cancel"},
-    Words{Text::NotAllOpened, u"有 %1 个列出的文件未能打开。", u"%1 listed files could not be opened."},
+    Words{Text::NotAllOpened, u"有 %1 个列出的文件未能打开。", u"%1 listed file could not be opened.|%1 listed files could not be opened."},
     Words{Text::CannotOpen, u"无法打开。", u"Cannot open."},
     Words{Text::CannotSave, u"无法保存。", u"Cannot save."},
-    Words{Text::SaveQuestion, u"有 %1 个模块尚未保存。是否保存？", u"%1 modules have unsaved changes. Save them?"},
+    Words{Text::SaveQuestion, u"有 %1 个模块尚未保存。是否保存？",
+          u"%1 module has unsaved changes. Save it?|%1 modules have unsaved changes. Save them?"},
+    Words{Text::SaveAnswer, u"保存(&S)", u"&Save"},
+    Words{Text::DiscardAnswer, u"不保存(&D)", u"&Don't save"},
+    Words{Text::CancelAnswer, u"取消(&C)", u"&Cancel"},
     Words{Text::ReloadQuestion,
           u"文件 %1 已被其他程序修改，而这里也有未保存的改动。\n是否重新载入？（可用撤消恢复您的改动）",
           u"%1 was changed by another program, and has changes here that are not saved.\n"
           u"Load it again? (Undo brings your changes back.)"},
     Words{Text::FileGone, u"无法读取 %1。", u"Cannot read %1."},
+    Words{Text::RestoreQuestion, u"文件 %1 已不在磁盘上。\n是否重新写入？",
+          u"%1 is no longer on disk.\nWrite it again?"},
     Words{Text::LineNumber, u"行号（1 到 %1）：", u"Line number (1 to %1):"},
     Words{Text::DroppedLines, u"保存时去掉了 %1 个隐藏行，因为它们所属的代码行已被删除。",
+          u"%1 hidden line was left out of the saved files, because the code that it belonged to is gone.|"
           u"%1 hidden lines were left out of the saved files, because the code that they belonged to is gone."},
 };
 
@@ -101,6 +110,12 @@ constexpr bool IsInOrder() {
 static_assert(IsInOrder(), "each text has its words, in the order of the enumeration");
 
 }  // namespace
+
+QString Texts::Counted(Text text, qsizetype count) const {
+  const QString forms = (*this)(text);
+  const qsizetype bar = forms.indexOf(QLatin1Char('|'));
+  return (count == 1 && bar >= 0 ? forms.left(bar) : forms.mid(bar + 1)).arg(count);
+}
 
 QString Texts::operator()(Text text) const {
   const Words& words = kWords[static_cast<std::size_t>(text)];

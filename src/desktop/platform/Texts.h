@@ -23,6 +23,7 @@ enum class Text {
   EditCopy,
   EditPaste,
   EditSelectAll,
+  EditFind,
   EditGoToLine,
   MenuView,
   ViewProjects,
@@ -74,8 +75,12 @@ enum class Text {
   CannotOpen,
   CannotSave,
   SaveQuestion,
+  SaveAnswer,
+  DiscardAnswer,
+  CancelAnswer,
   ReloadQuestion,
   FileGone,
+  RestoreQuestion,
   LineNumber,
   DroppedLines,
   Count,
@@ -88,6 +93,8 @@ class Texts {
   std::int32_t Language = 0;
 
   QString operator()(Text text) const;
+  /// With `count` for %1, in the form that this number takes.
+  QString Counted(Text text, qsizetype count) const;
 };
 
 }  // namespace quorvane::desktop

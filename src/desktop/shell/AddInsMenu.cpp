@@ -17,6 +17,16 @@ AddInsMenu::AddInsMenu(std::shared_ptr<workbench::HostCommandBar> bar, QWidget* 
 
 AddInsMenu::~AddInsMenu() = default;
 
+void AddInsMenu::RunFirst() {
+  if (!isEmpty()) actions().constFirst()->trigger();
+}
+
+void AddInsMenu::ShowKeysOfFirst(const QString& keys) {
+  keys_ = keys;
+  const auto buttons = bar_->Buttons();
+  if (!isEmpty() && !buttons.empty()) Follow(*actions().constFirst(), *buttons.front());
+}
+
 void AddInsMenu::Rebuild() {
   buttons_.clear();
   clear();
@@ -34,7 +44,8 @@ void AddInsMenu::Rebuild() {
 }
 
 void AddInsMenu::Follow(QAction& action, const workbench::CommandButton& button) {
-  action.setText(ToQString(button.Caption()));
+  const bool first = !actions().isEmpty() && actions().constFirst() == &action;
+  action.setText(ToQString(button.Caption()) + (first && !keys_.isEmpty() ? QLatin1Char('\t') + keys_ : QString()));
   action.setVisible(button.Visible());
   action.setEnabled(button.Enabled());
 }

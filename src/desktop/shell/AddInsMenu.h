@@ -19,6 +19,11 @@ class AddInsMenu final : public QMenu {
   AddInsMenu(std::shared_ptr<workbench::HostCommandBar> bar, QWidget* parent);
   ~AddInsMenu() override;
 
+  /// Does what the first entry does; nothing without one.
+  void RunFirst();
+  /// Shown beside the first entry; empty for none. The add-in itself listens to the keys.
+  void ShowKeysOfFirst(const QString& keys);
+
   Event<> Changed;  ///< a button came, went, or changed; as after a change of language
 
  private:
@@ -26,6 +31,7 @@ class AddInsMenu final : public QMenu {
   void Follow(QAction& action, const workbench::CommandButton& button);
 
   std::shared_ptr<workbench::HostCommandBar> bar_;
+  QString keys_;
   std::vector<Subscription> buttons_;
   Subscription barChanged_;
 };

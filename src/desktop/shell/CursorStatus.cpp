@@ -20,7 +20,7 @@ void CursorStatus::Show(const CodeEdit* editor) {
                       ? QString()
                       : texts_(Text::StatusPlace).arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
   const int length = cursor.selectionEnd() - cursor.selectionStart();
-  selected_->setText(editor != nullptr && length > 0 ? texts_(Text::StatusSelected).arg(length) : QString());
+  selected_->setText(editor != nullptr && length > 0 ? texts_.Counted(Text::StatusSelected, length) : QString());
 }
 
 }  // namespace quorvane::desktop

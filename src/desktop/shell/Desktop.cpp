@@ -1,6 +1,7 @@
 #include "desktop/shell/Desktop.h"
 
 #include "addin/connect/Connect.h"
+#include "addin/connect/HotkeyProxy.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/dialogs/RegisterDialogs.h"
@@ -10,7 +11,12 @@
 #include "addin/results/PageManager.h"
 #include "addin/results/ResultDialog.h"
 #include "addin/search/TaskManager.h"
+#include "chordtrap/Item.h"
+#include "chordtrap/KeyChord.h"
+#include "chordtrap/Manager.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/InputFilter.h"
 #include "desktop/shell/MainWindow.h"
 #include "desktop/views/FormWindows.h"
@@ -38,6 +44,15 @@ bool CancelTasks() {
     any = true;
   }
   return any;
+}
+
+/// Of the command that the add-in's menu entry carries out too.
+QString SearchKeys() {
+  if (!Globals::gobjHotkeyProxy) return {};
+  for (const auto& item : Globals::gobjHotkeyProxy->Manager->Items()) {
+    if (item->FuncName == u"ShowSearchDialog") return ToQString(chordtrap::KeyText(item->Key));
+  }
+  return {};
 }
 
 }  // namespace
@@ -94,6 +109,7 @@ void Desktop::Stop() {
 
 void Desktop::FollowLanguage() {
   window_->SetLanguage(Globals::Language().Language);
+  window_->AddIns().ShowKeysOfFirst(SearchKeys());
 }
 
 }  // namespace quorvane::desktop

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <algorithm>
 #include <exception>
 
@@ -53,7 +54,7 @@ void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
   if (warnings.empty()) return;
   QStringList lines;
   for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
-  QMessageBox box(QMessageBox::Warning, kTitle, texts_(Text::NotAllOpened).arg(lines.size()), QMessageBox::Ok,
+  QMessageBox box(QMessageBox::Warning, kTitle, texts_.Counted(Text::NotAllOpened, lines.size()), QMessageBox::Ok,
                   &window_);
   box.setTextFormat(Qt::PlainText);
   if (lines.size() <= 5) {
@@ -137,7 +138,7 @@ bool FileCommands::Guarded(SaveFiles save) {
   try {
     std::size_t dropped = 0;
     for (const workbench::SavedFile& file : save()) dropped += file.droppedHiddenLines.size();
-    if (dropped > 0) Told.Raise(texts_(Text::DroppedLines).arg(dropped));
+    if (dropped > 0) Told.Raise(texts_.Counted(Text::DroppedLines, static_cast<qsizetype>(dropped)));
   } catch (const std::exception& error) {
     TellError(texts_(Text::CannotSave), QString::fromUtf8(error.what()));
     Saved.Raise();
@@ -147,11 +148,47 @@ bool FileCommands::Guarded(SaveFiles save) {
   return true;
 }
 
+/// What is to be saved over must be what was read, or the user says what it is to be.
+bool FileCommands::MaySave(const ComponentList& wanted) {
+  const FlagScope checking(checking_);
+  for (const auto& component : wanted) {
+    if (component->Path().empty()) continue;
+    if (!FileStamp::Of(component->Path())) {
+      if (!MayRestore(*component)) return false;
+      continue;
+    }
+    CheckFile(component);
+    if (!component->TheModule()->Modified()) {  // loaded again instead
+      Saved.Raise();
+      return false;
+    }
+  }
+  return true;
+}
+
+bool FileCommands::MayRestore(const Component& component) {
+  const QString path = QString::fromStdString(component.Path());
+  gone_.insert(component.Path());
+  if (QMessageBox::question(&window_, kTitle, texts_(Text::RestoreQuestion).arg(path)) != QMessageBox::Yes) return false;
+  try {
+    workbench::RestoreFileOf(workbench_, component);
+  } catch (const std::exception& error) {
+    TellError(texts_(Text::CannotSave), QString::fromUtf8(error.what()));
+    return false;
+  }
+  gone_.erase(component.Path());
+  return true;
+}
+
 bool FileCommands::Save(const Component& component) {
+  ComponentList wanted = OfFile(component.Path());
+  std::erase_if(wanted, [](const auto& twin) { return !twin->TheModule()->Modified(); });
+  if (!MaySave(wanted)) return false;
   return Guarded([&] { return workbench::SaveFileOf(workbench_, component); });
 }
 
 bool FileCommands::SaveAll() {
+  if (!MaySave(Modified(nullptr))) return false;
   return Guarded([&] { return workbench::SaveGroup(workbench_); });
 }
 
@@ -160,9 +197,12 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   if (modified.empty()) return true;
   QStringList names;
   for (const auto& component : modified) names << ToQString(component->FullName());
-  QMessageBox box(QMessageBox::Question, kTitle, texts_(Text::SaveQuestion).arg(names.size()),
+  QMessageBox box(QMessageBox::Question, kTitle, texts_.Counted(Text::SaveQuestion, names.size()),
                   QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
   box.setDefaultButton(QMessageBox::Save);
+  box.button(QMessageBox::Save)->setText(texts_(Text::SaveAnswer));
+  box.button(QMessageBox::Discard)->setText(texts_(Text::DiscardAnswer));
+  box.button(QMessageBox::Cancel)->setText(texts_(Text::CancelAnswer));
   if (names.size() > 8) {
     box.setDetailedText(names.join(QLatin1Char('\n')));
   } else {
@@ -202,14 +242,19 @@ void FileCommands::CheckDisk() {
   if (checking_) return;  // a question is open
   const FlagScope checking(checking_);
   ComponentList changed;
+  ComponentList gone;
   for (const auto& project : workbench_.Projects()) {
     for (const auto& component : project->Components()) {
       if (!component->TheModule() || component->Path().empty()) continue;
       const auto stamp = FileStamp::Of(component->Path());
+      if (!stamp && !gone_.contains(component->Path())) gone.push_back(component);
       if (stamp && !(*stamp == component->Stamp())) changed.push_back(component);
     }
   }
   for (const auto& component : changed) CheckFile(component);
+  for (const auto& component : gone) {
+    if (!gone_.contains(component->Path()) && !FileStamp::Of(component->Path())) MayRestore(*component);
+  }
   if (!changed.empty()) Saved.Raise();
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,14 +39,16 @@ class FileCommands {
   /// The open dialog; empty when the user cancels.
   QStringList AskForFiles() const;
 
-  /// False when nothing was saved for an error, which was told.
+  /// Asks first where a file is no longer as it was read. False when nothing was saved: for an error, which was told,
+  /// or by the user's answer.
   bool Save(const workbench::Component& component);
   bool SaveAll();
   /// Asks about edits that are not saved. False when the user wants to stay.
   bool CloseAll();
   bool CloseProject(const std::shared_ptr<workbench::Project>& project);
 
-  /// Loads again what other programs changed on disk; asks where that touches edits that are not saved.
+  /// Loads again what other programs changed on disk; asks where that touches edits that are not saved, and once for a
+  /// file that is gone.
   void CheckDisk();
 
   /// What the user opened and has not closed.
@@ -66,6 +69,8 @@ class FileCommands {
   ComponentList OfFile(const std::string& path) const;
   template <class SaveFiles>
   bool Guarded(SaveFiles save);
+  bool MaySave(const ComponentList& wanted);
+  bool MayRestore(const workbench::Component& component);
   void CheckFile(const std::shared_ptr<workbench::Component>& component);
   void TellWarnings(const std::vector<std::string>& warnings);
   void TellError(const QString& what, const QString& why);
@@ -74,6 +79,7 @@ class FileCommands {
   QWidget& window_;
   const Texts& texts_;
   QStringList open_;
+  std::set<std::string> gone_;  ///< paths whose absence was told
   bool checking_ = false;
 };
 

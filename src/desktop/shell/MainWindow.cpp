@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -72,7 +73,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
   setCentralWidget(code_);
   setAcceptDrops(true);
   setDockNestingEnabled(true);
-  resize(kFirstSize);
+  resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
   windows_.Bind(workbench_.TheMainWindow()->Handle(), *this);
   windows_.Bind(windows_.GetTopWindow(workbench_.TheMainWindow()->Handle()), *code_->viewport());
   BuildTree();

@@ -43,6 +43,7 @@ class MainWindow final : public QMainWindow {
   CodeArea& Code() { return *code_; }
   ProjectTree& Tree() { return *tree_; }
   MainMenu& Menu() { return menu_; }
+  AddInsMenu& AddIns() { return *addIns_; }
   const std::vector<ToolDock*>& ToolDocks() const { return docks_.All(); }
 
   /// Opens files and remembers them.

@@ -70,6 +70,8 @@ void MainWindow::BuildEditMenu() {
   menu_.Add(menu, Text::EditPaste, QKeySequence::Paste, [] { ToFocus("paste"); });
   menu_.Add(menu, Text::EditSelectAll, QKeySequence::SelectAll, [] { ToFocus("selectAll"); });
   menu.addSeparator();
+  QAction& find = menu_.Add(menu, Text::EditFind, QKeySequence(), [this] { addIns_->RunFirst(); });
+  find.setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::CTRL | Qt::Key_H)});
   menu_.Add(menu, Text::EditGoToLine, QKeySequence(Qt::CTRL | Qt::Key_G), [this] { GoToLine(); });
 }
 

@@ -8,6 +8,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "native/files/AtomicFile.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
 #include "workbench/model/Component.h"
@@ -187,6 +188,14 @@ std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& compone
   std::vector<Target> targets;
   AddTargets(TwinsOf(workbench, component), targets);
   return SaveTargets(workbench, targets);
+}
+
+void RestoreFileOf(Workbench& workbench, const Component& component) {
+  const std::vector<ComponentPtr> twins = TwinsOf(workbench, component);
+  native::WriteFileWhole(component.Path(), component.TheModule()->Saved()->Bytes());
+  const auto stamp = native::FileStamp::Of(component.Path());
+  if (!stamp) return;
+  for (const ComponentPtr& twin : twins) twin->SetStamp(*stamp);
 }
 
 void ReloadFileOf(Workbench& workbench, const Component& component) {

@@ -38,6 +38,10 @@ std::vector<SavedFile> SaveGroup(Workbench& workbench);
 /// The same for the file of one component alone.
 std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& component);
 
+/// Writes the file of `component`, which is gone from disk, again with what it last held; edits are still to be saved.
+/// Raises as WriteFileWhole does.
+void RestoreFileOf(Workbench& workbench, const Component& component);
+
 /// Makes the text of `component` and of all others that show its file what the file holds now, as one step of their
 /// undo. Edits that were not saved are thus set aside, not lost. Raises error 75, naming the file, when it cannot be
 /// read.
