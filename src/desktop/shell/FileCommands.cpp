@@ -169,7 +169,8 @@ bool FileCommands::MaySave(const ComponentList& wanted) {
 bool FileCommands::MayRestore(const Component& component) {
   const QString path = QString::fromStdString(component.Path());
   gone_.insert(component.Path());
-  if (QMessageBox::question(&window_, kTitle, texts_(Text::RestoreQuestion).arg(path)) != QMessageBox::Yes) return false;
+  if (QMessageBox::question(&window_, kTitle, texts_(Text::RestoreQuestion).arg(path)) != QMessageBox::Yes)
+    return false;
   try {
     workbench::RestoreFileOf(workbench_, component);
   } catch (const std::exception& error) {
