@@ -171,7 +171,7 @@ TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
     EXPECT_EQ(words(), english);
     PressOk();
   });
-  EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|关闭当前页面(&C)|Quorvane插件(&D)|保存(&S)|");
+  EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|关闭当前页面(&C)|Quorvane插件(&D)\tCtrl+Q|保存(&S)|");
   Walk(
       u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },
       [&] {

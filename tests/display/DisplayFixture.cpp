@@ -39,8 +39,9 @@ QString Output(const QString& program, const QStringList& arguments) {
   return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
+/// Without the mark of its key, and the keys that stand behind a tab.
 QString Plain(QString words) {
-  return words.remove(QLatin1Char('&'));
+  return words.section(QLatin1Char('\t'), 0, 0).remove(QLatin1Char('&'));
 }
 
 /// As the window system's tools have it.
