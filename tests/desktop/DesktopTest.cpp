@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
@@ -28,6 +30,7 @@
 #include "desktop/platform/QtWindows.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/Desktop.h"
+#include "desktop/shell/DifferenceBox.h"
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
@@ -329,10 +332,9 @@ TEST_F(ShopTest, ReloadsWhatChangedOnDisk) {
     folder.Write(kMain, bytes);
     return bytes;
   };
+  QApplication::setActiveWindow(&Window());
   change("' from outside");
-  Window().Files().CheckDisk();
-  editor.Refresh();
-  EXPECT_TRUE(editor.toPlainText().startsWith(QStringLiteral("' from outside\n")));
+  EXPECT_TRUE(WaitUntil([&] { return ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)) == "' from outside"; }, 5s));
   EXPECT_FALSE(ModuleNamed(u"modMain").Modified());
 
   QTest::keyClicks(&editor, QStringLiteral("'"));
@@ -378,10 +380,33 @@ TEST_F(ShopTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {
   EXPECT_FALSE(component->TheModule()->Modified());
   EXPECT_EQ(folder.Read(kMain), before + "' outside\r\n");
 
-  // A file that is gone is told once, and asked about again by each save.
-  std::filesystem::remove(folder / kMain);
-  AnswerNext(QMessageBox::No);
+  // Whoever wants to see first what the difference is, is asked again; nothing is lost by Escape.
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  const std::string outside = before + "' again outside\r\n";
+  folder.Write(kMain, outside);
+  QString difference;
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, &closer, [&] {
+    auto* box = dynamic_cast<DifferenceBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    difference = box->findChild<QPlainTextEdit*>()->toPlainText();
+    box->reject();
+  });
+  closer.start(5);
+  AnswerNext(QMessageBox::Retry);
+  AnswerNext(QMessageBox::Cancel);
+  EXPECT_FALSE(Window().Files().Save(*component));
+  EXPECT_TRUE(difference.contains(QStringLiteral("-' again outside"))) << difference.toStdString();
+  EXPECT_EQ(folder.Read(kMain), outside);
+  AnswerNext(QMessageBox::Yes);
   Window().Files().CheckDisk();
+
+  // A file that is gone is told once, when it goes, and asked about again by each save.
+  QApplication::setActiveWindow(&Window());
+  question.clear();
+  AnswerNext(QMessageBox::No, &question);
+  std::filesystem::remove(folder / kMain);
+  EXPECT_TRUE(WaitUntil([&] { return question.contains(QStringLiteral("modMain.bas")); }, 5s));
   Window().Files().CheckDisk();
   QTest::keyClicks(&editor, QStringLiteral("'"));
   AnswerNext(QMessageBox::No);
@@ -389,7 +414,25 @@ TEST_F(ShopTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {
   EXPECT_FALSE(std::filesystem::exists(folder / kMain));
   AnswerNext(QMessageBox::Yes);
   EXPECT_TRUE(Window().Files().SaveAll());
-  EXPECT_EQ(folder.Read(kMain).size(), before.size() + 12);
+  EXPECT_EQ(folder.Read(kMain).size(), outside.size() + 1);
+
+  // Or it becomes another file.
+  std::filesystem::remove(folder / kMain);
+  QObject::connect(&closer, &QTimer::timeout, &closer, [&] {
+    auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (asked == nullptr) return;
+    asked->selectFile(QString::fromStdString(folder / "elsewhere.bas"));
+    static_cast<QDialog*>(asked)->accept();
+  });
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  AnswerNext(QMessageBox::Open);
+  EXPECT_FALSE(Window().Files().SaveAll()) << "nothing was left";
+  EXPECT_FALSE(component->TheModule()->Modified());
+  EXPECT_EQ(folder.Read("elsewhere.bas").size(), outside.size() + 2);
+  EXPECT_FALSE(std::filesystem::exists(folder / kMain));
+  QTest::keyClicks(&editor, QStringLiteral("'"));
+  EXPECT_TRUE(Window().Files().Save(*component));
+  EXPECT_EQ(folder.Read("elsewhere.bas").size(), outside.size() + 3);
 }
 
 TEST_F(DesktopTest, DroppedFilesAreOpened) {

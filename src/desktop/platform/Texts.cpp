@@ -93,9 +93,18 @@ constexpr std::array kWords = {
           u"文件 %1 已被其他程序修改，而这里也有未保存的改动。\n是否重新载入？（可用撤消恢复您的改动）",
           u"%1 was changed by another program, and has changes here that are not saved.\n"
           u"Load it again? (Undo brings your changes back.)"},
+    Words{Text::ReloadAnswer, u"重新载入(&R)", u"&Reload"},
+    Words{Text::KeepAnswer, u"保留我的改动(&K)", u"&Keep mine"},
+    Words{Text::CompareAnswer, u"比较(&M)...", u"Co&mpare..."},
+    Words{Text::Reloaded, u"已重新载入被其他程序修改的 %1", u"Another program changed %1; it was loaded again"},
     Words{Text::FileGone, u"无法读取 %1。", u"Cannot read %1."},
     Words{Text::RestoreQuestion, u"文件 %1 已不在磁盘上。\n是否重新写入？",
           u"%1 is no longer on disk.\nWrite it again?"},
+    Words{Text::RestoreAnswer, u"重新写入(&W)", u"&Write it again"},
+    Words{Text::SaveAsAnswer, u"另存为(&A)...", u"Save &as..."},
+    Words{Text::NotNowAnswer, u"暂不(&N)", u"&Not now"},
+    Words{Text::SaveAsTitle, u"模块另存为", u"Save the module as"},
+    Words{Text::SavedElsewhere, u"已保存为 %1；工程文件中仍列着 %2", u"Saved as %1; the project file still lists %2"},
     Words{Text::LineNumber, u"行号（1 到 %1）：", u"Line number (1 to %1):"},
     Words{Text::DroppedLines, u"保存时去掉了 %1 个隐藏行，因为它们所属的代码行已被删除。",
           u"%1 hidden line was left out of the saved files, because the code that it belonged to is gone.|"

@@ -10,9 +10,9 @@
 #include <exception>
 
 #include "base/Error.h"
-#include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/Texts.h"
+#include "desktop/shell/ErrorBox.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
 #include "workbench/model/Project.h"
@@ -24,9 +24,6 @@ namespace quorvane::desktop {
 
 namespace {
 
-const QString kTitle = QStringLiteral("Quorvane");  // of boxes
-
-using native::FileStamp;
 using workbench::Component;
 using workbench::Project;
 
@@ -41,20 +38,16 @@ std::vector<std::string> ToPaths(const QStringList& files) {
 }  // namespace
 
 FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts)
-    : workbench_(workbench), window_(window), texts_(texts) {}
-
-void FileCommands::TellError(const QString& what, const QString& why) {
-  QMessageBox box(QMessageBox::Critical, kTitle, what, QMessageBox::Ok, &window_);
-  box.setInformativeText(why);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+    : workbench_(workbench), window_(window), texts_(texts), disk_(workbench, window, texts) {
+  diskChanged_ = disk_.Changed.Subscribe([this] { Saved.Raise(); });
+  diskTold_ = disk_.Told.Subscribe([this](const QString& line) { Told.Raise(line); });
 }
 
 void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
   if (warnings.empty()) return;
   QStringList lines;
   for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
-  QMessageBox box(QMessageBox::Warning, kTitle, texts_.Counted(Text::NotAllOpened, lines.size()), QMessageBox::Ok,
+  QMessageBox box(QMessageBox::Warning, BoxTitle(), texts_.Counted(Text::NotAllOpened, lines.size()), QMessageBox::Ok,
                   &window_);
   box.setTextFormat(Qt::PlainText);
   if (lines.size() <= 5) {
@@ -105,7 +98,8 @@ bool FileCommands::OpenNow(const QStringList& files) {
     warnings = workbench::OpenFilesInto(workbench_, ToPaths(files), tell);
   } catch (const Error& error) {
     progress.reset();
-    if (!error.Is(ErrorNumber::UserInterrupt)) TellError(texts_(Text::CannotOpen), ToQString(error.Description));
+    if (!error.Is(ErrorNumber::UserInterrupt))
+      TellError(window_, texts_(Text::CannotOpen), ToQString(error.Description));
     return false;
   }
   progress.reset();
@@ -113,6 +107,7 @@ bool FileCommands::OpenNow(const QStringList& files) {
     const QString name = QString::fromStdString(path);
     if (!open_.contains(name)) open_ << name;
   }
+  disk_.Watch();
   Opened.Raise();
   TellWarnings(warnings);
   return true;
@@ -140,56 +135,25 @@ bool FileCommands::Guarded(SaveFiles save) {
     for (const workbench::SavedFile& file : save()) dropped += file.droppedHiddenLines.size();
     if (dropped > 0) Told.Raise(texts_.Counted(Text::DroppedLines, static_cast<qsizetype>(dropped)));
   } catch (const std::exception& error) {
-    TellError(texts_(Text::CannotSave), QString::fromUtf8(error.what()));
+    TellError(window_, texts_(Text::CannotSave), QString::fromUtf8(error.what()));
     Saved.Raise();
     return false;
   }
+  disk_.Watch();  // a save puts another file into the place of the old one
   Saved.Raise();
   return true;
 }
 
-/// What is to be saved over must be what was read, or the user says what it is to be.
-bool FileCommands::MaySave(const ComponentList& wanted) {
-  const FlagScope checking(checking_);
-  for (const auto& component : wanted) {
-    if (component->Path().empty()) continue;
-    if (!FileStamp::Of(component->Path())) {
-      if (!MayRestore(*component)) return false;
-      continue;
-    }
-    CheckFile(component);
-    if (!component->TheModule()->Modified()) {  // loaded again instead
-      Saved.Raise();
-      return false;
-    }
-  }
-  return true;
-}
-
-bool FileCommands::MayRestore(const Component& component) {
-  const QString path = QString::fromStdString(component.Path());
-  gone_.insert(component.Path());
-  if (QMessageBox::question(&window_, kTitle, texts_(Text::RestoreQuestion).arg(path)) != QMessageBox::Yes)
-    return false;
-  try {
-    workbench::RestoreFileOf(workbench_, component);
-  } catch (const std::exception& error) {
-    TellError(texts_(Text::CannotSave), QString::fromUtf8(error.what()));
-    return false;
-  }
-  gone_.erase(component.Path());
-  return true;
-}
-
 bool FileCommands::Save(const Component& component) {
-  ComponentList wanted = OfFile(component.Path());
+  ComponentList wanted = disk_.OfFile(component.Path());
   std::erase_if(wanted, [](const auto& twin) { return !twin->TheModule()->Modified(); });
-  if (!MaySave(wanted)) return false;
+  if (!wanted.empty() && !disk_.MaySave(wanted)) return false;
   return Guarded([&] { return workbench::SaveFileOf(workbench_, component); });
 }
 
 bool FileCommands::SaveAll() {
-  if (!MaySave(Modified(nullptr))) return false;
+  const ComponentList modified = Modified(nullptr);
+  if (!modified.empty() && !disk_.MaySave(modified)) return false;
   return Guarded([&] { return workbench::SaveGroup(workbench_); });
 }
 
@@ -198,7 +162,7 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   if (modified.empty()) return true;
   QStringList names;
   for (const auto& component : modified) names << ToQString(component->FullName());
-  QMessageBox box(QMessageBox::Question, kTitle, texts_.Counted(Text::SaveQuestion, names.size()),
+  QMessageBox box(QMessageBox::Question, BoxTitle(), texts_.Counted(Text::SaveQuestion, names.size()),
                   QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
   box.setDefaultButton(QMessageBox::Save);
   box.button(QMessageBox::Save)->setText(texts_(Text::SaveAnswer));
@@ -211,7 +175,8 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   }
   switch (box.exec()) {
     case QMessageBox::Save:
-      return std::ranges::all_of(modified, [&](const auto& component) { return Save(*component); });
+      return std::ranges::all_of(
+          modified, [&](const auto& component) { return Save(*component) || !component->TheModule()->Modified(); });
     case QMessageBox::Discard:
       return true;
     default:
@@ -228,6 +193,7 @@ bool FileCommands::CloseAll() {
 void FileCommands::CloseNow() {
   while (!workbench_.Projects().empty()) workbench_.Close(workbench_.Projects().back());
   open_.clear();
+  disk_.Watch();
   Opened.Raise();
 }
 
@@ -235,59 +201,9 @@ bool FileCommands::CloseProject(const std::shared_ptr<Project>& project) {
   if (!MayClose(Modified(project.get()))) return false;
   workbench_.Close(project);
   if (workbench_.Projects().empty()) open_.clear();
+  disk_.Watch();
   Opened.Raise();
   return true;
-}
-
-void FileCommands::CheckDisk() {
-  if (checking_) return;  // a question is open
-  const FlagScope checking(checking_);
-  ComponentList changed;
-  ComponentList gone;
-  for (const auto& project : workbench_.Projects()) {
-    for (const auto& component : project->Components()) {
-      if (!component->TheModule() || component->Path().empty()) continue;
-      const auto stamp = FileStamp::Of(component->Path());
-      if (!stamp && !gone_.contains(component->Path())) gone.push_back(component);
-      if (stamp && !(*stamp == component->Stamp())) changed.push_back(component);
-    }
-  }
-  for (const auto& component : changed) CheckFile(component);
-  for (const auto& component : gone) {
-    if (!gone_.contains(component->Path()) && !FileStamp::Of(component->Path())) MayRestore(*component);
-  }
-  if (!changed.empty()) Saved.Raise();
-}
-
-FileCommands::ComponentList FileCommands::OfFile(const std::string& path) const {
-  ComponentList found;
-  for (const auto& project : workbench_.Projects()) {
-    for (const auto& component : project->Components()) {
-      if (component->TheModule() && component->Path() == path) found.push_back(component);
-    }
-  }
-  return found;
-}
-
-void FileCommands::CheckFile(const std::shared_ptr<Component>& component) {
-  const auto stamp = FileStamp::Of(component->Path());
-  if (!stamp || *stamp == component->Stamp()) return;  // done together with another component of that file
-  const QString path = QString::fromStdString(component->Path());
-  const ComponentList twins = OfFile(component->Path());
-  if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
-    const auto answer = QMessageBox::question(&window_, kTitle, texts_(Text::ReloadQuestion).arg(path));
-    // Whoever keeps the edits means them: the next save is over what is on disk now.
-    if (answer != QMessageBox::Yes) {
-      for (const auto& twin : twins) twin->SetStamp(*stamp);
-      return;
-    }
-  }
-  try {
-    workbench::ReloadFileOf(workbench_, *component);
-  } catch (const std::exception& error) {
-    for (const auto& twin : twins) twin->SetStamp(*stamp);
-    TellError(texts_(Text::FileGone).arg(path), QString::fromUtf8(error.what()));
-  }
 }
 
 }  // namespace quorvane::desktop

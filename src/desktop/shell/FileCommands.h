@@ -4,11 +4,11 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "base/Event.h"
+#include "desktop/shell/DiskChanges.h"
 
 class QWidget;
 
@@ -49,7 +49,7 @@ class FileCommands {
 
   /// Loads again what other programs changed on disk; asks where that touches edits that are not saved, and once for a
   /// file that is gone.
-  void CheckDisk();
+  void CheckDisk() { disk_.Check(); }
 
   /// What the user opened and has not closed.
   const QStringList& OpenFiles() const { return open_; }
@@ -60,27 +60,23 @@ class FileCommands {
   Event<const QString&> Told;  ///< a line that needs no answer
 
  private:
-  using ComponentList = std::vector<std::shared_ptr<workbench::Component>>;
+  using ComponentList = DiskChanges::ComponentList;
 
   bool OpenNow(const QStringList& files);
   bool MayClose(const ComponentList& modified);
   void CloseNow();
   ComponentList Modified(const workbench::Project* project) const;
-  ComponentList OfFile(const std::string& path) const;
   template <class SaveFiles>
   bool Guarded(SaveFiles save);
-  bool MaySave(const ComponentList& wanted);
-  bool MayRestore(const workbench::Component& component);
-  void CheckFile(const std::shared_ptr<workbench::Component>& component);
   void TellWarnings(const std::vector<std::string>& warnings);
-  void TellError(const QString& what, const QString& why);
 
   workbench::Workbench& workbench_;
   QWidget& window_;
   const Texts& texts_;
   QStringList open_;
-  std::set<std::string> gone_;  ///< paths whose absence was told
-  bool checking_ = false;
+  DiskChanges disk_;
+  Subscription diskChanged_;
+  Subscription diskTold_;
 };
 
 }  // namespace desktop

@@ -41,6 +41,7 @@ class Component final : public vbide::VBComponent {
 
   const std::shared_ptr<Module>& TheModule() const { return module_; }
   const std::string& Path() const { return parts_.path; }
+  void SetPath(std::string path) { parts_.path = std::move(path); }
   const native::FileStamp& Stamp() const { return parts_.stamp; }
   void SetStamp(const native::FileStamp& stamp) { parts_.stamp = stamp; }
 

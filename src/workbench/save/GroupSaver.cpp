@@ -198,6 +198,21 @@ void RestoreFileOf(Workbench& workbench, const Component& component) {
   for (const ComponentPtr& twin : twins) twin->SetStamp(*stamp);
 }
 
+void SaveFileAs(Workbench& workbench, const Component& component, const std::string& path) {
+  const std::vector<ComponentPtr> twins = TwinsOf(workbench, component);
+  const std::vector<Edited> edited = FindEdited(twins);
+  if (!edited.empty()) RefuseConflict(edited);
+  Target target;
+  target.source = edited.empty() ? twins.front() : edited.front().component;
+  target.file.after = ComposeNamed(*target.source).bytes;
+  target.components = twins;
+  native::WriteFileWhole(path, target.file.after);
+  for (const ComponentPtr& twin : twins) twin->SetPath(path);
+  workbench.Turns().Next();
+  Settle(target, native::FileStamp::Of(path).value_or(component.Stamp()));
+  workbench.Turns().Next();
+}
+
 void ReloadFileOf(Workbench& workbench, const Component& component) {
   native::FileBytes read = native::ReadFileBytes(component.Path());
   if (read.error != 0)

@@ -42,6 +42,10 @@ std::vector<SavedFile> SaveFileOf(Workbench& workbench, const Component& compone
 /// Raises as WriteFileWhole does.
 void RestoreFileOf(Workbench& workbench, const Component& component);
 
+/// Writes the text of `component` to another file, at `path` (UTF-8), which is from now on its file, and that of all
+/// others that showed the old one. Project files still list the old name. Raises as a save does.
+void SaveFileAs(Workbench& workbench, const Component& component, const std::string& path);
+
 /// Makes the text of `component` and of all others that show its file what the file holds now, as one step of their
 /// undo. Edits that were not saved are thus set aside, not lost. Raises error 75, naming the file, when it cannot be
 /// read.
