@@ -68,7 +68,7 @@ int Find(const Options& options) {
   session.CheckOutput(options);
   if (options.format == Format::Lines) UseStylesheet(options.xsl);
   Output output(options.output);
-  ResultPage& page = KeepUntilExit<ResultPage>(options.format == Format::Lines);
+  ResultPage& page = KeepUntilExit<ResultPage>(options.format == Format::Lines && !options.quiet, options.maxCount);
   std::u16string module;
   const auto scanning = page.mobjTask.OnScanModule.Subscribe([&module](const std::u16string& name) { module = name; });
   std::set<std::string> cutShort;

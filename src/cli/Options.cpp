@@ -45,6 +45,7 @@ class Parser {
 
  private:
   void AddFind();
+  void AddAmount();
   void AddReplace();
   void AddList();
   void AddCondition(CLI::App& command);
@@ -52,6 +53,7 @@ class Parser {
   void AddCommon(CLI::App& command);
   void Check(const CLI::App& command);
   void CheckPlace(const CLI::App& command);
+  void CheckAmount(const CLI::App& command);
   void NoteUnread(const CLI::App& command);
 
   CLI::App app_{"Find and replace in Visual Basic 6 projects.", "quorvane"};
@@ -61,6 +63,8 @@ class Parser {
   CLI::App* list_ = nullptr;
   std::string at_;
   std::string select_;
+  bool names_ = false;
+  std::int32_t context_ = 0;
 };
 
 template <class T>
@@ -106,6 +110,24 @@ void Parser::AddFind() {
   AddChoice<Color>(*find_, "--color", options_.color,
                    {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}},
                    "Show the match in bold (default: auto, on a terminal)");
+  AddAmount();
+  find_->footer(find_->get_footer() + "\n-l -q -w -A -B -C mean what they mean to grep; -m -c -s -a and -o do not.");
+}
+
+/// What grep has too, under the same names.
+void Parser::AddAmount() {
+  const auto addNumber = [this](const char* name, auto& target, const char* description) {
+    find_->add_option(name, target, description)
+        ->type_name("NUM")
+        ->check(CLI::Validator(CLI::NonNegativeNumber).description(""));
+  };
+  find_->add_flag("-l,--files-with-matches", names_, "Print the path of each file that has a match, and nothing else")
+      ->excludes("--format");
+  find_->add_flag("-q,--quiet", options_.quiet, "Print nothing and stop at the first match: the exit status tells");
+  addNumber("--max-count", options_.maxCount, "Tell the matches of NUM lines of each module at most (-m is the mode)");
+  addNumber("-A,--after-context", options_.after, "Show NUM lines after each match");
+  addNumber("-B,--before-context", options_.before, "Show NUM lines before each match");
+  addNumber("-C,--context", context_, "Show NUM lines before and after each match");
 }
 
 void Parser::AddReplace() {
@@ -223,9 +245,16 @@ void Parser::NoteUnread(const CLI::App& command) {
   note("--file-lines", options_.at.has_value());
   if (find) {
     note("--xsl", options_.format == Format::Lines);
-    note("--color", options_.format == Format::Lines);
+    for (const char* name : {"--color", "--after-context", "--before-context", "--context"})
+      note(name, options_.format == Format::Lines);
     note("--unique", options_.format == Format::Count || options_.format == Format::Vimgrep);
   }
+}
+
+void Parser::CheckAmount(const CLI::App& command) {
+  if (names_) options_.format = Format::Names;
+  if (command.count("--before-context") == 0) options_.before = context_;
+  if (command.count("--after-context") == 0) options_.after = context_;
 }
 
 void Parser::Check(const CLI::App& command) {
@@ -238,6 +267,7 @@ void Parser::Check(const CLI::App& command) {
   }
   if (options_.command == Command::Replace && command.count("--mode") == 0) options_.mode = gsRegular;
   CheckPlace(command);
+  if (options_.command == Command::Find) CheckAmount(command);
   NoteUnread(command);
 }
 

@@ -13,19 +13,23 @@ namespace quorvane::cli {
 
 enum class Command { Find, Replace, List };
 
-enum class Format { Lines, Vimgrep, Json, Xml, Count };
+enum class Format { Lines, Vimgrep, Json, Xml, Count, Names };
 
 enum class Color { Auto, Always, Never };
 
 /// What the user asked for, checked as far as it can be without opening a file. Texts are UTF-8 as typed.
 struct Options {
   Command command = Command::Find;
-  std::string text;         ///< TEXT or PATTERN, without CR and LF; not empty but for list
-  std::string replacement;  ///< without CR and LF
+  std::string text;                ///< TEXT or PATTERN, without CR and LF; not empty but for list
+  std::string replacement;         ///< without CR and LF
   std::vector<std::string> files;  ///< files and folders; the working directory where none was named
   PathGlobs globs;                 ///< of the components
   bool sortByPath = false;
-  bool unique = false;  ///< a file that several projects list is counted once
+  bool unique = false;                   ///< a file that several projects list is counted once
+  bool quiet = false;                    ///< nothing is told but the exit status
+  std::optional<std::int32_t> maxCount;  ///< matching lines told of each module at most
+  std::int32_t before = 0;               ///< lines shown before a match, and after it
+  std::int32_t after = 0;
 
   gsMode mode = gsCommon;
   gsArea area = gsAllProjects;

@@ -1,6 +1,8 @@
 #include "cli/Reporter.h"
 
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +13,7 @@
 #include "addin/search/ResultCollection.h"
 #include "base/Error.h"
 #include "base/Text.h"
+#include "cli/ContextLines.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Places.h"
@@ -24,18 +27,26 @@ namespace quorvane::cli {
 namespace {
 
 constexpr std::string_view kBold = "\033[1m";
-constexpr std::string_view kPrefixColor = "\033[36m";
-constexpr std::string_view kPlain = "\033[0m";
+constexpr std::string_view kPrefixColor = ContextLines::kPrefixColor;
+constexpr std::string_view kPlain = ContextLines::kPlain;
 
 class LineReporter final : public Reporter {
  public:
-  LineReporter(bool color, ResultPage& page, Output& output) : color_(color), page_(page), output_(output) {
+  LineReporter(bool color, const Options& options, ResultPage& page, Output& output)
+      : color_(color), page_(page), output_(output) {
+    if (options.before > 0 || options.after > 0) context_.emplace(options.before, options.after, color);
     page_.OnLine = [this](const std::u16string& line, std::int32_t id) { Tell(line, id); };
   }
+
+  void Finish() override {
+    if (context_) output_.Write(context_->Rest());
+  }
+  void Cut() override { Finish(); }
 
  private:
   void Tell(const std::u16string& line, std::int32_t id) {
     bytes_.clear();
+    if (context_) bytes_ = context_->Before(*page_.Result()->Item(id));
     if (color_) {
       AppendColored(line, id);
     } else {
@@ -65,6 +76,7 @@ class LineReporter final : public Reporter {
   const bool color_;
   ResultPage& page_;
   Output& output_;
+  std::optional<ContextLines> context_;
   std::string bytes_;
 };
 
@@ -112,6 +124,28 @@ class VimgrepReporter final : public Reporter {
   TwinFilter twins_;
   std::string bytes_;
   std::string text_;
+};
+
+class NameReporter final : public Reporter {
+ public:
+  NameReporter(ResultPage& page, Output& output) {
+    page.OnMatch = [this, &output](const PositionInfo& pi) {
+      if (pi.mobjCodeObject == last_ || !twins_.IsFirst(pi)) return;
+      last_ = pi.mobjCodeObject;
+      output.Write(PlaceOf(pi).path + '\n');
+    };
+  }
+
+ private:
+  TwinFilter twins_;
+  std::shared_ptr<vbide::CodeModule> last_;
+};
+
+class QuietReporter final : public Reporter {
+ public:
+  explicit QuietReporter(ResultPage& page) {
+    page.OnMatch = [&page](const PositionInfo&) { page.mobjTask.mblnCancel = true; };
+  }
 };
 
 class JsonReporter final : public Reporter {
@@ -198,11 +232,14 @@ class CountReporter final : public Reporter {
 }  // namespace
 
 std::unique_ptr<Reporter> NewReporter(const Options& options, ResultPage& page, Output& output) {
+  if (options.quiet) return std::make_unique<QuietReporter>(page);
   switch (options.format) {
     case Format::Lines: {
       const bool color = options.color == Color::Always || (options.color == Color::Auto && output.IsTerminal());
-      return std::make_unique<LineReporter>(color, page, output);
+      return std::make_unique<LineReporter>(color, options, page, output);
     }
+    case Format::Names:
+      return std::make_unique<NameReporter>(page, output);
     case Format::Vimgrep:
       return std::make_unique<VimgrepReporter>(page, output);
     case Format::Json:

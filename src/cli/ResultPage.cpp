@@ -9,8 +9,8 @@
 
 namespace quorvane::cli {
 
-ResultPage::ResultPage(bool showsLines)
-    : result_(std::make_shared<ResultCollection>()), condSnap_(std::make_shared<ConditionSnap>()) {
+ResultPage::ResultPage(bool showsLines, std::optional<std::int32_t> maxCount)
+    : result_(std::make_shared<ResultCollection>()), condSnap_(std::make_shared<ConditionSnap>()), maxCount_(maxCount) {
   result_->Setup(*this);
   mobjTask.Setup(*this);
   if (showsLines) {
@@ -23,9 +23,11 @@ ResultPage::ResultPage(bool showsLines)
   }
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
     if (lastLine_ != pi->mlngID) {
-      CheckColumns(*pi);
+      pi->CheckScreenColumns();  // raises for a match that cannot be told
       if (firstFailed_ == 0) firstFailed_ = pi->mlngID;
     }
+    if (!Wanted(*pi)) return;
+    ++told_;
     if (OnMatch) OnMatch(*pi);
   });
 }
@@ -37,20 +39,17 @@ ResultPage::~ResultPage() {
 }
 
 void ResultPage::TakeLine(const std::u16string& line, std::int32_t id) {
-  if (OnLine && !TrimBlanks(line).empty()) OnLine(line, id);
+  if (OnLine && !TrimBlanks(line).empty() && Wanted(*result_->Item(id))) OnLine(line, id);
 }
 
-void ResultPage::CheckColumns(const PositionInfo& pi) {
-  try {
-    pi.CheckScreenColumns();
-  } catch (const Error&) {
-    ++untold_;
-    throw;
-  }
-}
-
-std::int32_t ResultPage::CountOfTold() const {
-  return result_->Count() - untold_;
+bool ResultPage::Wanted(const PositionInfo& pi) {
+  if (!maxCount_) return true;
+  const vbide::CodeModule* code = pi.mobjCodeObject.get();
+  if (code != code_) lines_ = 0;
+  if (code != code_ || pi.mlngY1 != line_) ++lines_;
+  code_ = code;
+  line_ = pi.mlngY1;
+  return lines_ <= *maxCount_;
 }
 
 void ResultPage::CheckLines() {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
 namespace quorvane::cli {
 
@@ -34,7 +35,11 @@ int RawOutput::Write(std::string_view bytes) {
 }
 
 bool RawOutput::IsTerminal() const {
-  return isatty(file_) == 1;
+  const char* const terminal = std::getenv("TERM");
+  const char* const noColour = std::getenv("NO_COLOR");
+  const bool plain =
+      (terminal != nullptr && std::string_view(terminal) == "dumb") || (noColour != nullptr && *noColour != '\0');
+  return !plain && isatty(file_) == 1;
 }
 
 }  // namespace quorvane::cli
