@@ -95,7 +95,7 @@ int Find(const Options& options) {
   if (options.format == Format::Lines) page.CheckLines();
   reporter->Finish();
   output.Finish();
-  if (canceled && Interrupted()) return kStatusCanceled;
+  if (canceled && Interrupted()) return InterruptStatus();
   return page.CountOfTold() > 0 ? kStatusFound : kStatusNothing;
 }
 

@@ -63,6 +63,7 @@ class Parser {
   CLI::App* list_ = nullptr;
   std::string at_;
   std::string select_;
+  workbench::Recovery recovery_ = workbench::Recovery::Keep;
   bool names_ = false;
   std::int32_t context_ = 0;
 };
@@ -142,6 +143,8 @@ void Parser::AddReplace() {
   AddPlace(*replace_);
   replace_->add_option("-o,--output", options_.output, "Write the diff to FILE")->type_name("FILE");
   replace_->add_flag("--write", options_.write, "Save the files; without it a diff is shown and nothing is written");
+  replace_->add_flag("--write-outside", options_.writeOutside,
+                     "Save files too that a project lists by an absolute path outside the projects' folders");
 }
 
 void Parser::AddList() {
@@ -167,6 +170,11 @@ void Parser::AddCommon(CLI::App& command) {
     AddChoice<bool>(command, "--sort", options_.sortByPath, {{"none", false}, {"path", true}},
                     "Order of the components (default: none, as the projects list them)");
   }
+  AddChoice<workbench::Recovery>(command, "--recover", recovery_,
+                                 {{"finish", workbench::Recovery::Finish},
+                                  {"back", workbench::Recovery::GoBack},
+                                  {"keep", workbench::Recovery::Keep}},
+                                 "Settle a save of several files that was cut short, before all else");
   command.add_option("--codepage", options_.codepage, "Code page of the files, such as 1252, 936 or UTF-8")
       ->type_name("NAME");
   AddChoice<std::int32_t>(command, "--language", options_.language, {{"zh", 0}, {"en", 1}},
@@ -259,6 +267,7 @@ void Parser::CheckAmount(const CLI::App& command) {
 
 void Parser::Check(const CLI::App& command) {
   if (options_.files.empty()) options_.files.emplace_back(".");
+  if (command.count("--recover") > 0) options_.recover = recovery_;
   if (options_.command == Command::List) return;
   options_.text = WithoutLineBreaks(options_.text);
   options_.replacement = WithoutLineBreaks(options_.replacement);

@@ -8,6 +8,7 @@
 #include "addin/search/ICondInfo.h"
 #include "cli/PathGlobs.h"
 #include "vbide/VBIDE.h"
+#include "workbench/save/SaveJournal.h"
 
 namespace quorvane::cli {
 
@@ -49,6 +50,8 @@ struct Options {
   std::int32_t language = 1;
   Color color = Color::Auto;
   bool write = false;
+  bool writeOutside = false;  ///< files too that a project lists by an absolute path elsewhere
+  std::optional<workbench::Recovery> recover;  ///< what becomes of a save that was cut short
   bool procedures = false;
 
   /// Options given that this command or mode does not look at, for a warning each.

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
+#include "native/files/Leftovers.h"
 
 namespace quorvane::cli {
 
@@ -29,6 +30,7 @@ Output::Output(std::string path) : path_(std::move(path)) {
   }
   if (exists && !native::CanWrite(path_)) Check(errno);
   if (exists) path_ = native::RealPath(path_);
+  native::RemoveLeftovers({path_});
   file_.emplace(path_);
   Check(file_->Made());
   Check(file_->Dress());

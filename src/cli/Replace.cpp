@@ -42,6 +42,16 @@ bool Save(workbench::Workbench& host, Output& output) {
   return !files.empty();
 }
 
+void RefuseOutside(const Options& options, const workbench::Workbench& host) {
+  if (options.writeOutside) return;
+  std::string names;
+  for (const std::string& path : workbench::FilesOutside(host)) names += (names.empty() ? "" : ", ") + path;
+  if (names.empty()) return;
+  RaiseError(ErrorNumber::PathFileAccess,
+             FromUtf8(names + ": outside the folders of all projects, and listed by an absolute path; nothing was "
+                              "written. --write-outside writes it all the same"));
+}
+
 /// Tells of what the replacement loses without -s; with -s it is taken as it stands.
 void WarnOfEscapes(const Options& options) {
   if (options.mode != gsRegular || options.singleLine) return;
@@ -71,10 +81,22 @@ int Replace(const Options& options) {
       throw WhereItHappened(error, module);
     }
   }
-  if (Interrupted()) return kStatusCanceled;
+  if (Interrupted()) return InterruptStatus();
   Output output(options.output);
-  const bool changed = options.write ? Save(session.Host(), output) : ShowDiff(session.Host(), output);
+  if (options.write) RefuseOutside(options, session.Host());
+  bool changed = false;
+  try {
+    changed = options.write ? Save(session.Host(), output) : ShowDiff(session.Host(), output);
+  } catch (const Error& error) {
+    if (!error.Is(ErrorNumber::UserInterrupt)) throw;
+    TellError(error.what());
+    return InterruptStatus();
+  }
   output.Finish();
+  if (options.write && Interrupted()) {
+    TellError("interrupted, but all files are saved");
+    return InterruptStatus();
+  }
   return changed ? kStatusFound : kStatusNothing;
 }
 

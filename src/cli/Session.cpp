@@ -89,6 +89,24 @@ std::shared_ptr<const workbench::Sieve> SieveFor(const Options& options, Platfor
   return sieve.Usable() ? std::make_shared<const workbench::Sieve>(std::move(sieve)) : nullptr;
 }
 
+/// Tells of saves that were cut short, or ends them as the options say: then the files are others than were opened.
+bool SettleHalfSaves(const Options& options, const workbench::Workbench& host) {
+  std::vector<std::string> paths;
+  for (const auto& project : host.Projects()) {
+    for (const auto& component : project->Components()) paths.push_back(component->Path());
+  }
+  const auto saves = workbench::FindHalfSaves(paths);
+  for (const workbench::SaveJournal& save : saves) {
+    if (options.recover) {
+      save.Recover(*options.recover);
+    } else {
+      TellWarning(save.Words() +
+                  "; --recover finish saves the rest, back undoes it, keep leaves the files as they are");
+    }
+  }
+  return options.recover && !saves.empty();
+}
+
 }  // namespace
 
 Session::Session(const Options& options) : platform_(options.codepage, options.language) {
@@ -102,6 +120,7 @@ Session::Session(const Options& options) : platform_(options.codepage, options.l
     };
   }
   group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage(), choice);
+  if (SettleHalfSaves(options, Host())) group_ = workbench::OpenFiles(options.files, platform_.AnsiCodePage(), choice);
   if (choice.wanted && !anyWanted) TellWarning("--include and --exclude leave no component");
   for (const std::string& warning : group_.warnings) TellWarning(warning);
   Globals::gobjVBE = std::shared_ptr<vbide::VBE>(std::shared_ptr<void>(), group_.workbench.get());

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -7,9 +8,13 @@
 #include <csignal>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 #include "cli/Program.h"
+#include "native/files/NewFile.h"
+#include "workbench/save/FileSaver.h"
 
 namespace quorvane::test {
 namespace {
@@ -70,6 +75,54 @@ TEST_F(InterruptTest, ASecondCtrlCEnds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(100));
   kill(child_, SIGINT);
   EXPECT_EQ(Wait(child_).status, -SIGINT);
+}
+
+TEST_F(InterruptTest, ARequestToEndCancelsToo) {
+  kill(child_, SIGTERM);
+  Drain();
+  EXPECT_EQ(Wait(child_).status, 128 + SIGTERM);
+}
+
+/// A save of two files that was killed between them.
+class HalfSaveTest : public testing::Test, protected Program {
+ protected:
+  HalfSaveTest() {
+    std::vector<workbench::FileToSave> files;
+    for (const std::string name : {"A.bas", "sub/B.bas"}) {
+      const std::string path = folder.Write(name, "old\r\n");
+      files.push_back({path, "new\r\n", native::FileStamp::Of(path).value()});
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+      workbench::SaveFiles(files, [](const char* from, const char* to) {
+        if (std::string_view(to).ends_with("B.bas")) raise(SIGKILL);
+        return native::MoveOver(from, to);
+      });
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+  }
+};
+
+TEST_F(HalfSaveTest, IsToldAndSettled) {
+  const std::string told =
+      "a save of several files was cut short: 1 of 2 are saved; saved: A.bas; not saved: sub/B.bas";
+  EXPECT_EQ(Shell("$Q find -l o sub/B.bas 2>&1; echo $?").out,
+            "quorvane: warning: " + told +
+                "; --recover finish saves the rest, back undoes it, keep leaves the files as they are\nsub/B.bas\n0\n");
+  EXPECT_EQ(Shell("$Q replace --write w v A.bas 2>&1 | tail -1").out,
+            "quorvane: A.bas: cannot be saved: " + told + "\n");
+  for (const auto& [how, found] :
+       {std::pair("finish", "new\nnew\n"), std::pair("back", "old\nold\n"), std::pair("keep", "new\nold\n")}) {
+    EXPECT_EQ(
+        Shell(std::string("W=$(mktemp -d); cp -a . $W; cd $W; $Q list --recover ") + how +
+              " A.bas sub/B.bas >out 2>&1; wc -l <out; tr -d '\\r' <A.bas; tr -d '\\r' <sub/B.bas; rm out; find . "
+              "-type f | sort; rm -r $W")
+            .out,
+        std::string("2\n") + found + "./A.bas\n./sub/B.bas\n")
+        << how;
+  }
 }
 
 }  // namespace

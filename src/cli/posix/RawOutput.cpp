@@ -11,6 +11,7 @@ namespace quorvane::cli {
 
 RawOutput::RawOutput(int file) : file_(file) {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 RawOutput::~RawOutput() {

@@ -4,6 +4,8 @@
 
 #include <atomic>
 
+#include "cli/ExitStatus.h"
+
 namespace quorvane::cli {
 
 namespace {
@@ -24,6 +26,10 @@ void CatchInterrupt() {
 
 bool Interrupted() {
   return interrupted;
+}
+
+int InterruptStatus() {
+  return kStatusCanceled;
 }
 
 }  // namespace quorvane::cli

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
+#include "native/files/Leftovers.h"
 #include "native/files/NewFile.h"
 
 namespace quorvane::native {
@@ -33,6 +34,7 @@ std::string Target(const std::string& path) {
 void WriteFileWhole(const std::string& path, std::string_view bytes) {
   const std::string target = Target(path);
   if (std::error_code ignored; std::filesystem::is_directory(FilePath(target), ignored)) RaiseFileError(path, EISDIR);
+  RemoveLeftovers({target});
   NewFile file(target);
   int code = file.Made();
   if (code == 0) code = file.Write(bytes);

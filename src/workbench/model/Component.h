@@ -26,6 +26,7 @@ class Component final : public vbide::VBComponent {
     vbide::ComponentType type = vbide::ComponentType::StdModule;
     /// The file as found on disk; relative to the working directory unless it is absolute. Empty: not on disk.
     std::string path;
+    bool listedAbsolute = false;  ///< its project lists it by an absolute path
     native::FileStamp stamp;                 ///< of that file when it was read
     std::shared_ptr<const SourceFile> file;  ///< what it held; nothing for a component without code
   };
@@ -41,7 +42,11 @@ class Component final : public vbide::VBComponent {
 
   const std::shared_ptr<Module>& TheModule() const { return module_; }
   const std::string& Path() const { return parts_.path; }
-  void SetPath(std::string path) { parts_.path = std::move(path); }
+  void SetPath(std::string path) {
+    parts_.path = std::move(path);
+    parts_.listedAbsolute = false;
+  }
+  bool ListedAbsolute() const { return parts_.listedAbsolute; }
   const native::FileStamp& Stamp() const { return parts_.stamp; }
   void SetStamp(const native::FileStamp& stamp) { parts_.stamp = stamp; }
 

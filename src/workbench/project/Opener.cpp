@@ -278,6 +278,7 @@ Component::Parts Opener::MakeParts(const PlannedComponent& component, const Load
   if (parts.name.empty()) parts.name = component.entry.name;
   if (parts.name.empty()) parts.name = Stem(component.path);
   parts.path = component.path;
+  parts.listedAbsolute = !component.argument && IsAbsolutePath(component.entry.path);
   parts.stamp = loaded.stamp;
   parts.file = loaded.source;
   return parts;

@@ -78,6 +78,11 @@ std::vector<std::u16string_view> Names(std::u16string_view path, int& climbs) {
 
 }  // namespace
 
+bool IsAbsolutePath(std::u16string_view windowsPath) {
+  const std::u16string_view path = TrimSpace(windowsPath);
+  return path.starts_with(u'\\') || path.starts_with(u'/') || (path.size() > 1 && path[1] == u':');
+}
+
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return {};
@@ -101,7 +106,7 @@ std::string ShownPath(const std::string& path) {
 std::string PathFinder::Find(const std::string& folder, std::u16string_view windowsPath) {
   const std::u16string_view path = TrimSpace(windowsPath);
   if (path.empty() || path.find(u'\0') != std::u16string_view::npos) return {};
-  if (path.starts_with(u'\\') || (path.size() > 1 && path[1] == u':')) {
+  if (IsAbsolutePath(path) && !path.starts_with(u'/')) {
     return kOnWindows && Exists(ToUtf8(path), false) ? PathText(FilePath(ToUtf8(path))) : std::string();
   }
   int climbs = 0;

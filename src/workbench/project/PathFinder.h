@@ -37,6 +37,8 @@ class PathFinder {
   std::map<std::string, std::string> shown_;  ///< folder outside the working directory, as it is shown
 };
 
+/// Whether a Windows path names its file from the root of a file system, a drive or a server on.
+bool IsAbsolutePath(std::u16string_view windowsPath);
 /// The folder that a file stands in; empty for the working directory.
 std::string FolderOf(const std::string& path);
 /// The last name of a path.

@@ -13,16 +13,20 @@
 #include "base/Text.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
+#include "native/files/HeldSignals.h"
+#include "native/files/Leftovers.h"
 #include "native/files/NewFile.h"
 #include "workbench/project/PathFinder.h"
+#include "workbench/save/SaveJournal.h"
 
 namespace quorvane::workbench {
 
 // Several files are saved as one step as far as a file system allows that. Everything that can fail without touching a
 // file comes first: that each is a plain file, may be written and is as it was when it was opened. Then all new bytes
 // are written beside their files and flushed; a failure up to here leaves every file as it was. Only then the new files
-// are moved over the old ones, and an error on that last stretch names what is saved and what is not. Two names of one
-// file are one file.
+// are moved over the old ones, and an error on that last stretch names what is saved and what is not; a journal beside
+// them tells it to whoever comes after a crash. A signal that asks for the end waits: it stops the writing, never the
+// moving. Two names of one file are one file.
 
 namespace {
 
@@ -111,6 +115,58 @@ std::string Names(const std::vector<Saving>& plan, std::size_t begin, std::size_
        why + "; saved: " + Names(plan, 0, renamed) + "; not saved: " + Names(plan, renamed, plan.size()));
 }
 
+/// What a save that did not come to its end left in the folders: temporary files go; a group that is half saved is not
+/// mixed with a third state.
+void ClearTheWay(const std::vector<Saving>& plan) {
+  std::set<std::string> folders;
+  std::vector<std::string> targets;
+  for (const Saving& saving : plan) {
+    targets.push_back(saving.target);
+    const std::string folder = FolderOf(saving.target);
+    if (!folders.insert(folder).second) continue;
+    targets.push_back(folder + "/" + native::kSaveJournalName);
+    const SaveJournal journal = SaveJournal::In(folder);
+    if (journal.Empty()) continue;
+    if (journal.UnderWay()) {
+      Fail(ErrorNumber::PathFileAccess, saving.file->path + ": cannot be saved: another save is under way in " +
+                                            targets.back() + "; remove that file if its program is gone");
+    }
+    if (journal.IsHalf())
+      Fail(ErrorNumber::PathFileAccess, saving.file->path + ": cannot be saved: " + journal.Words());
+    journal.Remove();
+  }
+  native::RemoveLeftovers(targets);
+}
+
+/// The record of a save of several files, as long as they are being replaced.
+class Record {
+ public:
+  explicit Record(const std::vector<Saving>& plan) : journal_(Entries(plan)) {
+    if (journal_.Empty()) return;
+    journal_.KeepOld();
+    const int error = journal_.Write();
+    if (error == 0) return;
+    journal_.Remove();
+    FailWriting(FolderOf(plan.front().target) + "/" + native::kSaveJournalName, error);
+  }
+  ~Record() {
+    if (!journal_.Empty()) journal_.Remove();
+  }
+  Record(const Record&) = delete;
+  Record& operator=(const Record&) = delete;
+
+ private:
+  static std::vector<SaveJournal::Entry> Entries(const std::vector<Saving>& plan) {
+    std::vector<SaveJournal::Entry> entries;
+    if (plan.size() < 2) return entries;
+    for (const Saving& saving : plan)
+      entries.push_back({saving.target, saving.temporary->Path(), {}, saving.saved, saving.file->opened});
+    return entries;
+  }
+
+  SaveJournal journal_;
+};
+
 void RenameAll(std::vector<Saving>& plan, const RenameFile& rename) {
   for (std::size_t i = 0; i < plan.size(); ++i) {
     Saving& saving = plan[i];
@@ -134,13 +190,19 @@ void RenameAll(std::vector<Saving>& plan, const RenameFile& rename) {
 }  // namespace
 
 std::vector<native::FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename) {
+  const native::HeldSignals held;
   std::vector<std::size_t> placeOf;
   std::vector<Saving> plan = Plan(files, placeOf);
+  ClearTheWay(plan);
   for (Saving& saving : plan) {
     if (const int error = WriteBeside(saving)) FailWriting(saving.file->path, error);
+    if (held.Any()) Fail(ErrorNumber::UserInterrupt, "interrupted while saving: nothing was saved");
   }
   for (const Saving& saving : plan) CheckUnchanged(saving);
-  RenameAll(plan, rename ? rename : RenameFile(native::MoveOver));
+  {
+    const Record record(plan);
+    RenameAll(plan, rename ? rename : RenameFile(native::MoveOver));
+  }
 
   std::vector<native::FileStamp> stamps;
   for (const std::size_t place : placeOf) stamps.push_back(plan[place].saved);

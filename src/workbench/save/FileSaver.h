@@ -27,6 +27,10 @@ using RenameFile = std::function<int(const char* from, const char* to)>;
 /// be written (with the system's words). Nothing is renamed and no temporary file is left then. Raises too when a
 /// rename or the flush of a folder fails after the first rename; that error names what was renamed and what was not.
 ///
+/// Raises error 18, with nothing done, when a signal that ends the program came while the new bytes were written. A
+/// save of several files that was cut short before (SaveJournal) is an error until that is settled; what else a process
+/// that is gone left beside the files is removed.
+///
 /// Returns the stamps of the files now, in the order of `files`.
 std::vector<native::FileStamp> SaveFiles(const std::vector<FileToSave>& files, const RenameFile& rename = {});
 

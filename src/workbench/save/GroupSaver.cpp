@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -15,6 +16,7 @@
 #include "workbench/model/Module.h"
 #include "workbench/model/Project.h"
 #include "workbench/model/Workbench.h"
+#include "workbench/project/PathFinder.h"
 #include "workbench/save/FileSaver.h"
 #include "workbench/save/UnifiedDiff.h"
 
@@ -156,6 +158,24 @@ std::vector<PlannedFile> PlanSave(const Workbench& workbench) {
   std::vector<PlannedFile> files;
   for (Target& target : FindTargets(workbench)) files.push_back(std::move(target.file));
   return files;
+}
+
+std::vector<std::string> FilesOutside(const Workbench& workbench, const Component* component) {
+  std::vector<Target> targets;
+  if (component == nullptr) targets = FindTargets(workbench);
+  if (component != nullptr) AddTargets(TwinsOf(workbench, *component), targets);
+  std::set<std::string> folders;
+  for (const auto& project : workbench.Projects()) {
+    if (!project->Path().empty()) folders.insert(FolderOf(native::RealPath(project->Path())) + "/");
+  }
+  std::vector<std::string> outside;
+  for (const Target& target : targets) {
+    if (!std::ranges::all_of(target.components, &Component::ListedAbsolute, &ComponentPtr::operator*)) continue;
+    const std::string real = RealPath(*target.source);
+    const auto holds = [&real](const std::string& folder) { return real.starts_with(folder); };
+    if (std::ranges::none_of(folders, holds)) outside.push_back(target.file.path);
+  }
+  return outside;
 }
 
 namespace {

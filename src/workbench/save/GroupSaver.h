@@ -23,6 +23,10 @@ struct PlannedFile {
 /// were edited to different texts, and when an edited component has no file.
 std::vector<PlannedFile> PlanSave(const Workbench& workbench);
 
+/// Those of the files that a save of `component`, or of all, would write and that a project lists by an absolute path
+/// outside the folders of all open projects: a project of a stranger may name any file of the machine.
+std::vector<std::string> FilesOutside(const Workbench& workbench, const Component* component = nullptr);
+
 /// What a save did to one file.
 struct SavedFile {
   std::string path;

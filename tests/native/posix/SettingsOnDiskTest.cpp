@@ -1,19 +1,23 @@
 // What other programs, and a program that is killed, find of the settings.
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "base/Text.h"
+#include "native/settings/FilePrivateProfile.h"
 #include "native/settings/FileSettingsStore.h"
+#include "support/Kills.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
 
 using native::FileSettingsStore;
+
+std::ptrdiff_t FilesIn(const TempFolder& folder) {
+  return std::distance(std::filesystem::directory_iterator(folder.Path()), {});
+}
 
 TEST(SettingsOnDiskTest, TheOldFileStaysWholeForWhoeverReadsIt) {
   const TempFolder folder;
@@ -43,23 +47,32 @@ TEST(SettingsOnDiskTest, AKilledProgramLeavesTheOldStoreOrTheNewOne) {
     store.Commit();
   };
   save(1);
-  for (int kill = 0; kill < 20; ++kill) {
-    const pid_t writer = fork();
-    if (writer == 0) {
-      for (int turn = 0;; ++turn) save(turn);
-    }
-    ASSERT_GT(writer, 0);
-    // Let it get to work, so that each kill hits it at another place.
-    const auto before = std::filesystem::last_write_time(path);
-    while (std::filesystem::last_write_time(path) == before) usleep(static_cast<useconds_t>(100 + 37 * kill));
-    ::kill(writer, SIGKILL);
-    int status = 0;
-    ASSERT_EQ(waitpid(writer, &status, 0), writer);
-    ASSERT_TRUE(WIFSIGNALED(status));
+  Kills kills;
+  SCOPED_TRACE(kills.Words());
+  kills.Run(save, [&] {
     const std::u16string found = stored(u"k");
-    ASSERT_TRUE(found == values[0] || found == values[1]) << "of " << found.size() << " units";
-    ASSERT_EQ(stored(u"last"), u"1");
-  }
+    EXPECT_TRUE(found == values[0] || found == values[1]) << "of " << found.size() << " units";
+    EXPECT_EQ(stored(u"last"), u"1");
+    save(1);
+    EXPECT_EQ(FilesIn(folder), 1);
+  });
+}
+
+TEST(SettingsOnDiskTest, AKilledProgramLeavesTheOldIniFileOrTheNewOne) {
+  const TempFolder folder;
+  const std::u16string path = FromUtf8(folder / "config.ini");
+  const std::string others(200'000, ';');
+  folder.Write("config.ini", "[S]\n" + others + "\nk=0\n");
+  native::FilePrivateProfile profile(folder / "none");
+  const auto save = [&](int turn) { profile.Write("S", "k", std::to_string(turn % 2), path); };
+  Kills kills;
+  SCOPED_TRACE(kills.Words());
+  kills.Run(save, [&] {
+    const std::string found = folder.Read("config.ini");
+    EXPECT_TRUE(found == "[S]\n" + others + "\nk=0\n" || found == "[S]\n" + others + "\nk=1\n") << found.size();
+    save(1);
+    EXPECT_EQ(FilesIn(folder), 1);
+  });
 }
 
 }  // namespace quorvane::test

@@ -5,16 +5,18 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
+
+#include "native/files/Leftovers.h"
+#include "native/files/ProcessMark.h"
 
 namespace quorvane::native {
 
 namespace {
 
-/// Leaves room for the rest of a temporary name within the 255 bytes of a file name.
-constexpr std::size_t kLongestName = 200;
 constexpr mode_t kUsualMode = 0666;
 constexpr mode_t kPermissions = 07777;
 
@@ -25,8 +27,10 @@ int ErrnoIf(bool failed) {
 }  // namespace
 
 NewFile::NewFile(std::string target) : target_(std::move(target)) {
-  const std::size_t slash = target_.rfind('/') + 1;
-  path_ = target_.substr(0, slash) + "." + target_.substr(slash, kLongestName) + ".quorvane-XXXXXX";
+  // Where files may not grow beyond some size, a write shall fail as on a full disk, not end the program.
+  static const bool limitsTold = std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR;
+  static_cast<void>(limitsTold);
+  path_ = TemporaryPrefix(target_) + ProcessMark() + "-XXXXXX";
   handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
   made_ = ErrnoIf(handle_ < 0);
   exists_ = handle_ >= 0;
