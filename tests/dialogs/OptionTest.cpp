@@ -26,6 +26,10 @@ class OptionTest : public test::DialogFixture {
  protected:
   OptionTest() {
     Globals::gobjHotkeyProxy = std::make_shared<HotkeyProxy>();
+    Reset();
+    onProperty_ = Setting().PropertyChange.Subscribe([this](const std::u16string&) { ++redraws; });
+  }
+  void Reset() {
     GlobalSetting& s = Setting();
     s.mintRelativeLineCount = 7;
     s.menumAutoHideSearchDlg = 1;
@@ -34,7 +38,6 @@ class OptionTest : public test::DialogFixture {
     s.SetXSL(kXsl);
     Globals::gobjUpdater->menumUpdateInterval = 3;
     Globals::gobjUpdater->menumSensibility = 0;
-    onProperty_ = s.PropertyChange.Subscribe([this](const std::u16string&) { ++redraws; });
   }
   frmOption& Option() { return dynamic_cast<frmOption&>(*forms::TheForms().Instance(u"frmOption")); }
   frmOption& Open() {
@@ -209,14 +212,28 @@ TEST_F(OptionTest, CaptionsInBothLanguages) {
   EXPECT_EQ(o.Combo语言->ListIndex(), -1);
 }
 
-TEST_F(OptionTest, ALoadThatFailsIsToldAndOkThenTakesNothing) {
-  Globals::gobjUpdater->menumUpdateInterval = 9;
-  const std::string before = Memory();
-  platform.prompts.Answers = {1};
-  EXPECT_TRUE(Open().Visible());
-  EXPECT_EQ(platform.prompts.Shown.size(), 1u);
-  Option().cmd确定->Press();
-  EXPECT_EQ(Memory(), before);
+TEST_F(OptionTest, AfterALoadThatFailsOkTakesWhatWasFilledAlone) {
+  std::int32_t* const settings[] = {&Globals::gobjUpdater->menumUpdateInterval, &Setting().menumAutoHideSearchDlg,
+                                    &Setting().menumDefaultSearchTo};
+  const char* const edited[] = {"7 9 1 2 0 0 1 Ctrl+Q <!-- mine -->", "7 4 9 2 0 0 1 Ctrl+Q <!-- mine -->",
+                                "-3 4 0 9 0 0 1 Ctrl+Q <!-- yours -->"};
+  for (std::size_t step = 0; step < std::size(settings); ++step) {
+    for (const bool edits : {false, true}) {
+      SCOPED_TRACE(std::to_string(step) + (edits ? " edited" : ""));
+      Reset();
+      *settings[step] = 9;
+      const std::string before = Memory();
+      platform.prompts.Answers = {1};
+      platform.prompts.Shown.clear();
+      EXPECT_TRUE(Open().Visible());
+      EXPECT_EQ(platform.prompts.Shown.size(), 1u);
+      if (edits) {
+        EXPECT_EQ(test::Raised([this] { EditAll(); }), 9) << "there are no keys to edit";
+      }
+      Option().cmd确定->Press();
+      EXPECT_EQ(Memory(), edits ? edited[step] : before);
+    }
+  }
 }
 
 }  // namespace

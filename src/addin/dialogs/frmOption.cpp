@@ -21,6 +21,18 @@ namespace {
 constexpr std::u16string_view kFilterHelpPage = u"/p/vbquorvane/wiki/Options_Filter";
 constexpr std::int16_t kTicked = 1;
 
+/// The steps of MemToScreen in their order.
+enum Step : std::int32_t {
+  kInterval = 1,
+  kAutoHide,
+  kPreviewLines,
+  kStylesheet,
+  kDefaultSearchTo,
+  kMaximize,
+  kSensibility,
+  kLanguage,
+};
+
 GlobalSetting& Setting() {
   return Deref(Globals::gobjSetting);
 }
@@ -67,6 +79,7 @@ frmOption::frmOption() : FramedDialog(u"frmOption", forms::FormBorder::FixedDial
 frmOption::~frmOption() = default;
 
 void frmOption::Form_Load() {
+  filled_ = 0;
   Framed([&] {
     Globals::Language().UpdateUI(this);
     MemToScreen();
@@ -89,32 +102,41 @@ void frmOption::Form_Unload(bool&) {
 
 void frmOption::MemToScreen() {
   const GlobalSetting& setting = Setting();
-  Select(optInterval, TheUpdater().menumUpdateInterval);
-  Select(optAutoHideSearchDlg, setting.menumAutoHideSearchDlg);
-  txt预览行数->SetText(ToText(setting.mintRelativeLineCount));
-  TextXsl->SetText(setting.XSL());
-  Select(opt默认搜索位置, setting.menumDefaultSearchTo);
-  chk定位时将代码窗口最大化->SetValue(setting.mblnMaximizeWhenLocate ? kTicked : 0);
-  Slider灵敏度->SetValue(TheUpdater().menumSensibility);
-  Combo语言->SetListIndex(Globals::Language().Language);
+  const auto fill = [this](Step step, const auto& body) {
+    body();
+    filled_ = step;
+  };
+  fill(kInterval, [&] { Select(optInterval, TheUpdater().menumUpdateInterval); });
+  fill(kAutoHide, [&] { Select(optAutoHideSearchDlg, setting.menumAutoHideSearchDlg); });
+  fill(kPreviewLines, [&] { txt预览行数->SetText(ToText(setting.mintRelativeLineCount)); });
+  fill(kStylesheet, [&] { TextXsl->SetText(setting.XSL()); });
+  fill(kDefaultSearchTo, [&] { Select(opt默认搜索位置, setting.menumDefaultSearchTo); });
+  fill(kMaximize, [&] { chk定位时将代码窗口最大化->SetValue(setting.mblnMaximizeWhenLocate ? kTicked : 0); });
+  fill(kSensibility, [&] { Slider灵敏度->SetValue(TheUpdater().menumSensibility); });
+  fill(kLanguage, [&] { Combo语言->SetListIndex(Globals::Language().Language); });
   UpdateSensitivityText();
 }
 
 void frmOption::ScreenToMem() {
   GlobalSetting& setting = Setting();
   const Utilities& utilities = Deref(Globals::gobjUtilities);
-  setting.mintRelativeLineCount = ToInteger(txt预览行数->Text());
-  TheUpdater().menumUpdateInterval = utilities.GetOptionIndex(optInterval);
-  setting.menumAutoHideSearchDlg = utilities.GetOptionIndex(optAutoHideSearchDlg);
-  setting.SetXSL(TextXsl->Text());
-  setting.menumDefaultSearchTo = utilities.GetOptionIndex(opt默认搜索位置);
-  setting.mblnMaximizeWhenLocate = chk定位时将代码窗口最大化->Value() == kTicked;
-  TheUpdater().menumSensibility = Slider灵敏度->Value();
-  LanguageManager& language = Globals::Language();
-  const std::int32_t chosen = Combo语言->ListIndex();
-  if (chosen < 0 || chosen == language.Language) return;  // nothing is picked when the load has failed
-  language.Language = chosen;
-  language.UpdateAllUI();
+  const auto take = [this](Step step, const auto& body) {
+    if (filled_ >= step) body();
+  };
+  take(kPreviewLines, [&] { setting.mintRelativeLineCount = ToInteger(txt预览行数->Text()); });
+  take(kInterval, [&] { TheUpdater().menumUpdateInterval = utilities.GetOptionIndex(optInterval); });
+  take(kAutoHide, [&] { setting.menumAutoHideSearchDlg = utilities.GetOptionIndex(optAutoHideSearchDlg); });
+  take(kStylesheet, [&] { setting.SetXSL(TextXsl->Text()); });
+  take(kDefaultSearchTo, [&] { setting.menumDefaultSearchTo = utilities.GetOptionIndex(opt默认搜索位置); });
+  take(kMaximize, [&] { setting.mblnMaximizeWhenLocate = chk定位时将代码窗口最大化->Value() == kTicked; });
+  take(kSensibility, [&] { TheUpdater().menumSensibility = Slider灵敏度->Value(); });
+  take(kLanguage, [&] {
+    LanguageManager& language = Globals::Language();
+    const std::int32_t chosen = Combo语言->ListIndex();
+    if (chosen < 0 || chosen == language.Language) return;  // new captions leave no language picked
+    language.Language = chosen;
+    language.UpdateAllUI();
+  });
 }
 
 void frmOption::UpdateSensitivityText() {
