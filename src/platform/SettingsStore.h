@@ -20,6 +20,10 @@ class SettingsStore {
   virtual void DeleteSetting(std::u16string_view appName, std::u16string_view section) = 0;
   /// Makes the writes since the last call last, all of them or, when it raises or the process ends, none.
   virtual void Commit() = 0;
+  /// Keeps a copy of what lasts of a section, under a name of its own beside it that no later copy takes, and gives the
+  /// place of the copy as a user finds it; empty when there is nothing to keep. Raises when it cannot be kept, and so
+  /// does each Commit until it is.
+  virtual std::u16string KeepCopy(std::u16string_view appName, std::u16string_view section) = 0;
 };
 
 }  // namespace quorvane

@@ -164,6 +164,8 @@ class ConnectTest : public testing::Test {
     Globals::gobjConnect.reset();
     Globals::gobjToolWindow.reset();
     platform_.settings.Now.clear();
+    platform_.settings.Kept.clear();
+    Globals::Language().Language = 1;
     platform_.web.Calls.clear();
     platform_.web.RefuseSend = 0;
     platform_.prompts.Shown.clear();
@@ -253,10 +255,13 @@ TEST_F(ConnectTest, AFailureOnTheWayInIsShownAndEndsTheStartWhereItHappened) {
     std::function<void()> arrange;
     std::string box;
     std::string state;
+    bool loaded = false;
   } rows[] = {
       {"no document", [this] { TakeAwayTheDocument(); },
        "Error:13\r\nDescription:Type mismatch: QuorvaneForVB6.ResultDialog is no result list",
        "fVCUESpTHW - 0 Quorvane插件"},
+      {"a language without texts", [] { Globals::Language().Language = 7; },
+       "326: Resource with identifier '7213' not found", "fVCUESpT - 0 Quorvane插件"},
       {"a Setup", [&] { onSetup = fail; }, "Error:6\r\nDescription:Overflow", "fVCUESPTHDW - 0 Quorvane插件"},
       {"a stored number", [this] { Store(u"RelativeLineCount", u"many"); }, "Error:13",
        "fVCUESPTHDW keys 0 Quorvane插件"},
@@ -266,25 +271,30 @@ TEST_F(ConnectTest, AFailureOnTheWayInIsShownAndEndsTheStartWhereItHappened) {
          Store(u"UpdateInterval", u"0");
          platform_.web.RefuseSend = 5;
        },
-       "Error:5\r\nDescription:refused", "fVCUESPTHDW keys 2 Quorvane插件"},
+       "Error:5\r\nDescription:refused", "fVCUESPTHDW keys 2 Quorvane插件", true},
       {"the dialog",
        [&] {
          mode_ = ConnectMode::External;
          onShow = fail;
        },
-       "Error:6\r\nDescription:Overflow", "fVCUESPTHDW keys 0 Quorvane插件"},
+       "Error:6\r\nDescription:Overflow", "fVCUESPTHDW keys 0 Quorvane插件", true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     StartOver();
+    Store(u"XSL", u"<mine/>");
     row.arrange();
+    const auto before = platform_.settings.Now;
     platform_.prompts.Answers = {1};
     Load(mode_);
     EXPECT_EQ(Boxes().size(), 1U);
     EXPECT_EQ(Boxes().back().substr(0, row.box.size()), row.box);
+    EXPECT_EQ(Boxes().back().ends_with("\r\nA copy of your settings as they were is kept in (the copy)"), !row.loaded);
     EXPECT_EQ(State(), row.state);
     Unload();
-    EXPECT_EQ(State(), "fVCW - " + std::to_string(platform_.web.Calls.size()) + " Quorvane插件")
+    EXPECT_EQ(platform_.settings.Kept, row.loaded ? test::MemorySettings::Sections() : before);
+    EXPECT_EQ(State(), (Globals::gobjToolWindow ? "fVCW - " : "fVC - ") + std::to_string(platform_.web.Calls.size()) +
+                           " Quorvane插件")
         << "the stop reaches its end all the same";
   }
 }

@@ -142,12 +142,42 @@ TEST_F(ConnectionTest, TheLanguageLiesBesideTheProgramWhereThatCanBeWritten) {
   EXPECT_FALSE(std::filesystem::exists(folder / "config/config.ini"));
 }
 
+TEST_F(ConnectionTest, ADamagedValueCostsNothingThatIsNotKept) {
+  Store(u"UpdateInterval", u"4");
+  Start();
+  ChangeEverything();
+  Stop();
+  Store(u"RelativeLineCount", u"many");
+  const std::string mine = folder.Read("config/settings");
+  QString told;
+  AnswerNext(QMessageBox::Ok, &told);
+  Start();
+  EXPECT_TRUE(told.contains(QString::fromStdString(StorePath() + ".damaged"))) << told.toStdString();
+  Stop();
+  EXPECT_EQ(folder.Read("config/settings.damaged"), mine);
+  Start();
+  EXPECT_EQ(Globals::gobjSetting->XSL(), GlobalSetting::DefaultXSL()) << "what the disconnection saved";
+  Stop();
+  Store(u"UpdateInterval", u"never");
+  const std::string later = folder.Read("config/settings");
+  AnswerNext(QMessageBox::Ok);
+  Start();
+  Stop();
+  EXPECT_EQ(folder.Read("config/settings.damaged"), mine) << "not written over";
+  EXPECT_EQ(folder.Read("config/settings.damaged-2"), later);
+  std::filesystem::copy_file(folder / "config/settings.damaged", StorePath(),
+                             std::filesystem::copy_options::overwrite_existing);
+  Store(u"RelativeLineCount", u"5");
+  Start();
+  EXPECT_EQ(Globals::gobjUpdater->menumUpdateInterval, 4) << "the copy is of use";
+}
+
 TEST_F(ConnectionTest, AStoreThatIsNoneIsToldAndPutAside) {
   folder.Write("config/settings", "what is this\n");
   QString told;
   AnswerNext(QMessageBox::Ok, &told);
   Start();
-  EXPECT_TRUE(told.contains(QString::fromStdString(StorePath()))) << told.toStdString();
+  EXPECT_TRUE(told.contains(QString::fromStdString(StorePath() + ".damaged"))) << told.toStdString();
   Stop();
   EXPECT_EQ(folder.Read("config/settings.damaged"), "what is this\n");
   Start();

@@ -117,6 +117,8 @@ TEST_F(FileSettingsStoreTest, AnyTextComesBack) {
 }
 
 TEST_F(FileSettingsStoreTest, ADamagedFileIsNamedAndKept) {
+  std::string copy = "deep/settings.damaged";
+  int number = 1;
   for (const char* bytes : {"[App/S]\nno value\n", "k=1\n", "[App]\n", "[App/S]\nk=\\x\n", "[App/S]\nk=\\u12\n",
                             "[App/S]\nk=\\u12g4\n", "[App/S]\nk=\\"}) {
     folder.Write("deep/settings", bytes);
@@ -127,12 +129,32 @@ TEST_F(FileSettingsStoreTest, ADamagedFileIsNamedAndKept) {
     store.SaveSetting(u"App", u"S", u"k", u"new");
     store.Commit();
     EXPECT_EQ(Stored(u"k"), u"new");
-    EXPECT_EQ(folder.Read("deep/settings.damaged"), bytes);
+    EXPECT_EQ(folder.Read(copy), bytes) << copy;
+    copy = "deep/settings.damaged-" + std::to_string(++number);
   }
   std::filesystem::remove(path);
   std::filesystem::create_directories(path);
   FileSettingsStore store(path);
   EXPECT_EQ(test::Raised([&] { store.GetSetting(u"App", u"S", u"k", u""); }), "75 Path/File access error: " + path);
+}
+
+TEST_F(FileSettingsStoreTest, ACopyIsKeptBeforeAnythingIsWrittenOver) {
+  FileSettingsStore store(path);
+  EXPECT_EQ(store.KeepCopy(u"App", u"S"), u"") << "nothing to keep";
+  folder.Write("deep/settings", "[App/S]\nk=old\n");
+  for (int turn = 0; turn < 2; ++turn) EXPECT_EQ(ToUtf8(store.KeepCopy(u"App", u"S")), path + ".damaged");
+  EXPECT_EQ(folder.Read("deep/settings.damaged"), "[App/S]\nk=old\n");
+  std::filesystem::remove(path + ".damaged");
+  std::filesystem::rename(path, folder / "away");
+  std::filesystem::create_directories(path);
+  EXPECT_EQ(Raised([&] { store.KeepCopy(u"App", u"S"); }), 75) << "a folder gets no second name";
+  store.SaveSetting(u"App", u"S", u"k", u"new");
+  EXPECT_EQ(Raised([&] { store.Commit(); }), 75);
+  std::filesystem::remove(path);
+  std::filesystem::rename(folder / "away", path);
+  store.Commit();
+  EXPECT_EQ(folder.Read("deep/settings.damaged"), "[App/S]\nk=old\n") << "the Commit made up for it";
+  EXPECT_EQ(Stored(u"k"), u"new");
 }
 
 TEST_F(FileSettingsStoreTest, ACommitThatFailsCanBeRepeated) {

@@ -38,8 +38,14 @@ class MemorySettings final : public SettingsStore {
     Lasting = Now;
   }
 
+  std::u16string KeepCopy(std::u16string_view, std::u16string_view) override {
+    Kept = Now;
+    return Now.empty() ? u"" : u"(the copy)";
+  }
+
   Sections Now;
   Sections Lasting;
+  Sections Kept;                     ///< by the last KeepCopy
   std::set<std::u16string> Refused;  ///< keys that cannot be written
   int Commits = 0;
 };

@@ -13,6 +13,7 @@
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Skip.h"
+#include "base/Text.h"
 #include "chordtrap/Manager.h"
 #include "platform/App.h"
 #include "platform/Platform.h"
@@ -24,6 +25,20 @@ namespace quorvane {
 namespace {
 
 constexpr std::int32_t kButton = 1;
+
+/// A start that fails before the settings are loaded leaves defaults for the disconnection to save: what is stored is
+/// kept beside them, and `error` tells where.
+Error WithSettingsKept(Error error) {
+  std::u16string note;
+  try {
+    const std::u16string copy = GlobalSetting::KeepStored();
+    if (!copy.empty()) note = TextAtAnyRate(StringId::SettingsKept, {copy});
+  } catch (...) {
+    note = CurrentError().Description;
+  }
+  if (!note.empty()) error.Description.append(kCrLf).append(note);
+  return error;
+}
 
 }  // namespace
 
@@ -53,14 +68,18 @@ std::shared_ptr<vbide::CommandBarControl> Connect::AddToAddInCommandBar(const st
 void Connect::OnConnection(const std::shared_ptr<vbide::VBE>& Application, vbide::ConnectMode connectMode,
                            const std::shared_ptr<vbide::AddIn>&) {
   Guarded([&] {
-    ModSEH::InstallFilter(true);
-    Globals::gobjVBE = Application;
-    Globals::gobjConnect = shared_from_this();
-    Globals::CreateObjects();
-    FollowLanguage();
-    Globals::SetupObjects();
-    Deref(Globals::gobjHotkeyProxy).Manager->Start();
-    Deref(Globals::gobjSetting).Load();
+    try {
+      ModSEH::InstallFilter(true);
+      Globals::gobjVBE = Application;
+      Globals::gobjConnect = shared_from_this();
+      Globals::CreateObjects();
+      FollowLanguage();
+      Globals::SetupObjects();
+      Deref(Globals::gobjHotkeyProxy).Manager->Start();
+      Deref(Globals::gobjSetting).Load();
+    } catch (...) {
+      throw WithSettingsKept(CurrentError());
+    }
     Deref(Globals::gobjUpdater).ScheduleUpdate();
     if (connectMode == vbide::ConnectMode::External) {
       Show();

@@ -70,4 +70,11 @@ std::u16string LanguageManager::ConfigPath() const {
   return ThePlatform().TheApp().FileBeside(u"config.ini");
 }
 
+std::u16string TextAtAnyRate(StringId id, const std::vector<std::u16string>& args) {
+  std::optional<std::u16string_view> words;
+  SkipErrors([&] { words = Globals::Language().Entry(id); });
+  if (!words) words = LoadResString(kEntriesPerLanguage + static_cast<std::int32_t>(id));
+  return Globals::ReplaceArgs(words.value_or(u""), args);
+}
+
 }  // namespace quorvane

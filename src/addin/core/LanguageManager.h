@@ -49,4 +49,8 @@ class LanguageManager {
   std::optional<IniFile> mobjIni;  ///< nothing on a platform without INI files
 };
 
+/// GetString of the shared manager; in English where there is none, or none for the language of the moment. For what
+/// has to be told while just that may be wrong.
+std::u16string TextAtAnyRate(StringId id, const std::vector<std::u16string>& args);
+
 }  // namespace quorvane

@@ -152,6 +152,7 @@ enum class StringId : std::int32_t {
   Chinese,
   English,
   ResultMenuShowSearchDialog,
+  SettingsKept,
 };
 
 /// The text that stands `steps` after `first`: the captions of a row of choices follow one another.

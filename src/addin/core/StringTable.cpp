@@ -163,6 +163,7 @@ constexpr Row kRows[] = {
     {StringId::Chinese, u"中文(简体)", u"Chinese(Simplified)"},
     {StringId::English, u"英文", u"English"},
     {StringId::ResultMenuShowSearchDialog, u"显示搜索对话框(&D)", u"Show search &dialog"},
+    {StringId::SettingsKept, u"原有设置的副本已保存在 %0", u"A copy of your settings as they were is kept in %0"},
 };
 
 }  // namespace

@@ -75,6 +75,10 @@ void GlobalSetting::Save() {
   SkipErrors([] { ThePlatform().Settings().Commit(); });
 }
 
+std::u16string GlobalSetting::KeepStored() {
+  return ThePlatform().Settings().KeepCopy(kAppName, kSection);
+}
+
 void GlobalSetting::SavePreferences(const StoredSection& stored) {
   stored.Write(u"SearchItem", mcolSearchHistory.Join(kCrLf, kHistoryLimit));
   stored.Write(u"ReplaceItem", mcolReplaceHistory.Join(kCrLf, kHistoryLimit));

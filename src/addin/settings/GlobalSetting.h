@@ -55,6 +55,9 @@ class GlobalSetting : private Counted<GlobalSetting> {
   /// Writes all preferences, the newest 50 entries of each history, and raises SaveSetting; then the store is told to
   /// make it last. A step that fails is skipped. An entry with line breaks comes back as several entries.
   void Save();
+  /// Keeps a copy of the store as it is before a Save that writes what was not loaded, and gives its place; empty when
+  /// nothing is stored. Raises when it cannot be kept; no Save lasts then.
+  static std::u16string KeepStored();
 
   const std::u16string& XSL() const { return mstrXSL; }
   /// Raises PropertyChange when the text differs, in case too.

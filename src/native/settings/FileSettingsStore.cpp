@@ -5,6 +5,7 @@
 
 #include "base/Error.h"
 #include "base/Skip.h"
+#include "base/Text.h"
 #include "native/settings/MergeSettings.h"
 
 namespace quorvane::native {
@@ -73,6 +74,10 @@ void FileSettingsStore::Commit() {
   MergeWithOthers();
   file_.Write();
   changed_ = false;
+}
+
+std::u16string FileSettingsStore::KeepCopy(std::u16string_view, std::u16string_view) {
+  return FromUtf8(file_.KeepCopy());
 }
 
 }  // namespace quorvane::native

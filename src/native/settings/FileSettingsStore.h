@@ -24,8 +24,10 @@ class FileSettingsStore final : public SettingsStore {
   void SaveSetting(std::u16string_view appName, std::u16string_view section, std::u16string_view key,
                    std::u16string_view value) override;
   void DeleteSetting(std::u16string_view appName, std::u16string_view section) override;
-  /// A file that could not be read stays beside the new one as "<path>.damaged". Without changes nothing is written.
+  /// Of a file that could not be read a copy is kept, as by KeepCopy. Without changes nothing is written.
   void Commit() override;
+  /// Of the whole file, as KeepDamagedCopy names it.
+  std::u16string KeepCopy(std::u16string_view appName, std::u16string_view section) override;
 
  private:
   void MergeWithOthers();

@@ -10,13 +10,14 @@
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "native/files/AtomicFile.h"
+#include "native/files/DamagedCopy.h"
 #include "native/files/FileBytes.h"
 
 namespace quorvane::native {
 
 // One value a line, every unit that could be taken for something else escaped, so that any UTF-16 text, a lone
 // surrogate too, comes back as it was. The file is read once and always written whole, beside itself and then moved
-// over. A file that cannot be understood is never lost: before the first write it gets a second name, ".damaged".
+// over. A file that cannot be understood is never lost: before the first write a copy of it is kept, ".damaged".
 
 namespace {
 
@@ -95,7 +96,7 @@ std::vector<SettingsFile::Section>& SettingsFile::ReadOrReplace() {
   if (SkipErrors([&] { Read(); })) return sections_;
   sections_.clear();
   read_ = true;
-  unreadable_ = true;
+  toKeep_ = true;
   return sections_;
 }
 
@@ -109,14 +110,15 @@ void SettingsFile::Write() {
   }
   const std::filesystem::path folder = FilePath(path_).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder);
-  if (unreadable_) {
-    std::error_code failed;
-    std::filesystem::remove(FilePath(path_ + ".damaged"), failed);
-    std::filesystem::create_hard_link(FilePath(path_), FilePath(path_ + ".damaged"), failed);
-    if (failed) RaiseError(ErrorNumber::PathFileAccess, u"Path/File access error: " + FromUtf8(path_ + ".damaged"));
-  }
+  if (toKeep_) KeepCopy();
   WriteFileWhole(path_, bytes);
-  unreadable_ = false;
+}
+
+std::string SettingsFile::KeepCopy() {
+  toKeep_ = true;
+  std::string copy = KeepDamagedCopy(path_);
+  toKeep_ = false;
+  return copy;
 }
 
 void SettingsFile::Parse(std::string_view bytes) {

@@ -25,11 +25,14 @@ class SettingsFile {
   /// The sections, to be changed in place. Raises error 321 for a file that is not such a text, 75 for one that cannot
   /// be read, both with its name.
   std::vector<Section>& Read();
-  /// The same for whoever is about to write: a file that cannot be read has no sections, and stays beside the next one
-  /// written as "<path>.damaged".
+  /// The same for whoever is about to write: a file that cannot be read has no sections, and the next Write keeps a
+  /// copy of it.
   std::vector<Section>& ReadOrReplace();
-  /// Raises as WriteFileWhole does, or for a folder that cannot be made; the sections stay as they are.
+  /// Raises as WriteFileWhole does, for a folder that cannot be made, or for a copy that is still to be kept and cannot
+  /// be; the file and the sections then stay as they are.
   void Write();
+  /// KeepDamagedCopy of the file as it lies on the disk. When that raises each Write tries again.
+  std::string KeepCopy();
 
  private:
   void Parse(std::string_view bytes);
@@ -39,7 +42,7 @@ class SettingsFile {
   std::string path_;
   std::vector<Section> sections_;
   bool read_ = false;
-  bool unreadable_ = false;
+  bool toKeep_ = false;  ///< a copy of the file is wanted before anything is written over it
 };
 
 }  // namespace quorvane::native

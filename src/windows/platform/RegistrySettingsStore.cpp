@@ -83,10 +83,37 @@ void RegistrySettingsStore::DeleteSetting(std::u16string_view appName, std::u16s
 
 void RegistrySettingsStore::Commit() {
   if (std::ranges::none_of(sections_, [](const auto& entry) { return entry.second.changed; })) return;
+  if (toKeep_) KeepCopy(std::u16string(toKeep_->first), std::u16string(toKeep_->second));
   Recover();
   WriteJournal();
   CarryOut();
   sections_.clear();
+}
+
+std::u16string RegistrySettingsStore::KeepCopy(std::u16string_view appName, std::u16string_view section) {
+  toKeep_.emplace(appName, section);
+  Recover();
+  const std::u16string key = Below(Below(root_, std::u16string(appName)), std::u16string(section));
+  Section kept;
+  kept.values = Stored(key);
+  std::u16string copy;
+  for (std::int64_t number = 1; copy.empty() && !kept.values.empty(); ++number) {
+    const std::u16string name = key + u".damaged" + (number == 1 ? u"" : u"-" + ToText(number));
+    const Values there = Stored(name);
+    if (!there.empty() && there != kept.values) continue;
+    if (there.empty()) WriteSection(name, kept);
+    copy = u"HKEY_CURRENT_USER\\" + name;
+  }
+  toKeep_.reset();
+  return copy;
+}
+
+RegistrySettingsStore::Values RegistrySettingsStore::Stored(const std::u16string& key) const {
+  Values values;
+  if (const auto node = RegistryNode::Open(HKEY_CURRENT_USER, key)) {
+    for (auto& [name, text] : node->Texts()) values[name] = text;
+  }
+  return values;
 }
 
 void RegistrySettingsStore::WriteJournal() {
@@ -121,9 +148,9 @@ void RegistrySettingsStore::CarryOut() {
     const auto entry = RegistryNode::Open(HKEY_CURRENT_USER, path);
     const auto key = entry ? TextOf(*entry, kKey) : std::nullopt;
     if (!key) continue;
-    if (const auto values = RegistryNode::Open(HKEY_CURRENT_USER, Below(path, kValues))) {
+    if (RegistryNode::Open(HKEY_CURRENT_USER, Below(path, kValues))) {
       Section section;
-      for (auto& [name, text] : values->Texts()) section.values[name] = text;
+      section.values = Stored(Below(path, kValues));
       WriteSection(Below(root_, *key), section);
     } else {
       RegistryNode::DeleteTree(HKEY_CURRENT_USER, Below(root_, *key));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,6 +24,8 @@ class RegistrySettingsStore final : public SettingsStore {
                    std::u16string_view value) override;
   void DeleteSetting(std::u16string_view appName, std::u16string_view section) override;
   void Commit() override;
+  /// As the section "<section>.damaged", or "<section>.damaged-2" and so on where another copy has that name.
+  std::u16string KeepCopy(std::u16string_view appName, std::u16string_view section) override;
 
  private:
   struct NoCase {
@@ -36,13 +39,15 @@ class RegistrySettingsStore final : public SettingsStore {
   };
 
   Section& Of(std::u16string_view appName, std::u16string_view section);
+  Values Stored(const std::u16string& key) const;
   void Recover();
   void WriteJournal();
   void CarryOut();
   void WriteSection(const std::u16string& key, const Section& section) const;
 
   std::u16string root_;
-  std::map<std::u16string, Section, NoCase> sections_;  ///< by the key below root_
+  std::map<std::u16string, Section, NoCase> sections_;               ///< by the key below root_
+  std::optional<std::pair<std::u16string, std::u16string>> toKeep_;  ///< application and section of a copy still wanted
 };
 
 }  // namespace quorvane::windows

@@ -56,6 +56,21 @@ TEST_F(RegistrySettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
   EXPECT_FALSE(Exists(u"\\Quorvane (pending)"));
 }
 
+TEST_F(RegistrySettingsStoreTest, CopiesAreKeptBesideTheSection) {
+  RegistrySettingsStore store(kRoot);
+  const auto kept = [&] { return store.KeepCopy(u"应用", u"S"); };
+  const auto copied = [&](const std::u16string& name) {
+    return RegistrySettingsStore(kRoot).GetSetting(u"应用", name, u"k", u"none");
+  };
+  EXPECT_EQ(kept(), u"") << "nothing to keep";
+  for (const char16_t* value : {u"1", u"2", u"2"}) {
+    store.SaveSetting(u"应用", u"S", u"k", value);
+    store.Commit();
+    EXPECT_EQ(kept(), u"HKEY_CURRENT_USER\\" + kRoot + u"\\应用\\S.damaged" + (*value == u'1' ? u"" : u"-2"));
+  }
+  EXPECT_EQ(copied(u"S.damaged") + copied(u"S.damaged-2"), u"12");
+}
+
 TEST_F(RegistrySettingsStoreTest, AnyTextComesBack) {
   const unsigned seed = std::random_device()();
   std::mt19937 random(seed);
