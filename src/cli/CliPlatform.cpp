@@ -47,7 +47,9 @@ std::unique_ptr<RegExp> CliPlatform::NewRegExp() {
 }
 
 std::shared_ptr<XmlDocument> CliPlatform::NewXmlDocument() {
-  return std::make_shared<native::LibXmlDocument>();
+  const auto document = std::make_shared<native::LibXmlDocument>();
+  document->OnMessage = [](const std::u16string& words) { TellWarning("the stylesheet says: " + ToUtf8(words)); };
+  return document;
 }
 
 std::unique_ptr<XmlTable> CliPlatform::NewXmlTable(const XmlTableShape& shape) {

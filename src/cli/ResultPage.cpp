@@ -24,7 +24,7 @@ ResultPage::ResultPage(bool showsLines, std::optional<std::int32_t> maxCount)
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
     if (lastLine_ != pi->mlngID) {
       pi->CheckScreenColumns();  // raises for a match that cannot be told
-      if (firstFailed_ == 0) firstFailed_ = pi->mlngID;
+      if (firstFailed_ == 0) NoteFailure(pi->mlngID);
     }
     if (!Wanted(*pi)) return;
     ++told_;
@@ -40,6 +40,16 @@ ResultPage::~ResultPage() {
 
 void ResultPage::TakeLine(const std::u16string& line, std::int32_t id) {
   if (OnLine && !TrimBlanks(line).empty() && Wanted(*result_->Item(id))) OnLine(line, id);
+}
+
+/// A stylesheet that takes too much takes it for every match: the search ends.
+void ResultPage::NoteFailure(std::int32_t id) {
+  firstFailed_ = id;
+  try {
+    CheckLines();
+  } catch (const Error& error) {
+    if (error.Is(ErrorNumber::OutOfStack)) mobjTask.mblnCancel = true;
+  }
 }
 
 bool ResultPage::Wanted(const PositionInfo& pi) {

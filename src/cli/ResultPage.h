@@ -49,6 +49,7 @@ class ResultPage final : public IPage {
   TaskManager mobjTask;
 
  private:
+  void NoteFailure(std::int32_t id);
   void TakeLine(const std::u16string& line, std::int32_t id);
   /// Whether the match, which is the last one, is within what the limit lets through.
   bool Wanted(const PositionInfo& pi);

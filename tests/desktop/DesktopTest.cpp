@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QAction>
@@ -35,6 +38,7 @@
 #include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/shell/ToolDock.h"
+#include "native/files/NewFile.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Desk.h"
 #include "workbench/model/HostCommandBar.h"
@@ -47,6 +51,7 @@
 #include "workbench/model/ToolWindow.h"
 #include "workbench/model/Workbench.h"
 #include "workbench/project/Opener.h"
+#include "workbench/save/FileSaver.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -359,6 +364,42 @@ TEST_F(ShopTest, ReloadsWhatChangedOnDisk) {
   EXPECT_EQ(folder.Read(kMain), outside);
   Window().Menu().Find(Text::FileSave)->trigger();
   EXPECT_NE(folder.Read(kMain).find("mine"), std::string::npos);
+}
+
+TEST_F(ShopTest, AHalfSaveIsSettledAndNothingIsWrittenElsewhereUnasked) {
+  const std::vector<workbench::FileToSave> files = {
+      {folder / kMain, "new", native::FileStamp::Of(folder / kMain).value()},
+      {folder / "samples/Shop/App/frmDesk.frm", "new",
+       native::FileStamp::Of(folder / "samples/Shop/App/frmDesk.frm").value()}};
+  const std::string before = folder.Read(kMain);
+  for (const auto& [button, main] : {std::pair(QMessageBox::Discard, before), std::pair(QMessageBox::Save, before)}) {
+    const pid_t child = fork();
+    if (child == 0) {
+      workbench::SaveFiles(files, [](const char* from, const char* to) {
+        if (std::string(to).ends_with("frmDesk.frm")) raise(SIGKILL);
+        return native::MoveOver(from, to);
+      });
+    }
+    waitpid(child, nullptr, 0);
+    QString question;
+    AnswerNext(button, &question);
+    Open("samples/Shop/Shop.vbg");
+    EXPECT_TRUE(question.contains(QStringLiteral("modMain.bas"))) << question.toStdString();
+    EXPECT_EQ(folder.Read(kMain), button == QMessageBox::Save ? "new" : main);
+  }
+  EXPECT_EQ(folder.Read("samples/Shop/App/frmDesk.frm"), "new");
+
+  const std::string far = folder.Write("far/Far.bas", "Attribute VB_Name = \"Far\"\r\n");
+  folder.Write("P/P.vbp", "Type=Exe\r\nName=\"P\"\r\nModule=Far; " + far + "\r\n");
+  Open("P/P.vbp");
+  QTest::keyClicks(&EditorOf(u"Far"), QStringLiteral("'"));
+  QString question;
+  AnswerNext(QMessageBox::Cancel, &question);
+  EXPECT_FALSE(Window().Files().SaveAll());
+  EXPECT_TRUE(question.contains(QStringLiteral("Far.bas"))) << question.toStdString();
+  AnswerNext(QMessageBox::Save);
+  EXPECT_TRUE(Window().Files().Save(*ComponentNamed(u"Far")));
+  EXPECT_NE(folder.Read("far/Far.bas").find("'"), std::string::npos);
 }
 
 TEST_F(ShopTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {

@@ -109,6 +109,15 @@ constexpr std::array kWords = {
     Words{Text::DroppedLines, u"保存时去掉了 %1 个隐藏行，因为它们所属的代码行已被删除。",
           u"%1 hidden line was left out of the saved files, because the code that it belonged to is gone.|"
           u"%1 hidden lines were left out of the saved files, because the code that they belonged to is gone."},
+    Words{Text::HalfSaveQuestion,
+          u"一次保存多个文件的操作中途被打断。\n\n已保存：\n%1\n\n未保存：\n%2\n\n继续完成，还是全部撤回？",
+          u"A save of several files was cut short.\n\nSaved:\n%1\n\nNot saved:\n%2\n\n"
+          u"Save the rest, or undo it in all of them?"},
+    Words{Text::FinishAnswer, u"继续保存(&S)", u"&Save the rest"},
+    Words{Text::GoBackAnswer, u"全部撤回(&U)", u"&Undo it"},
+    Words{Text::OutsideQuestion, u"以下文件由工程以绝对路径列出，位于所有工程文件夹之外：\n\n%1\n\n仍要写入吗？",
+          u"A project lists these files by an absolute path, outside the folders of all projects:\n\n%1\n\n"
+          u"Write them all the same?"},
 };
 
 constexpr bool IsInOrder() {

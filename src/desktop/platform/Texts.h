@@ -92,6 +92,10 @@ enum class Text {
   SavedElsewhere,
   LineNumber,
   DroppedLines,
+  HalfSaveQuestion,
+  FinishAnswer,
+  GoBackAnswer,
+  OutsideQuestion,
   Count,
 };
 

@@ -13,6 +13,7 @@
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/Texts.h"
 #include "desktop/shell/ErrorBox.h"
+#include "desktop/shell/SaveCare.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
 #include "workbench/model/Project.h"
@@ -110,6 +111,7 @@ bool FileCommands::OpenNow(const QStringList& files) {
   disk_.Watch();
   Opened.Raise();
   TellWarnings(warnings);
+  if (SettleHalfSaves(workbench_, window_, texts_)) disk_.Check();
   return true;
 }
 
@@ -148,12 +150,14 @@ bool FileCommands::Save(const Component& component) {
   ComponentList wanted = disk_.OfFile(component.Path());
   std::erase_if(wanted, [](const auto& twin) { return !twin->TheModule()->Modified(); });
   if (!wanted.empty() && !disk_.MaySave(wanted)) return false;
+  if (!MayWriteOutside(workbench_, &component, window_, texts_)) return false;
   return Guarded([&] { return workbench::SaveFileOf(workbench_, component); });
 }
 
 bool FileCommands::SaveAll() {
   const ComponentList modified = Modified(nullptr);
   if (!modified.empty() && !disk_.MaySave(modified)) return false;
+  if (!MayWriteOutside(workbench_, nullptr, window_, texts_)) return false;
   return Guarded([&] { return workbench::SaveGroup(workbench_); });
 }
 

@@ -38,7 +38,9 @@ std::shared_ptr<const Stylesheet> LibXmlDocument::Compiled() {
     if (IsEmpty()) {
       RaiseError(ErrorNumber::InvalidProcedureCall, u"The stylesheet has no document element: " + loadError_);
     }
-    compiled_ = std::make_shared<Stylesheet>(ToUtf8(*loaded_));
+    const auto compiled = std::make_shared<Stylesheet>(ToUtf8(*loaded_));
+    compiled->OnMessage = OnMessage;
+    compiled_ = compiled;
   } catch (const Error& error) {
     compileError_ = error;
     throw;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +17,9 @@ class LibXmlDocument final : public XmlDocument {
  public:
   LibXmlDocument();
   ~LibXmlDocument() override;
+
+  /// Gets what stylesheets say that are compiled from now on (Stylesheet::OnMessage).
+  std::function<void(const std::u16string&)> OnMessage;
 
   bool LoadXml(std::u16string_view text) override;
   std::u16string LoadError() const override { return loadError_; }

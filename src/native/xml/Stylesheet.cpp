@@ -116,6 +116,11 @@ Stylesheet::Stylesheet(const std::string& xml) {
   if (document == nullptr) {
     RaiseError(ErrorNumber::InvalidProcedureCall, u"The stylesheet is not well-formed: " + capture.FirstParseError());
   }
+  if (!capture.RefusedEntity().empty()) {
+    xmlFreeDoc(document);
+    RaiseError(ErrorNumber::InvalidProcedureCall,
+               u"The stylesheet does not compile: the external entity " + capture.RefusedEntity() + u" is not loaded");
+  }
   Inspect(document);
   mblnStaysInside = native::StaysInside(document);
   if (mblnStaysInside) mblnStateless = true;  // the other look at it is a coarse one

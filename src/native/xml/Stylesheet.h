@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,6 +31,11 @@ class Stylesheet {
   bool StaysInside() const { return mblnStaysInside; }
   /// What it does, where that is so little that it can be done without the library; null elsewhere.
   const StraightSheet* Straight() const { return mvarStraight ? &*mvarStraight : nullptr; }
+
+  /// Gets what a run says without failing, by xsl:message above all, as one line.
+  std::function<void(const std::u16string&)> OnMessage;
+  /// How a run went beyond what one may take: no other is begun. Empty: none did.
+  mutable std::u16string mstrTooCostly;
 
  private:
   void Inspect(const _xmlDoc* document);

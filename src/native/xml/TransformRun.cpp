@@ -20,6 +20,7 @@
 
 #include "base/Error.h"
 #include "native/xml/Stylesheet.h"
+#include "native/xml/TransformBudget.h"
 #include "native/xml/XmlErrorCapture.h"
 #include "native/xml/XmlText.h"
 
@@ -42,6 +43,10 @@ xsltSecurityPrefsPtr NothingAllowed() {
     return made;
   }();
   return prefs;
+}
+
+[[noreturn]] void RaiseTooCostly(const std::u16string& why) {
+  RaiseError(ErrorNumber::OutOfStack, u"The stylesheet cannot run: " + why);
 }
 
 /// The element that an HTML output begins with when the stylesheet names no method.
@@ -82,11 +87,14 @@ TransformRun& TransformRun::Again(std::unique_ptr<TransformRun>& last,
 }
 
 std::u16string TransformRun::Transform(_xmlNode* element) {
+  if (!mobjStylesheet->mstrTooCostly.empty()) RaiseTooCostly(mobjStylesheet->mstrTooCostly);
   const bool again = std::exchange(mblnReusable, false);  // until this run has ended well
   XmlErrorCapture capture;
   xsltSetTransformErrorFunc(mobjContext, &capture, &XmlErrorCapture::OnText);
   if (mobjOutput == nullptr) NewOutput();
   Evaluate(element, capture);
+  const std::u16string messages = capture.Words({});
+  if (!messages.empty() && mobjStylesheet->OnMessage) mobjStylesheet->OnMessage(messages);
   const bool plain = IsPlainText();
   std::u16string text = plain ? PlainText() : Serialised();
   const bool clean =
@@ -130,11 +138,18 @@ void TransformRun::Evaluate(_xmlNode* element, const XmlErrorCapture& capture) {
   context.lasttext = nullptr;
   context.lasttsize = 0;
   context.lasttuse = 0;
+  const TransformBudget budget(&context);
   reset(reinterpret_cast<xmlNode*>(mobjDocument));
   if (mobjStylesheet->Style()->variables != nullptr) xsltEvalGlobalVariables(&context);
   context.insert = reinterpret_cast<xmlNode*>(mobjOutput);
   reset(element);
   if (context.state == XSLT_STATE_OK) xsltProcessOneNode(&context, element, nullptr);
+  const bool tooDeep = capture.Words({}).find(u"infinite template recursion") != std::u16string::npos;
+  if (budget.Exceeded() || (context.state != XSLT_STATE_OK && tooDeep)) {
+    mobjStylesheet->mstrTooCostly = tooDeep ? u"its templates call one another beyond the depth that one may reach"
+                                            : u"it takes too long or too much memory for one match";
+    RaiseTooCostly(mobjStylesheet->mstrTooCostly);
+  }
   if (context.state != XSLT_STATE_OK) {
     RaiseError(ErrorNumber::InvalidProcedureCall,
                u"The stylesheet cannot run: " + capture.Words(u"the transformation was stopped"));

@@ -27,7 +27,7 @@ class TransformRun {
                              _xmlDoc* document);
 
   /// The output with `element` as the initial context node. Raises error 5 with the library's words when the
-  /// stylesheet fails.
+  /// stylesheet fails, and error 28 when it takes too much (TransformBudget), then and at each later call.
   std::u16string Transform(_xmlNode* element);
 
  private:

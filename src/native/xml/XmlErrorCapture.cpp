@@ -15,9 +15,6 @@ namespace {
 
 constexpr std::size_t kLongestText = 4000;  ///< bytes; a library can complain about the same thing without end
 
-xmlParserInputPtr LoadNoEntity(const char*, const char*, xmlParserCtxtPtr) {
-  return nullptr;
-}
 xmlDocPtr LoadNoDocument(const xmlChar*, xmlDictPtr, int, void*, xsltLoadType) {
   return nullptr;
 }
@@ -53,7 +50,12 @@ XmlErrorCapture::XmlErrorCapture() : mobjSaved(new Saved) {
   xmlSetStructuredErrorFunc(this, reinterpret_cast<xmlStructuredErrorFunc>(&OnError));
   xmlSetGenericErrorFunc(this, &OnText);
   xsltSetGenericErrorFunc(this, &OnText);
-  xmlSetExternalEntityLoader(LoadNoEntity);
+  xmlSetExternalEntityLoader([](const char* url, const char* name, xmlParserCtxtPtr) -> xmlParserInputPtr {
+    auto& capture = *static_cast<XmlErrorCapture*>(xmlStructuredErrorContext);  // the innermost one
+    const char* const known = url != nullptr ? url : name;
+    if (capture.mstrEntity.empty()) capture.mstrEntity = known != nullptr ? FromUtf8(known) : u"?";
+    return nullptr;
+  });
   xsltSetLoaderFunc(LoadNoDocument);
 }
 

@@ -21,6 +21,9 @@ class XmlErrorCapture {
   /// The first error of the parser with its 1-based line, such as "… (line 3)"; empty when there was none.
   std::u16string FirstParseError() const { return mstrParseError; }
 
+  /// Where the first external entity was that a document asked for; empty when none was asked for.
+  std::u16string RefusedEntity() const { return mstrEntity; }
+
   /// For a library's own hook: `self` is an XmlErrorCapture.
   static void OnText(void* self, const char* format, ...) __attribute__((format(printf, 2, 3)));
 
@@ -30,6 +33,7 @@ class XmlErrorCapture {
 
   std::string mstrText;
   std::u16string mstrParseError;
+  std::u16string mstrEntity;
   Saved* mobjSaved;
 };
 

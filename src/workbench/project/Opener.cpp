@@ -264,6 +264,9 @@ void Opener::BuildComponent(Project& project, const PlannedProject& planned, con
     if (!planned.path.empty()) return Warn(planned.path, component.entry.path, native::ErrnoText(loaded.error));
     return warnings_.push_back(component.path + ": " + native::ErrnoText(loaded.error));
   }
+  const std::string_view head = loaded.source->Bytes();
+  if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF"))
+    warnings_.push_back(component.path + ": is UTF-16 by its byte order mark; no match will be found in it");
   project.Add(MakeParts(component, loaded));
 }
 
