@@ -24,6 +24,7 @@ pid_t Program::Spawn(const std::vector<std::string>& words, int outFile) {
   if (!ready) _exit(126);
   setenv("LC_ALL", "C", 1);
   setenv("Q", QUORVANE_PROGRAM, 1);
+  setenv("SAMPLES", QUORVANE_SOURCE_DIR "/samples", 1);
   execvp(argv[0], argv.data());
   _exit(127);
 }

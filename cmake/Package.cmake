@@ -1,0 +1,26 @@
+# The Debian package: `scripts/package` makes it with cpack. What the desktop and the shells want to know of the program
+# is installed with it anyway.
+set(share ${CMAKE_SOURCE_DIR}/share/linux)
+install(FILES ${share}/quorvane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${share}/quorvane.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES ${share}/quorvane-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME quorvane.xml)
+install(FILES ${share}/quorvane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${share}/quorvane.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME quorvane)
+install(FILES ${share}/_quorvane DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES ${share}/quorvane.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quorvane RENAME copyright)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quorvane)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "The Quorvane project <quorvane@${QUORVANE_PROJECT_HOST}>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "find and replace in Visual Basic 6 projects")
+set(CPACK_PACKAGE_DESCRIPTION "Searches and edits the code of Visual Basic 6 project groups, projects and modules in
+ their own code page, on the command line and in a window.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_INSTALL_CMAKE_PROJECTS "${CMAKE_BINARY_DIR};${PROJECT_NAME};ALL;/")
+include(CPack)
