@@ -45,10 +45,37 @@ std::uint32_t CompileOptions(bool multiline, bool ignoreCase, bool unicodeCase) 
 }
 
 /// Version 10.42 of the engine looks for the start of a match by what its first characters can be, and its machine code
-/// is wrong about that for some alternatives of different lengths: (?:a|)a+a does not find "aa". Without alternatives
-/// no such pattern is known, and those keep the search for a start, which is what makes them fast.
+/// is wrong about that for some alternatives of different lengths: (?:a|)a+a does not find "aa". All such patterns that
+/// random ones brought to light have a repeat behind an alternative that stands in a group. The others keep the search
+/// for a start, which is what makes them fast; where it is not plain which kind a pattern is, it is taken for the
+/// former.
 std::uint32_t StartOptions(std::u16string_view pattern) {
-  return pattern.find(u'|') != pattern.npos ? PCRE2_NO_START_OPTIMIZE : 0;
+  bool inClass = false;
+  bool odd = false;  // more than plain groups: looks, references
+  int depth = 0;
+  bool any = false;
+  bool inGroup = false;
+  bool repeated = false;  // behind such an alternative, or around it
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    const char16_t c = pattern[i];
+    if (c == u'\\') {
+      ++i;
+      odd = odd || (i < pattern.size() && pattern[i] >= u'0' && pattern[i] <= u'9');
+    } else if (inClass || c == u'[') {
+      inClass = c != u']';
+    } else if (c == u'(') {
+      ++depth;
+      odd = odd || (pattern.substr(i, 2) == u"(?" && pattern.substr(i, 3) != u"(?:");
+    } else if (c == u')') {
+      --depth;
+    } else if (c == u'|') {
+      any = true;
+      inGroup = inGroup || depth > 0;
+    } else if (c == u'*' || c == u'+' || c == u'{') {
+      repeated = repeated || inGroup;
+    }
+  }
+  return any && (odd || repeated) ? PCRE2_NO_START_OPTIMIZE : 0;
 }
 
 std::u16string EngineMessage(int code) {
