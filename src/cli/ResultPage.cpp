@@ -22,10 +22,7 @@ ResultPage::ResultPage(bool showsLines, std::optional<std::int32_t> maxCount)
     });
   }
   resultAdd_ = result_->OnAdd.Subscribe([this](const std::shared_ptr<PositionInfo>& pi) {
-    if (lastLine_ != pi->mlngID) {
-      pi->CheckScreenColumns();  // raises for a match that cannot be told
-      if (firstFailed_ == 0) NoteFailure(pi->mlngID);
-    }
+    if (lastLine_ != pi->mlngID && firstFailed_ == 0) NoteFailure(pi->mlngID);
     if (!Wanted(*pi)) return;
     ++told_;
     if (OnMatch) OnMatch(*pi);

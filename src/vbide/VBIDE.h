@@ -125,6 +125,8 @@ class VBComponent {
   /// Nothing for a component without code.
   virtual std::shared_ptr<vbide::CodeModule> CodeModule() const = 0;
   virtual std::shared_ptr<VBComponents> Collection() const = 0;
+  /// The first of FileNames: where its code is kept, for the user's eyes. Empty from a host that does not tell.
+  virtual std::u16string FileName() const { return {}; }
 };
 
 class VBComponents {

@@ -42,6 +42,31 @@ class PageTest : public testing::Test, public ResultWorld {
 
 }  // namespace
 
+TEST(PageOfLongLines, ALineThatIsTooLongCostsTheRestOfItsModuleAndIsTold) {
+  for (const char16_t* end : {u"", u"x\nx x"}) {
+    const std::u16string code = CrLf(u"x\n" + std::u16string(33000, u'a') + end);
+    ResultWorld world(Group{}.Project(u"P").Module(u"M", code).Module(u"N", u"x").Module(u"O", code));
+    for (const gsMode mode : {gsCommon, gsPattern, gsRegular}) {
+      SCOPED_TRACE(mode);
+      const bool told = mode != gsRegular || *end != u'\0';  // offsets need no columns where nothing matches
+      if (told) world.platform.prompts.Answers = {1};
+      EXPECT_EQ(world.Search(u"x", mode), "");
+      EXPECT_EQ(world.Rows(),
+                "1: P\\M\\Proc\\(Declarations)[1,1]x\n2: P\\N\\Proc\\(Declarations)[1,1]x\n"
+                "3: P\\O\\Proc\\(Declarations)[1,1]x");
+      EXPECT_EQ(world.Active().mcolResult->Count(), 3) << "no number is lost";
+      EXPECT_EQ(world.Active().mobjFilter->Item(3).Number(MatchField::ID), 3);
+      const std::u16string words =
+          u", line 2: the line is longer than 32767 columns; this module was searched up to there.";
+      ASSERT_EQ(world.platform.prompts.Shown.size(), told ? 1U : 0U);
+      if (told) {
+        EXPECT_EQ(world.platform.prompts.Shown[0].text, u"M" + words + u"\r\nO" + words);
+      }
+      world.platform.prompts.Shown.clear();
+    }
+  }
+}
+
 TEST_F(PageTest, ItsControlsStandInTheDocumentUntilItCloses) {
   Pages().AddNewPage();
   const auto names = [this] {

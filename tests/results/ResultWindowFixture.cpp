@@ -93,9 +93,9 @@ void ResultWorld::RegisterForms() {
   forms::TheForms().Register(u"frmCodePreview", [this] { return std::make_shared<Preview>(*this); });
 }
 
-std::string ResultWorld::Search(const std::u16string& text) {
+std::string ResultWorld::Search(const std::u16string& text, gsMode mode) {
   Setting().menumArea = gsAllProjects;
-  Setting().menumMode = gsCommon;
+  Setting().menumMode = mode;
   Setting().mstrSearchStr = text;
   if (!Pages().ActivePage()) Pages().AddNewPage();
   const auto task = Active().mobjTask;

@@ -54,9 +54,8 @@ class ResultWorld {
   forms::OwnerDrawList& List() { return *Active().mlstResultList; }
   GlobalSetting& Setting() { return *Globals::gobjSetting; }
 
-  /// Searches all projects for plain text on the active page, making one where there is none. "" or the error as
-  /// "number text".
-  std::string Search(const std::u16string& text);
+  /// Searches all projects on the active page, making one where there is none. "" or the error as "number text".
+  std::string Search(const std::u16string& text, gsMode mode = gsCommon);
   /// The rows of the active page, "id: text" each, the selected one behind ">".
   std::string Rows();
   /// "M 2,5-2,6": the selection of the active code pane.

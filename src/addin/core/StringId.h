@@ -153,6 +153,8 @@ enum class StringId : std::int32_t {
   English,
   ResultMenuShowSearchDialog,
   SettingsKept,
+  NoProjectAddress,
+  LineTooLong,
 };
 
 /// The text that stands `steps` after `first`: the captions of a row of choices follow one another.

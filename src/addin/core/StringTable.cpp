@@ -164,6 +164,10 @@ constexpr Row kRows[] = {
     {StringId::English, u"英文", u"English"},
     {StringId::ResultMenuShowSearchDialog, u"显示搜索对话框(&D)", u"Show search &dialog"},
     {StringId::SettingsKept, u"原有设置的副本已保存在 %0", u"A copy of your settings as they were is kept in %0"},
+    {StringId::NoProjectAddress, u"此版本在编译时未指定项目网站的地址.",
+     u"This build has no address of the project's web site."},
+    {StringId::LineTooLong, u"%0 的第 %1 行超过 32767 列, 该模块只搜索到此处.",
+     u"%0, line %1: the line is longer than 32767 columns; this module was searched up to there."},
 };
 
 }  // namespace

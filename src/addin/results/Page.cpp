@@ -1,5 +1,7 @@
 #include "addin/results/Page.h"
 
+#include <utility>
+
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/Guarded.h"
@@ -18,6 +20,9 @@
 #include "base/KeyCode.h"
 #include "base/Skip.h"
 #include "base/Text.h"
+#include "platform/App.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
 #include "platform/forms/Controls.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
@@ -99,6 +104,12 @@ void Page::Listen() {
   subscriptions_.push_back(mobjFilter->OnRefresh.Subscribe([this] { Guarded([this] { mobjFilter_OnRefresh(); }); }));
   subscriptions_.push_back(
       mobjTask->TaskBegin.Subscribe([this](std::int32_t taskType) { mobjTask_TaskBegin(taskType); }));
+  subscriptions_.push_back(
+      mobjTask->TaskDone.Subscribe([this](std::int32_t) { Guarded([this] { mobjTask_TaskDone(); }); }));
+  subscriptions_.push_back(
+      mobjTask->OnModuleError.Subscribe([this](const PositionInfo& where, const Error& error, bool& goOn) {
+        mobjTask_OnModuleError(where, error, goOn);
+      }));
   subscriptions_.push_back(mobjPanel->Resize.Subscribe([this] { mobjPanel_Resize(); }));
   const auto mouseDown = [this](std::int16_t button, auto...) { Guarded([&] { MouseDown(button); }); };
   subscriptions_.push_back(mobjLabel->MouseDown.Subscribe(mouseDown));
@@ -245,6 +256,24 @@ void Page::mobjTask_TaskBegin(std::int32_t taskType) {
   if ((taskType & kSearchBit) == 0) return;
   mblnHasResult = true;
   mblnCanRefresh = true;
+  tooLong_.clear();
+}
+
+/// A line with more columns than a place can have costs the rest of its module. The user is told behind the search.
+void Page::mobjTask_OnModuleError(const PositionInfo& where, const Error& error, bool& goOn) {
+  if (!error.Is(ErrorNumber::Overflow)) return;
+  const vbide::VBComponent& component = Deref(where.component());
+  const std::u16string file = component.FileName();
+  tooLong_.push_back(Globals::Language().GetString(StringId::LineTooLong,
+                                                   {file.empty() ? component.Name() : file, ToText(where.mlngY1)}));
+  goOn = true;
+}
+
+void Page::mobjTask_TaskDone() {
+  if (tooLong_.empty()) return;
+  std::u16string text;
+  for (const std::u16string& line : std::exchange(tooLong_, {})) text.append(text.empty() ? u"" : kCrLf).append(line);
+  ThePlatform().MessageBoxes().MsgBox(text, kOkOnly, ThePlatform().TheApp().Title);
 }
 
 void Page::mobjPanel_Resize() {

@@ -19,6 +19,7 @@ class PictureBox;
 
 namespace quorvane {
 
+class Error;
 class ListPainter;
 class PositionInfo;
 
@@ -84,6 +85,8 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   void mobjFilter_OnClear();
   void mobjFilter_OnRefresh();
   void mobjTask_TaskBegin(std::int32_t taskType);
+  void mobjTask_TaskDone();
+  void mobjTask_OnModuleError(const PositionInfo& where, const Error& error, bool& goOn);
   void mobjPanel_Resize();
   void MouseDown(std::int16_t button);
   void mlstResultList_MouseMove(float x, float y);
@@ -96,6 +99,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   bool locatingNext_ = false;
   bool locatingPrev_ = false;
   std::shared_ptr<PositionInfo> lastPreviewed_;
+  std::vector<std::u16string> tooLong_;  ///< what the task of the moment has to tell of lines that are too long
 
   std::vector<Subscription> subscriptions_;  ///< from Setup to TearDown
 };

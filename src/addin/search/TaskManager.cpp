@@ -27,6 +27,10 @@ namespace quorvane {
 namespace {
 constexpr std::int32_t kFindBit = 1;
 constexpr std::int32_t kReplaceBit = 2;
+
+/// Ends the scan of a module whose error was taken over already.
+struct ModuleLeft {};
+
 }  // namespace
 
 TaskManager::TaskManager() = default;
@@ -123,6 +127,7 @@ void TaskManager::ScanModule(PositionInfo& pos) {
   line_ = pos.mlngY1;
   try {
     ScanRegion(pos);
+  } catch (const ModuleLeft&) {
   } catch (const Error& error) {
     bool goOn = false;
     PositionInfo where;
@@ -181,8 +186,23 @@ void TaskManager::ScanFindTo(PositionInfo& pos, std::int32_t limit) {
   }
 }
 
+/// A regular expression also finds what lies beyond the last column that can be told. Whoever takes over errors in a
+/// module is asked about such a match before it gets a number; for others it counts like any match.
+void TaskManager::LeaveIfUntold(const PositionInfo& match) const {
+  try {
+    match.CheckScreenColumns();
+  } catch (const Error& error) {
+    bool goOn = false;
+    OnModuleError.Raise(match, error, goOn);
+    if (goOn) throw ModuleLeft();
+  }
+}
+
 void TaskManager::Take(const std::shared_ptr<PositionInfo>& match) {
-  if (IsWanted(*match)) Deref(mcolResult).Add(match);
+  if (IsWanted(*match)) {
+    LeaveIfUntold(*match);
+    Deref(mcolResult).Add(match);
+  }
   CheckCancel();
 }
 

@@ -71,6 +71,7 @@ class TaskManager : private Counted<TaskManager> {
   // Regular expressions and comment filter
   void ScanRegExp(PositionInfo& pos);
   bool IsWanted(const PositionInfo& pos) const;
+  void LeaveIfUntold(const PositionInfo& match) const;
   void Take(const std::shared_ptr<PositionInfo>& match);
 
   // Replace

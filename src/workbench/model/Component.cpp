@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Text.h"
 #include "workbench/model/ComponentList.h"
 #include "workbench/model/Desk.h"
 #include "workbench/model/Module.h"
@@ -55,6 +56,10 @@ std::shared_ptr<vbide::CodeModule> Component::CodeModule() const {
 
 std::shared_ptr<vbide::VBComponents> Component::Collection() const {
   return list_.lock();
+}
+
+std::u16string Component::FileName() const {
+  return FromUtf8(parts_.path);
 }
 
 std::u16string Component::FullName() const {

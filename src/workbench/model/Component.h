@@ -26,7 +26,7 @@ class Component final : public vbide::VBComponent {
     vbide::ComponentType type = vbide::ComponentType::StdModule;
     /// The file as found on disk; relative to the working directory unless it is absolute. Empty: not on disk.
     std::string path;
-    bool listedAbsolute = false;  ///< its project lists it by an absolute path
+    bool listedAbsolute = false;             ///< its project lists it by an absolute path
     native::FileStamp stamp;                 ///< of that file when it was read
     std::shared_ptr<const SourceFile> file;  ///< what it held; nothing for a component without code
   };
@@ -49,6 +49,8 @@ class Component final : public vbide::VBComponent {
   bool ListedAbsolute() const { return parts_.listedAbsolute; }
   const native::FileStamp& Stamp() const { return parts_.stamp; }
   void SetStamp(const native::FileStamp& stamp) { parts_.stamp = stamp; }
+
+  std::u16string FileName() const override;
 
   /// "Project1.Form1", the form in which messages name a component.
   std::u16string FullName() const;
