@@ -15,6 +15,10 @@ App::App() : Title(kStartingTitle), Major(QUORVANE_MAJOR), Minor(QUORVANE_MINOR)
   ProjectHost = FromUtf8(chosen != nullptr && *chosen != '\0' ? chosen : QUORVANE_PROJECT_HOST);
 }
 
+bool App::HasProjectHost() const {
+  return !ProjectHost.empty() && ProjectHost != u"example.invalid";
+}
+
 std::u16string App::FileBeside(const std::u16string& name) const {
   if (Path.empty()) return name;
   const bool separated = Path.back() == u'/' || Path.back() == u'\\';

@@ -21,6 +21,9 @@ class App {
   /// the environment variable of that name holds another.
   std::u16string ProjectHost;
 
+  /// False for the reserved example, which is what a build has that was given no host: nobody answers there.
+  bool HasProjectHost() const;
+
   /// Path of a file in the program's folder.
   std::u16string FileBeside(const std::u16string& name) const;
 };

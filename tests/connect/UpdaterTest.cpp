@@ -16,14 +16,13 @@ namespace {
 
 constexpr int kNo = 7;
 constexpr int kYes = 6;
-constexpr const char* kAsked = "Open GET http://example.invalid/p/vbquorvane/wiki/Update async";
+constexpr const char* kAsked = "Open GET http://host.example/p/vbquorvane/wiki/Update async";
 
 }  // namespace
 
 class UpdaterTest : public ::testing::Test {
  protected:
   UpdaterTest() {
-    platform.app.ProjectHost = u"example.invalid";
     Globals::gobjUpdater = std::make_shared<Updater>();
     updater().Setup();
     RegisterDialogs();
@@ -110,11 +109,27 @@ TEST_F(UpdaterTest, OffersTheDownload) {
       u"Goto download? (jump to website)",
       4, u"Check update"};
   EXPECT_EQ(platform.prompts.Shown, std::vector{expected});
-  EXPECT_EQ(platform.shell.Opened, std::vector<std::u16string>{u"http://example.invalid/p/vbquorvane/downloads"});
+  EXPECT_EQ(platform.shell.Opened, std::vector<std::u16string>{u"http://host.example/p/vbquorvane/downloads"});
   EXPECT_EQ(platform.web.Calls, (std::vector<std::string>{kAsked, "Send"}));
   EXPECT_EQ(events, "done ");
   updater().GotoProjectSite();
-  EXPECT_EQ(platform.shell.Opened.back(), u"http://example.invalid/p/vbquorvane/");
+  EXPECT_EQ(platform.shell.Opened.back(), u"http://host.example/p/vbquorvane/");
+}
+
+TEST_F(UpdaterTest, ABuildWithoutAnAddressSaysSoAndAsksNobody) {
+  const std::vector<std::string> words = {"This build has no address of the project's web site."};
+  Load({{u"UpdateInterval", u"0"}, {u"LastUpdate", u"2003-02-01"}});
+  for (const char16_t* host : {u"example.invalid", u""}) {
+    platform.app.ProjectHost = host;
+    const std::u16string before = LastUpdate();
+    updater().ScheduleUpdate();
+    EXPECT_EQ(LastUpdate(), before);
+    EXPECT_EQ(Boxes([&] { updater().CheckUpdate(); }, 1), words);
+    EXPECT_EQ(Boxes([&] { updater().GotoProjectSite(); }, 1), words);
+    EXPECT_EQ(Boxes([&] { Updater::OpenPage(u"/help"); }, 1), words);
+  }
+  EXPECT_TRUE(platform.web.Calls.empty());
+  EXPECT_TRUE(platform.shell.Opened.empty());
 }
 
 TEST_F(UpdaterTest, PagesWithoutAVersion) {

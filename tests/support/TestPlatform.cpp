@@ -41,6 +41,7 @@ std::optional<std::u16string> ScriptedPrompts::AskSaveFileName(const FileDialogS
 
 TestPlatform::TestPlatform(const std::string& codePage) : codePage_(native::NewCodePage(codePage)) {
   InstallPlatform(this);
+  app.ProjectHost = u"host.example";
   Globals::gobjErrorManager = std::make_shared<ErrorManager>();
   Globals::gobjUtilities = std::make_shared<Utilities>();
   Globals::gobjSetting = std::make_shared<GlobalSetting>();

@@ -89,6 +89,7 @@ void Updater::mobjSetting_SaveSetting(const std::u16string& appname, const std::
 }
 
 void Updater::CheckUpdate() {
+  if (!MayGoOut()) return;
   mblnPassive = false;
   Deref(forms::TheForms().Instance(u"frmProcessing")).Show(forms::FormModal::Modal);
 }
@@ -100,7 +101,7 @@ void Updater::StartCheck() {
 
 void Updater::ScheduleUpdate() {
   mblnPassive = true;
-  if (IsDue()) StartCheck();
+  if (ThePlatform().TheApp().HasProjectHost() && IsDue()) StartCheck();
 }
 
 void Updater::CancelUpdate() {
@@ -108,7 +109,18 @@ void Updater::CancelUpdate() {
 }
 
 void Updater::GotoProjectSite() {
-  ThePlatform().TheShell().OpenAddress(Url(kSite));
+  OpenPage(kSite);
+}
+
+void Updater::OpenPage(std::u16string_view path) {
+  if (MayGoOut()) ThePlatform().TheShell().OpenAddress(Url(path));
+}
+
+bool Updater::MayGoOut() {
+  if (ThePlatform().TheApp().HasProjectHost()) return true;
+  ThePlatform().MessageBoxes().MsgBox(Globals::Language().GetString(StringId::NoProjectAddress), kOkOnly,
+                                      ThePlatform().TheApp().Title);
+  return false;
 }
 
 /// Whether the schedule asks for a check now. A check by the schedule is noted before it is made, so that a server that
@@ -172,7 +184,7 @@ void Updater::OfferDownload(const std::u16string& published) {
                               language.GetString(StringId::UpdateQuestion);
   if (ThePlatform().MessageBoxes().MsgBox(text, kYesNo, language.GetString(StringId::UpdateTitle)) != kAnswerYes)
     return;
-  ThePlatform().TheShell().OpenAddress(Url(kDownloadPage));
+  OpenPage(kDownloadPage);
 }
 
 /// True if there is nothing to report. The third part of a version counts in no case; any other part that is no 16-bit

@@ -18,7 +18,8 @@ class RegExp;
 
 /// Finds out whether a newer version has been published: reads one web page and takes the first version number on it.
 /// A passive check runs by the schedule and speaks only of a newer version that matters to the user; an active one
-/// always tells its outcome.
+/// always tells its outcome. In a build that was given no address of the project's site a passive check does nothing,
+/// and whoever asks for a check or a page is told so.
 class Updater final : public ILib, private Counted<Updater> {
  public:
   static constexpr std::string_view ClassName = "Updater";
@@ -39,8 +40,10 @@ class Updater final : public ILib, private Counted<Updater> {
   void CancelUpdate();
   /// Opens the project's site in a new browser window.
   void GotoProjectSite();
-  /// The address of a page of the project's; `path` begins with a slash.
-  static std::u16string Url(std::u16string_view path);
+  /// Opens a page of the project's likewise; `path` begins with a slash.
+  static void OpenPage(std::u16string_view path);
+  /// Whether the build has an address of the project's site; the user is told when it has none.
+  static bool MayGoOut();
 
   void Setup() override;
   void TearDown() override;
@@ -60,6 +63,7 @@ class Updater final : public ILib, private Counted<Updater> {
   std::u16string CurrentVersion() const;
   std::u16string ParseVersion(const std::u16string& page);
   RegExp& VersionPattern();
+  static std::u16string Url(std::u16string_view path);
 
   DateTime mdteLastUpdate;
   bool mblnPassive = false;

@@ -48,7 +48,9 @@ frmAbout::frmAbout() : FramedDialog(u"frmAbout", forms::FormBorder::FixedDialog,
   SetCancelButton(cmdOK);
   On(cmdOK->Click, [this] { Unload(); });
   On(lblProjectUrl->Click, [] { Deref(Globals::gobjUpdater).GotoProjectSite(); });
-  On(lblEmail->Click, [] { ThePlatform().TheShell().OpenAddress(u"mailto:" + MailAddress()); });
+  On(lblEmail->Click, [] {
+    if (Updater::MayGoOut()) ThePlatform().TheShell().OpenAddress(u"mailto:" + MailAddress());
+  });
 }
 
 frmAbout::~frmAbout() = default;

@@ -11,8 +11,6 @@
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "chordtrap/Manager.h"
-#include "platform/Platform.h"
-#include "platform/Shell.h"
 
 namespace quorvane {
 
@@ -72,7 +70,7 @@ frmOption::frmOption() : FramedDialog(u"frmOption", forms::FormBorder::FixedDial
   On(cmd检查更新->Click, [] { TheUpdater().CheckUpdate(); });
   On(cmd应用过滤器->Click, [this] { Setting().SetXSL(TextXsl->Text()); });
   On(cmd重置过滤器->Click, [this] { TextXsl->SetText(GlobalSetting::DefaultXSL()); });
-  On(cmd过滤器帮助->Click, [] { ThePlatform().TheShell().OpenAddress(Updater::Url(kFilterHelpPage)); });
+  On(cmd过滤器帮助->Click, [] { Updater::OpenPage(kFilterHelpPage); });
   On(Slider灵敏度->Change, [this] { UpdateSensitivityText(); });
 }
 

@@ -167,7 +167,7 @@ ViewsTest::ViewsTest() : host_(std::make_shared<PlainHost>()) {
   Globals::gobjUpdater = std::make_shared<Updater>();
   Globals::Language().Language = 1;
   Globals::gobjHotkeyProxy = std::make_shared<HotkeyProxy>();
-  platform.app.ProjectHost = u"example.invalid";
+  platform.app.ProjectHost = u"host.example";
   RegisterDialogs();
   ::SetForegroundWindow(mainWindow);
   ::SetFocus(hostBox);
