@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "QtFixture.h"
+#include "desktop/platform/KeyboardLayout.h"
 #include "desktop/platform/QtCanvas.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtMessageLoop.h"
@@ -117,6 +118,60 @@ TEST_F(QtPlatformTest, KeysHaveThePlatformsCodes) {
   }
   EXPECT_EQ(ShiftStateOf(Qt::ShiftModifier | Qt::AltModifier | Qt::KeypadModifier), 5);
   EXPECT_EQ(ShiftStateOf(Qt::ControlModifier), 2);
+}
+
+TEST_F(QtPlatformTest, SignsHaveTheKeysOfTheLayout) {
+  struct Case {
+    std::uint32_t scanCode, plain, shifted;  // the keysyms
+    int code;
+  };
+  const std::vector<Case> layouts[] = {
+      // us, de, fr, ru: what stands on the keys that bear signs in one of them
+      {{20, '-', '_', 189},
+       {21, '=', '+', 187},
+       {47, ';', ':', 186},
+       {48, '\'', '"', 222},
+       {59, ',', '<', 188},
+       {60, '.', '>', 190},
+       {61, '/', '?', 191},
+       {51, '\\', '|', 220},
+       {10, '1', '!', 49}},
+      {{20, 0xDF, '?', 0},
+       {35, '+', '*', 187},
+       {34, 0xFC, 0xDC, 0},
+       {51, '#', '\'', 222},
+       {59, ',', ';', 188},
+       {60, '.', ':', 190},
+       {61, '-', '_', 189},
+       {94, '<', '>', 0},
+       {16, '7', '/', 55},
+       {49, 0xFE52, 0xB0, 0}},
+      {{10, '&', '1', 49},
+       {15, '-', '6', 54},
+       {20, ')', 0xB0, 0},
+       {21, '=', '+', 187},
+       {58, ',', '?', 188},
+       {59, ';', '.', 186},
+       {60, ':', '/', 191},
+       {61, '!', 0xA7, 0},
+       {19, 0xE0, '0', 48}},
+      {{59, 0x6C2, 0x6E2, 188},
+       {60, 0x6C0, 0x6E0, 190},
+       {61, '.', ',', 190},
+       {49, 0x6A3, 0x6B3, 192},
+       {24, 0x6CA, 0x6EA, 'Q'},
+       {34, 0x6C8, 0x6E8, 219},
+       {51, '\\', '/', 220},
+       {11, '2', '"', 50}},
+  };
+  for (const auto& layout : layouts) {
+    std::vector<KeyboardLayout::Key> keys(128);
+    for (const Case& row : layout) keys[row.scanCode] = {row.plain, row.shifted};
+    for (const Case& row : layout) {
+      EXPECT_EQ(KeyboardLayout(keys).CodeOf(row.scanCode), row.code) << &layout - layouts << " " << row.scanCode;
+    }
+    EXPECT_EQ(KeyboardLayout(keys).CodeOf(200), 0);
+  }
 }
 
 TEST_F(QtPlatformTest, MessageBoxHasButtonsAndDefaultOfItsFlags) {

@@ -113,6 +113,10 @@ void DisplayTest::Type(const QString& text) {
   Input({QStringLiteral("type"), QStringLiteral("--"), text});
 }
 
+void DisplayTest::SetLayout(const QString& name) {
+  Output(QStringLiteral("setxkbmap"), {name});
+}
+
 void DisplayTest::Point(const Place& place) {
   QPoint found;
   std::string why;

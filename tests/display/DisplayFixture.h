@@ -37,6 +37,8 @@ class DisplayTest : public SearchWindowsTest {
   static QString Input(const QStringList& command);
   static void Press(const QString& keys);
   static void Type(const QString& text);
+  /// Another keyboard, by its name for the window system.
+  static void SetLayout(const QString& name);
   /// Puts the pointer on a thing as soon as that can be seen.
   static void Point(const Place& place);
   static void Click(const Place& place, int button = 1, int times = 1);

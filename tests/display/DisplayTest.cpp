@@ -246,6 +246,33 @@ TEST_F(RealWindows, FiveHotkeysWorkWhereverTheKeyboardIs) {
   });
 }
 
+TEST_F(RealWindows, KeysForTheNextAndLastMatchAreThoseOfTheLayout) {
+  StartWithGroup();
+  struct Row {
+    const char* layout;
+    const char* key;  // its scan code
+    int leadsTo;
+  };
+  const Row rows[] = {
+      {"us", "60", 4}, {"us", "59", 2}, {"de", "60", 4}, {"de", "59", 2}, {"de", "94", 3}, {"fr", "59", 4},
+      {"fr", "58", 2}, {"fr", "60", 3}, {"ru", "60", 4}, {"ru", "59", 2}, {"ru", "61", 4},
+  };
+  Walk([&] {
+    OpenModule(QStringLiteral("modMain"));
+    SearchByKeys(QStringLiteral("order"));
+    for (const Row& row : rows) {
+      SCOPED_TRACE(std::string(row.layout) + " " + row.key);
+      SetLayout(QString::fromLatin1(row.layout));
+      See([this] { CurrentPage()->mlstResultList->SetListIndex(3); });
+      Input({QStringLiteral("keydown"), QStringLiteral("37"), QStringLiteral("key"), QString::fromLatin1(row.key),
+             QStringLiteral("keyup"), QStringLiteral("37")});
+      const auto heard = [this] { return CurrentPage()->mlstResultList->ListIndex(); };
+      EXPECT_TRUE(Soon([&] { return heard() == row.leadsTo; })) << See(heard);
+    }
+    SetLayout(QStringLiteral("us"));
+  });
+}
+
 TEST_F(RealWindows, PreviewFollowsThePointerAndTakesNothing) {
   StartWithGroup();
   Walk([&] {

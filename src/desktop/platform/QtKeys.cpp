@@ -3,9 +3,11 @@
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "base/KeyCode.h"
+#include "desktop/platform/KeyboardLayout.h"
 #include "platform/forms/MouseButton.h"
 
 namespace quorvane::desktop {
@@ -100,6 +102,15 @@ std::int32_t KeypadCode(int key) {
   }
 }
 
+/// Of a key that gives a sign; nothing for another key, or without a layout to ask.
+std::optional<std::int32_t> CodeByLayout(const QKeyEvent& event) {
+  const bool sign = event.key() > Qt::Key_Space && event.key() < Qt::Key_Escape;
+  if (!sign || event.nativeScanCode() == 0) return std::nullopt;
+  const auto layout = KeyboardLayout::Now(event.nativeModifiers());
+  if (!layout) return std::nullopt;
+  return layout->CodeOf(event.nativeScanCode());
+}
+
 }  // namespace
 
 std::int32_t VirtualKeyOf(const QKeyEvent& event) {
@@ -107,7 +118,9 @@ std::int32_t VirtualKeyOf(const QKeyEvent& event) {
   if (event.modifiers().testFlag(Qt::KeypadModifier)) {
     if (const std::int32_t code = KeypadCode(key)) return code;
   }
-  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
+  if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
+  if (const auto code = CodeByLayout(event)) return *code;
+  if (key >= Qt::Key_0 && key <= Qt::Key_9) return key;
   if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return kKeyF1 + key - Qt::Key_F1;
   const auto found = std::ranges::find(kKeys, key, &KeyPair::qt);
   return found != kKeys.end() ? found->code : 0;

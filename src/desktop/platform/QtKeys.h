@@ -7,7 +7,8 @@ class QKeyEvent;
 
 namespace quorvane::desktop {
 
-/// The platform's virtual-key code of a pressed key, by the US keyboard for signs; 0 for a key without one.
+/// The platform's virtual-key code of a pressed key; 0 for a key without one. For signs it is that of the key which the
+/// keyboard's layout has for the code; where the window system does not tell the layout, by the US keyboard.
 std::int32_t VirtualKeyOf(const QKeyEvent& event);
 
 /// Sum of 1 Shift, 2 Ctrl, 4 Alt, as key and mouse events of forms and hotkeys have it.
