@@ -23,6 +23,12 @@ class PrivateProfile {
   /// removes the key, without `key` the section. True on success.
   virtual bool Write(std::string_view section, std::optional<std::string_view> key,
                      std::optional<std::string_view> value, const std::u16string& file) = 0;
+
+  /// The file that is really read for `file`, as a user finds it.
+  virtual std::u16string PlaceOf(const std::u16string& file) { return file; }
+  /// Keeps a copy of that file beside it, under a name that no later copy takes, and gives its path; empty without a
+  /// file. Raises when it cannot be kept.
+  virtual std::u16string KeepCopy(const std::u16string& file) = 0;
 };
 
 }  // namespace quorvane

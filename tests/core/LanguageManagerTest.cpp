@@ -82,6 +82,12 @@ TEST_F(LanguageManagerTest, ADamagedFile) {
   EXPECT_EQ(Raised([] { LanguageManager(); }), "13 Type mismatch: Language = \"English\" (/opt/quorvane/config.ini)");
   EXPECT_EQ(Config(), "[Language Setting]\nLanguage=English\n") << "stays as it is";
 
+  EXPECT_EQ(LanguageManager::Replace(1), u"/opt/quorvane/config.ini.damaged");
+  EXPECT_EQ(Config(), "[Language Setting]\nLanguage=1\n");
+  EXPECT_EQ(platform.profile.Files[u"/opt/quorvane/config.ini.damaged"], "[Language Setting]\nLanguage=English\n");
+  platform.profile.ReadOnly = true;
+  EXPECT_EQ(Raised([] { LanguageManager::Replace(0); }), "75 Path/File access error: /opt/quorvane/config.ini");
+
   for (const char* number : {"2", "-1", "2147483647", "536870912"}) {
     Config() = std::string("[Language Setting]\nLanguage=") + number + "\n";
     EXPECT_EQ(Raised([] { LanguageManager().GetString(StringId::Area); }), 326) << number;

@@ -1,6 +1,8 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMessageBox>
+#include <QTimer>
+#include <csignal>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -16,9 +18,13 @@
 #include "addin/settings/Registry.h"
 #include "base/Text.h"
 #include "chordtrap/Manager.h"
+#include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/EndSignals.h"
+#include "desktop/shell/FileCommands.h"
 #include "desktop/shell/MainMenu.h"
 #include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ToolDock.h"
+#include "native/files/ProcessMark.h"
 #include "native/settings/FileRegistryStore.h"
 #include "native/settings/FileSettingsStore.h"
 #include "native/system/LocaleClock.h"
@@ -26,6 +32,7 @@
 #include "platform/Platform.h"
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/HostWindows.h"
+#include "workbench/model/Module.h"
 #include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
@@ -183,6 +190,39 @@ TEST_F(ConnectionTest, AStoreThatIsNoneIsToldAndPutAside) {
   Start();
 }
 
+TEST_F(ConnectionTest, ALanguageThatIsNoneKeepsTheAddInOutUntilTheUserStartsIt) {
+  Start();
+  ChangeEverything();
+  Stop();
+  for (const char* language : {"English", "7", "-1", "", "99999999999"}) {
+    SCOPED_TRACE(language);
+    const std::string bytes = std::string("[Language Setting]\r\nLanguage=") + language + "\r\n";
+    folder.Write("config/config.ini", bytes);
+    QString told;
+    AnswerNext(QMessageBox::Ok, &told);
+    Start();
+    EXPECT_TRUE(told.contains(QStringLiteral("Language = \"%1\"").arg(QLatin1String(language)))) << told.toStdString();
+    EXPECT_TRUE(told.contains(QLatin1String("config.ini"))) << told.toStdString();
+    EXPECT_EQ(Globals::gobjSetting, nullptr);
+    EXPECT_EQ(folder.Read("config/config.ini"), bytes);
+    ASSERT_EQ(Window().AddIns().actions().size(), 1);
+    Stop();
+    EXPECT_EQ(folder.Read("config/config.ini"), bytes) << "a run without the add-in changes nothing";
+
+    AnswerNext(QMessageBox::Ok);
+    Start();
+    Window().AddIns().actions().constFirst()->trigger();
+    EXPECT_TRUE(WaitUntil([] { return Globals::gobjSetting != nullptr; }, std::chrono::seconds(10)));
+    EXPECT_EQ(Globals::Language().Language, 1) << "the tests' locale";
+    EXPECT_EQ(Window().AddIns().actions().size(), 1) << "the add-in's own entry";
+    EXPECT_EQ(Globals::gobjSetting->XSL(), u"<?xml version=\"1.0\"?>\r\n<x>\n\ta\r</x> \r\n\r\n") << "nothing is lost";
+    Stop();
+    EXPECT_EQ(folder.Read("config/config.ini"), "[Language Setting]\r\nLanguage=1\r\n");
+  }
+  EXPECT_EQ(folder.Read("config/config.ini.damaged"), "[Language Setting]\r\nLanguage=English\r\n");
+  EXPECT_EQ(folder.Read("config/config.ini.damaged-2"), "[Language Setting]\r\nLanguage=7\r\n");
+}
+
 TEST_F(ConnectionTest, TheToolWindowGoesWithTheAddInAndComesBackOnce) {
   Start();
   const auto host = std::shared_ptr<workbench::Workbench>(std::shared_ptr<void>(), &desktop->Host());
@@ -210,6 +250,92 @@ TEST_F(ConnectionTest, TheToolWindowGoesWithTheAddInAndComesBackOnce) {
     EXPECT_TRUE(Window().ToolDocks().front()->isVisible());
     again.Unload(u"QuorvaneForVB6.Connect", vbide::DisconnectMode::UserClosed);
   }
+}
+
+TEST_F(ConnectionTest, ASignalEndsInOrderAndKeepsWhatIsNotSaved) {
+  setup.dataFolder = folder / "data";
+  const std::string journals = folder / "data/edits/";
+  const std::string file = folder / "samples/Kanji/modZaiko.bas";
+  const std::string bytes = folder.Read("samples/Kanji/modZaiko.bas");
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    for (const bool boxWaits : {false, true}) {
+      SCOPED_TRACE(std::to_string(signal) + (boxWaits ? " while a box waits" : ""));
+      Start("932");
+      Open("samples/Kanji/Kanji.vbp");
+      workbench::Module& module = ModuleNamed(u"modZaiko");
+      const std::u16string text = module.Text();
+      module.DeleteLines(2, 1);
+      module.InsertLines(1, u"' typed\\");
+      const std::u16string edited = module.Text();
+      Globals::gobjSetting->mintRelativeLineCount = static_cast<std::int16_t>(signal + 100);
+      bool ended = false;
+      {
+        EndSignals signals;
+        const Subscription came = signals.Came.Subscribe([this](int) { desktop->EndSoon(); });
+        const Subscription done = desktop->Ended.Subscribe([&] { ended = true; });
+        QTimer::singleShot(0, [&] { raise(signal); });
+        if (boxWaits) {
+          LeaveBoxes();
+          Window().Files().CloseAll();
+          WatchAgain();
+        }
+        EXPECT_TRUE(WaitUntil([&] { return ended; }, std::chrono::seconds(10)));
+      }
+      EXPECT_EQ(Globals::gobjSetting, nullptr) << "disconnected";
+      Stop();
+      EXPECT_EQ(Stored(u"RelativeLineCount"), ToText(signal + 100));
+      EXPECT_EQ(folder.Read("samples/Kanji/modZaiko.bas"), bytes) << "the file is not touched";
+
+      // The journal of this process, as if it had ended: another start of a process with its number.
+      const std::string own = journals + native::ProcessMark() + ".journal";
+      std::filesystem::rename(own, journals + native::ProcessMark() + "1.journal");
+      Start("932");
+      QString told;
+      AnswerNext(QMessageBox::Yes, &told);
+      desktop->OpenFirst({});
+      EXPECT_TRUE(told.contains(QString::fromStdString(file))) << told.toStdString();
+      EXPECT_EQ(ModuleNamed(u"modZaiko").Text(), edited);
+      EXPECT_TRUE(std::filesystem::exists(own)) << "not saved yet";
+      EXPECT_FALSE(std::filesystem::exists(journals + native::ProcessMark() + "1.journal"));
+      EXPECT_TRUE(ModuleNamed(u"modZaiko").Undo());
+      EXPECT_EQ(ModuleNamed(u"modZaiko").Text(), text);
+      EXPECT_FALSE(ModuleNamed(u"modZaiko").Modified());
+      Window().close();
+      EXPECT_FALSE(std::filesystem::exists(own)) << "the user has closed";
+      Stop();
+    }
+  }
+}
+
+TEST_F(ConnectionTest, WhatAJournalCannotBringBackStaysThere) {
+  setup.dataFolder = folder / "data";
+  Start("932");
+  Open("samples/Kanji/Kanji.vbp");
+  for (const char16_t* name : {u"modZaiko", u"CShouhin"}) ModuleNamed(name).InsertLines(1, u"' typed");
+  EXPECT_TRUE(Window().MayEndSession(false));
+  const std::string left = folder / ("data/edits/" + native::ProcessMark() + "1.journal");
+  std::filesystem::rename(folder / ("data/edits/" + native::ProcessMark() + ".journal"), left);
+  AnswerNext(QMessageBox::Cancel);
+  EXPECT_FALSE(Window().MayEndSession(true));
+  AnswerNext(QMessageBox::Discard);
+  EXPECT_TRUE(Window().MayEndSession(true));
+  Window().close();  // asks no more
+  Stop();
+
+  std::filesystem::remove(folder / "samples/Kanji/CShouhin.cls");
+  folder.Write("samples/Kanji/modZaiko.bas", "Attribute VB_Name = \"modZaiko\"\r\n' another's\r\n");
+  QString newer, lost;
+  AnswerNext(QMessageBox::Yes);
+  AnswerNext(QMessageBox::Ok);  // the project lists a file that is gone
+  AnswerNext(QMessageBox::Ok, &newer);
+  AnswerNext(QMessageBox::Ok, &lost);
+  Start("932");
+  desktop->OpenFirst({});
+  EXPECT_TRUE(newer.contains(QLatin1String("modZaiko")) && !newer.contains(QLatin1String("CShouhin")));
+  EXPECT_TRUE(lost.contains(QLatin1String("CShouhin")) && lost.contains(QString::fromStdString(left)));
+  EXPECT_TRUE(std::filesystem::exists(left));
+  AnswerNext(QMessageBox::Discard);
+  Window().close();
 }
 
 TEST_F(ConnectionTest, RegistryValuesLast) {

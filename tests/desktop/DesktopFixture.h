@@ -48,6 +48,7 @@ class DesktopTest : public QtTest {
   void AnswerNext(int button, QString* shown = nullptr);
   /// From now on boxes stay for the test itself.
   void LeaveBoxes() { poll_.stop(); }
+  void WatchAgain() { poll_.start(); }
 
   test::TempFolder folder;
   QtPlatform::Setup setup;  ///< what Start starts with

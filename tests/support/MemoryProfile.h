@@ -34,6 +34,10 @@ class MemoryProfile final : public PrivateProfile {
     Files[file] = text.Bytes();
     return true;
   }
+  std::u16string KeepCopy(const std::u16string& file) override {
+    Files[file + u".damaged"] = Files[file];
+    return file + u".damaged";
+  }
 
   std::map<std::u16string, std::string> Files;
   bool ReadOnly = false;

@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "platform/App.h"
 #include "platform/Platform.h"
+#include "platform/PrivateProfile.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 
@@ -25,19 +26,24 @@ std::int64_t EntryNumber(std::int32_t language, StringId id) {
   return std::int64_t{language} * kEntriesPerLanguage + static_cast<std::int32_t>(id);
 }
 
+std::u16string ConfigPath() {
+  return ThePlatform().TheApp().FileBeside(u"config.ini");
+}
+
+std::u16string StoredText() {
+  if (ThePlatform().Profile() == nullptr) return u"0";
+  IniFile ini;
+  ini.SetINIFileName(ConfigPath());
+  return ini.GetIniKey(kSection, kKey, u"0");
+}
+
 }  // namespace
 
 LanguageManager::LanguageManager() {
   if (ThePlatform().Profile() == nullptr) return;
+  Language = Stored();
   mobjIni.emplace();
   mobjIni->SetINIFileName(ConfigPath());
-  const std::u16string text = mobjIni->GetIniKey(kSection, kKey, u"0");
-  try {
-    Language = ToLong(text);
-  } catch (const Error& e) {
-    throw Error(e.Number,
-                e.Description + u": " + std::u16string(kKey) + u" = \"" + text + u"\" (" + ConfigPath() + u")");
-  }
 }
 
 LanguageManager::~LanguageManager() {
@@ -66,8 +72,30 @@ void LanguageManager::UpdateAllUI() const {
   Changed.Raise();
 }
 
-std::u16string LanguageManager::ConfigPath() const {
-  return ThePlatform().TheApp().FileBeside(u"config.ini");
+std::int32_t LanguageManager::Stored() {
+  try {
+    return ToLong(StoredText());
+  } catch (const Error& e) {
+    throw Error(e.Number, e.Description + u": " + StoredWords());
+  }
+}
+
+std::u16string LanguageManager::StoredWords() {
+  PrivateProfile* profile = ThePlatform().Profile();
+  const std::u16string place = profile != nullptr ? profile->PlaceOf(ConfigPath()) : std::u16string();
+  return std::u16string(kKey) + u" = \"" + StoredText() + u"\" (" + place + u")";
+}
+
+std::u16string LanguageManager::Replace(std::int32_t language) {
+  PrivateProfile& profile = Deref(ThePlatform().Profile());
+  const std::u16string copy = profile.KeepCopy(ConfigPath());
+  IniFile ini;
+  ini.SetINIFileName(ConfigPath());
+  ini.WriteIniKey(kSection, kKey, ToText(language));
+  if (StoredText() != ToText(language)) {
+    RaiseError(ErrorNumber::PathFileAccess, u"Path/File access error: " + profile.PlaceOf(ConfigPath()));
+  }
+  return copy;
 }
 
 std::u16string TextAtAnyRate(StringId id, const std::vector<std::u16string>& args) {

@@ -41,11 +41,21 @@ class LanguageManager {
   /// UpdateUI for every open form, then Changed.
   void UpdateAllUI() const;
 
+  // For a host that looks at the file before the add-in starts.
+
+  static constexpr std::int32_t kLanguages = 2;
+  /// The number in the file, which may be that of no language. Raises the conversion error for one that is none, with
+  /// key, text and file.
+  static std::int32_t Stored();
+  /// The line of the file and its path, as that error names them.
+  static std::u16string StoredWords();
+  /// Puts `language` into the file, of which a copy is kept before; gives the path of the copy, empty without a file.
+  /// Raises when the copy cannot be kept, and error 75 when the file cannot be written.
+  static std::u16string Replace(std::int32_t language);
+
   Event<> Changed;  ///< for what has captions and is no form
 
  private:
-  std::u16string ConfigPath() const;
-
   std::optional<IniFile> mobjIni;  ///< nothing on a platform without INI files
 };
 

@@ -45,6 +45,11 @@ std::int32_t CodeOfSign(std::uint32_t keysym) {
   }
 }
 
+/// These four codes mean their sign on each keyboard; the others move with the country.
+bool IsEverywhere(std::int32_t code) {
+  return code == kKeyEquals || code == kKeyComma || code == kKeyMinus || code == kKeyFullStop;
+}
+
 bool IsDigit(std::uint32_t keysym) {
   return keysym >= '0' && keysym <= '9';
 }
@@ -100,11 +105,18 @@ std::int32_t KeyboardLayout::CodeOf(std::uint32_t scanCode) const {
   for (const std::uint32_t sign : {key.plain, key.shifted}) {
     if (IsDigit(sign)) return static_cast<std::int32_t>(sign);
   }
-  if (const std::int32_t code = CodeOfSign(key.plain)) return code;
+  const std::int32_t plain = CodeOfSign(key.plain);
+  const std::int32_t shifted = IsFree(key.shifted) ? CodeOfSign(key.shifted) : 0;
+  if (IsEverywhere(plain)) return plain;
+  if (IsEverywhere(shifted)) return shifted;
   if (IsOfOtherScript(key.plain)) return CodeOfPlace(scanCode);
-  const std::int32_t code = CodeOfSign(key.shifted);
-  const auto hasPlain = [code](const Key& other) { return CodeOfSign(other.plain) == code && !IsDigit(other.shifted); };
-  return code != 0 && std::ranges::any_of(keys_, hasPlain) ? 0 : code;
+  return plain != 0 ? plain : shifted;
+}
+
+bool KeyboardLayout::IsFree(std::uint32_t sign) const {
+  return std::ranges::none_of(keys_, [code = CodeOfSign(sign)](const Key& key) {
+    return CodeOfSign(key.plain) == code && !IsDigit(key.shifted);
+  });
 }
 
 }  // namespace quorvane::desktop

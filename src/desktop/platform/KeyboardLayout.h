@@ -23,11 +23,14 @@ class KeyboardLayout {
   static std::optional<KeyboardLayout> Now(std::uint32_t nativeModifiers);
 
   /// The platform's virtual-key code of a key; 0 for one without. The sign that it gives without Shift decides, then
-  /// the one with Shift, unless another key gives that one without; a digit comes before both. A key of another script
-  /// has the code of its place on the US keyboard.
+  /// the one with Shift, unless another key gives that one without; but a digit comes first, then plus, comma, minus
+  /// and full stop. A key of another script has the code of its place on the US keyboard.
   std::int32_t CodeOf(std::uint32_t scanCode) const;
 
  private:
+  /// No key gives the sign without Shift.
+  bool IsFree(std::uint32_t sign) const;
+
   std::vector<Key> keys_;
 };
 

@@ -24,6 +24,7 @@ class QtPlatform final : public Platform {
   struct Setup {
     std::string codePage;       ///< by name; empty: that of the locale
     std::string configFolder;   ///< where settings are kept
+    std::string dataFolder;     ///< where edits are kept that are not saved; empty: they are not
     std::string programFolder;  ///< where the files that come with the program lie
     std::string faultQuestion;  ///< program that asks the user what to do about a crash; empty: nobody is asked
     std::chrono::milliseconds httpLimit = std::chrono::seconds(kHttpTimeLimit);  ///< of a web request

@@ -118,6 +118,24 @@ constexpr std::array kWords = {
     Words{Text::OutsideQuestion, u"以下文件由工程以绝对路径列出，位于所有工程文件夹之外：\n\n%1\n\n仍要写入吗？",
           u"A project lists these files by an absolute path, outside the folders of all projects:\n\n%1\n\n"
           u"Write them all the same?"},
+    Words{Text::AddInNotStarted, u"无法启动外接程序，因为它的语言设置无效。\n“外接程序”菜单可用系统语言启动它。",
+          u"The add-in was not started: its language is set to none that it has.\n"
+          u"The Add-Ins menu starts it in the language of the system."},
+    Words{Text::StartAddIn, u"用系统语言启动 Quorvane(&Q)", u"Start &Quorvane in the language of the system"},
+    Words{Text::EditsFound, u"Quorvane 上次结束时有 %1 个模块尚未保存，其改动已另行保留。是否恢复？",
+          u"Quorvane was ended while %1 module had unsaved changes, which were kept. Bring them back?|"
+          u"Quorvane was ended while %1 modules had unsaved changes, which were kept. Bring them back?"},
+    Words{Text::EditsBring, u"恢复(&B)", u"&Bring back"},
+    Words{Text::EditsDelete, u"删除(&D)", u"&Delete"},
+    Words{Text::EditsLost, u"有 %1 个模块的改动未能恢复，它们仍保留在 %2",
+          u"The changes of %1 module could not be brought back; they stay in %2|"
+          u"The changes of %1 modules could not be brought back; they stay in %2"},
+    Words{Text::EditsKept, u"已恢复 %1 个模块的改动，尚未保存；撤消可回到文件的内容",
+          u"Brought back the changes of %1 module, not saved yet; undo leads to what the file holds|"
+          u"Brought back the changes of %1 modules, not saved yet; undo leads to what the files hold"},
+    Words{Text::EditsOverNewer, u"有 %1 个文件此后已被其他程序修改。保存前请检查；撤消可回到文件现在的内容。",
+          u"%1 file was changed by another program since. Look before you save; undo leads to what it holds now.|"
+          u"%1 files were changed by other programs since. Look before you save; undo leads to what they hold now."},
 };
 
 constexpr bool IsInOrder() {

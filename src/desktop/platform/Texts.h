@@ -96,6 +96,14 @@ enum class Text {
   FinishAnswer,
   GoBackAnswer,
   OutsideQuestion,
+  AddInNotStarted,
+  StartAddIn,
+  EditsFound,
+  EditsBring,
+  EditsDelete,
+  EditsLost,
+  EditsKept,
+  EditsOverNewer,
   Count,
 };
 

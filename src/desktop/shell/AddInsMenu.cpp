@@ -24,12 +24,21 @@ void AddInsMenu::RunFirst() {
 void AddInsMenu::ShowKeysOfFirst(const QString& keys) {
   keys_ = keys;
   const auto buttons = bar_->Buttons();
-  if (!isEmpty() && !buttons.empty()) Follow(*actions().constFirst(), *buttons.front());
+  if (offer_.isEmpty() && !isEmpty() && !buttons.empty()) Follow(*actions().constFirst(), *buttons.front());
+}
+
+void AddInsMenu::Offer(const QString& words, std::function<void()> start) {
+  offer_ = words;
+  start_ = std::move(start);
+  Rebuild();
 }
 
 void AddInsMenu::Rebuild() {
   buttons_.clear();
   clear();
+  if (!offer_.isEmpty()) {
+    connect(addAction(Icons::Program(), offer_), &QAction::triggered, this, [start = start_] { start(); });
+  }
   for (const auto& button : bar_->Buttons()) {
     QAction* action = addAction(Icons::Program(), QString());
     connect(action, &QAction::triggered, this, [button] { button->Click(); });
@@ -44,7 +53,7 @@ void AddInsMenu::Rebuild() {
 }
 
 void AddInsMenu::Follow(QAction& action, const workbench::CommandButton& button) {
-  const bool first = !actions().isEmpty() && actions().constFirst() == &action;
+  const bool first = offer_.isEmpty() && !actions().isEmpty() && actions().constFirst() == &action;
   action.setText(ToQString(button.Caption()) + (first && !keys_.isEmpty() ? QLatin1Char('\t') + keys_ : QString()));
   action.setVisible(button.Visible());
   action.setEnabled(button.Enabled());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMenu>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -24,6 +25,9 @@ class AddInsMenu final : public QMenu {
   /// Shown beside the first entry; empty for none. The add-in itself listens to the keys.
   void ShowKeysOfFirst(const QString& keys);
 
+  /// An entry in front of the buttons that does `start`; with empty words none.
+  void Offer(const QString& words, std::function<void()> start);
+
   Event<> Changed;  ///< a button came, went, or changed; as after a change of language
 
  private:
@@ -32,6 +36,8 @@ class AddInsMenu final : public QMenu {
 
   std::shared_ptr<workbench::HostCommandBar> bar_;
   QString keys_;
+  QString offer_;
+  std::function<void()> start_;
   std::vector<Subscription> buttons_;
   Subscription barChanged_;
 };

@@ -1,5 +1,8 @@
 #include "desktop/shell/Desktop.h"
 
+#include <QLocale>
+#include <QTimer>
+
 #include "addin/connect/Connect.h"
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/core/Globals.h"
@@ -11,14 +14,18 @@
 #include "addin/results/PageManager.h"
 #include "addin/results/ResultDialog.h"
 #include "addin/search/TaskManager.h"
+#include "base/Error.h"
+#include "base/Skip.h"
 #include "chordtrap/Item.h"
 #include "chordtrap/KeyChord.h"
 #include "chordtrap/Manager.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/ErrorBox.h"
 #include "desktop/shell/InputFilter.h"
 #include "desktop/shell/MainWindow.h"
+#include "desktop/shell/UnsavedEdits.h"
 #include "desktop/views/FormWindows.h"
 #include "desktop/views/RegisterViews.h"
 #include "platform/forms/Form.h"
@@ -31,6 +38,7 @@ namespace quorvane::desktop {
 
 namespace {
 
+constexpr int kEndAgain = 20;  // ms
 constexpr char16_t kAddIn[] = u"QuorvaneForVB6.Connect";
 
 /// Asks running searches to end; true when there were any. They end behind the event that is being handled now.
@@ -55,6 +63,22 @@ QString SearchKeys() {
   return {};
 }
 
+/// 0 Chinese, 1 English.
+std::int32_t SystemLanguage() {
+  return QLocale::system().language() == QLocale::Chinese ? 0 : 1;
+}
+
+/// Why the add-in could not speak; empty when it can.
+QString LanguageProblem() {
+  try {
+    const std::int32_t language = LanguageManager::Stored();
+    if (language >= 0 && language < LanguageManager::kLanguages) return {};
+    return ToQString(LanguageManager::StoredWords());
+  } catch (const Error& error) {
+    return ToQString(error.Description);
+  }
+}
+
 }  // namespace
 
 Desktop::Desktop(const QtPlatform::Setup& setup)
@@ -65,6 +89,8 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
   platform_.SetWindows(windows_.get());
   RegisterViews(views_, *windows_);
   window_ = std::make_unique<MainWindow>(*workbench_, *windows_, views_, settings_);
+  edits_ = std::make_unique<UnsavedEdits>(*workbench_, *window_,
+                                          setup.dataFolder.empty() ? std::string() : setup.dataFolder + "/edits");
   forms_ = std::make_unique<FormWindows>(views_, *windows_, *window_);
   input_ = std::make_unique<InputFilter>(workbench_->Turns());
   addIns_ = std::make_unique<workbench::AddInLoader>(workbench_);
@@ -74,7 +100,11 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
   PageManager::SetPageFactory([] { return std::make_shared<Page>(); });
   RegisterDialogs();
   closeAsked_ = window_->CloseAsked.Subscribe([](bool& busy) { busy = CancelTasks() || busy; });
-  closing_ = window_->Closing.Subscribe([this] { Stop(); });
+  closing_ = window_->Closing.Subscribe([this] {
+    if (!ending_) edits_->Drop();
+    Stop();
+  });
+  sessionEnding_ = window_->SessionEnding.Subscribe([this] { edits_->Keep(); });
 }
 
 Desktop::~Desktop() {
@@ -93,10 +123,53 @@ void Desktop::Start() {
   languageAsked_ = window_->LanguageAsked.Subscribe([this] { FollowLanguage(); });
   // The options are closed when the language changes, also with no entry in a menu that could tell.
   formClosed_ = forms::TheForms().Closed.Subscribe([this](forms::Form&) { FollowLanguage(); });
-  addIns_->Load(kAddIn, vbide::ConnectMode::Startup);
+  const QString why = LanguageProblem();
+  if (why.isEmpty()) LoadAddIn(vbide::ConnectMode::Startup);
   FollowLanguage();
   window_->RestoreLayout();
   window_->show();
+  if (why.isEmpty()) return;
+  OfferAddIn();
+  TellError(*window_, window_->Words()(Text::AddInNotStarted), why);
+}
+
+void Desktop::LoadAddIn(vbide::ConnectMode mode) {
+  addIns_->Load(kAddIn, mode);
+}
+
+/// Started from the menu the add-in makes its own entry there.
+void Desktop::OfferAddIn() {
+  window_->AddIns().Offer(window_->Words()(Text::StartAddIn), [this] {
+    try {
+      LanguageManager::Replace(SystemLanguage());
+    } catch (const Error& error) {
+      return TellError(*window_, window_->Words()(Text::AddInNotStarted), ToQString(error.Description));
+    }
+    QMetaObject::invokeMethod(  // the menu must not lose the entry that it is carrying out
+        window_.get(),
+        [this] {
+          window_->AddIns().Offer({}, nullptr);
+          LoadAddIn(vbide::ConnectMode::AfterStartup);
+          FollowLanguage();
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void Desktop::OpenFirst(const QStringList& files) {
+  window_->OpenFiles(files);
+  edits_->Offer();
+}
+
+void Desktop::EndSoon() {
+  if (!ending_) edits_->Keep();
+  ending_ = true;
+  if (!window_->EndUnasked()) {
+    QTimer::singleShot(kEndAgain, window_.get(), [this] { EndSoon(); });
+    return;
+  }
+  edits_->Keep();  // with what has still been edited
+  Ended.Raise();
 }
 
 void Desktop::Stop() {
@@ -108,7 +181,9 @@ void Desktop::Stop() {
 }
 
 void Desktop::FollowLanguage() {
-  window_->SetLanguage(Globals::Language().Language);
+  std::int32_t language = SystemLanguage();
+  if (addIns_->Loaded(kAddIn)) SkipErrors([&] { language = Globals::Language().Language; });
+  window_->SetLanguage(language);
   window_->AddIns().ShowKeysOfFirst(SearchKeys());
 }
 

@@ -188,8 +188,20 @@ bool FileCommands::MayClose(const ComponentList& modified) {
   }
 }
 
-bool FileCommands::CloseAll() {
+FileCommands::States FileCommands::ModifiedStates() const {
+  States states;
+  for (const auto& component : Modified(nullptr)) states.emplace_back(component.get(), component->TheModule()->State());
+  return states;
+}
+
+bool FileCommands::MayEndSession() {
   if (!MayClose(Modified(nullptr))) return false;
+  givenUp_ = ModifiedStates();
+  return true;
+}
+
+bool FileCommands::CloseAll() {
+  if (ModifiedStates() != givenUp_ && !MayClose(Modified(nullptr))) return false;
   CloseNow();
   return true;
 }

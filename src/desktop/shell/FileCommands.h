@@ -2,9 +2,11 @@
 
 #include <QStringList>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Event.h"
@@ -45,6 +47,9 @@ class FileCommands {
   bool SaveAll();
   /// Asks about edits that are not saved. False when the user wants to stay.
   bool CloseAll();
+  /// The same question before the session ends, which may still be called off: nothing is closed. Who answers is not
+  /// asked again by CloseAll unless there are other edits then.
+  bool MayEndSession();
   bool CloseProject(const std::shared_ptr<workbench::Project>& project);
 
   /// Loads again what other programs changed on disk; asks where that touches edits that are not saved, and once for a
@@ -62,6 +67,9 @@ class FileCommands {
  private:
   using ComponentList = DiskChanges::ComponentList;
 
+  /// Each edited module, and the state of its text.
+  using States = std::vector<std::pair<const workbench::Component*, std::uint64_t>>;
+  States ModifiedStates() const;
   bool OpenNow(const QStringList& files);
   bool MayClose(const ComponentList& modified);
   void CloseNow();
@@ -74,6 +82,7 @@ class FileCommands {
   QWidget& window_;
   const Texts& texts_;
   QStringList open_;
+  States givenUp_;  ///< edits that the user does not want to save at the end of the session
   DiskChanges disk_;
   Subscription diskChanged_;
   Subscription diskTold_;

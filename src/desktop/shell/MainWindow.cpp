@@ -8,7 +8,9 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScreen>
+#include <QSessionManager>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
@@ -47,6 +49,26 @@ QStringList LocalFiles(const QMimeData& data) {
     if (url.isLocalFile()) files << url.toLocalFile();
   }
   return files;
+}
+
+/// Answers what waits in front in the way that does the least; false when nothing waits.
+bool DismissWaiting() {
+  QWidget* waiting = QApplication::activePopupWidget();
+  if (waiting == nullptr) waiting = QApplication::activeModalWidget();
+  if (waiting == nullptr) return false;
+  if (auto* box = dynamic_cast<QMessageBox*>(waiting)) {
+    for (const auto button : {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Abort, QMessageBox::Ok}) {
+      if (box->button(button) == nullptr) continue;
+      box->button(button)->click();
+      return true;
+    }
+  }
+  if (auto* dialog = dynamic_cast<QDialog*>(waiting)) {
+    dialog->reject();
+  } else {
+    waiting->close();
+  }
+  return true;
 }
 
 std::shared_ptr<workbench::HostCommandBar> AddInsBar(const workbench::Workbench& workbench) {
@@ -122,6 +144,16 @@ void MainWindow::Listen() {
     viewMenu_->insertAction(treeDock_->toggleViewAction(), docks_.Add(window).toggleViewAction());
   });
   listen(workbench_.TheWindows()->Removed, [this](const auto& window) { docks_.Remove(*window); });
+  connect(
+      qApp, &QGuiApplication::commitDataRequest, this,
+      [this](QSessionManager& session) {
+        if (closed_) return;
+        const bool mayAsk = files_->ModifiedCount() > 0 && session.allowsInteraction();
+        const bool ends = MayEndSession(mayAsk);
+        if (mayAsk) session.release();
+        if (!ends) session.cancel();
+      },
+      Qt::DirectConnection);
   connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive && !closed_) files_->CheckDisk();
   });
@@ -227,6 +259,25 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   closed_ = true;
   event->accept();
   Closing.Raise();
+}
+
+bool MainWindow::EndUnasked() {
+  if (closed_) return true;
+  bool busy = DismissWaiting();
+  CloseAsked.Raise(busy);
+  if (busy) return false;
+  layout_.Save();
+  closed_ = true;
+  close();
+  Closing.Raise();
+  return true;
+}
+
+bool MainWindow::MayEndSession(bool mayAsk) {
+  if (files_->ModifiedCount() == 0) return true;
+  if (mayAsk) return files_->MayEndSession();
+  SessionEnding.Raise();
+  return true;
 }
 
 /// The caption is the window's title to the logic too.

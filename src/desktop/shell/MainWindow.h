@@ -48,13 +48,23 @@ class MainWindow final : public QMainWindow {
 
   /// Opens files and remembers them.
   void OpenFiles(const QStringList& files);
+  const Texts& Words() const { return texts_; }
   /// 0 Chinese, 1 English: the words of the workbench's own windows.
   void SetLanguage(std::int32_t language);
   /// Windows, docks and look as they were at the end of the last run; to be called when all tool windows are there.
   void RestoreLayout();
 
+  /// What closing does, but nobody is asked: boxes and menus that wait for an answer go without one, and edits that are
+  /// not saved are given up. False when that is still under way, or something runs that is being brought to its end: to
+  /// be called again later.
+  bool EndUnasked();
+  /// The session is about to end: asks about edits that are not saved, or raises SessionEnding when `mayAsk` is false.
+  /// False when the user wants to stay.
+  bool MayEndSession(bool mayAsk);
+
   Event<> LanguageAsked;    ///< the language may have changed: whoever knows it calls SetLanguage
   Event<bool&> CloseAsked;  ///< the user wants to leave; true: not yet, something is being brought to its end
+  Event<> SessionEnding;    ///< the session ends, and the user cannot be asked about edits that are not saved
   Event<> Closing;          ///< the user leaves; nothing can stop that any more
 
  protected:

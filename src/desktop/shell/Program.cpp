@@ -12,6 +12,7 @@
 #include "desktop/platform/QtPrompts.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/shell/Desktop.h"
+#include "desktop/shell/EndSignals.h"
 #include "desktop/shell/MainWindow.h"
 #include "native/system/UserFolders.h"
 
@@ -86,12 +87,16 @@ int Run(const QStringList& arguments) {
   QtPlatform::Setup setup;
   setup.codePage = parser.value(codePage).toStdString();
   setup.configFolder = native::ConfigFolder();
+  setup.dataFolder = native::DataFolder();
   setup.programFolder = native::ProgramFolder();
   setup.faultQuestion = QApplication::applicationFilePath().toStdString();
   Desktop desktop(setup);
+  EndSignals signals;
+  const Subscription asked = signals.Came.Subscribe([&desktop](int) { desktop.EndSoon(); });
+  const Subscription ended = desktop.Ended.Subscribe([] { QApplication::exit(); });
   desktop.Start();
   const QStringList files = parser.positionalArguments();
-  QTimer::singleShot(0, &desktop.Window(), [&] { desktop.Window().OpenFiles(files); });
+  QTimer::singleShot(0, &desktop.Window(), [&] { desktop.OpenFirst(files); });
   return QApplication::exec();
 }
 

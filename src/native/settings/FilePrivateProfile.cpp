@@ -10,6 +10,7 @@
 #include "base/Skip.h"
 #include "base/Text.h"
 #include "native/files/AtomicFile.h"
+#include "native/files/DamagedCopy.h"
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
 #include "native/settings/IniText.h"
@@ -54,9 +55,7 @@ std::string FilePrivateProfile::UserCopy(const std::string& file) const {
 std::size_t FilePrivateProfile::Read(std::string_view section, std::string_view key, std::string_view defaultValue,
                                      char* buffer, std::size_t size, const std::u16string& file) {
   if (size == 0) return 0;
-  std::string path = ToUtf8(file);
-  if (!IsWritable(path) && Exists(UserCopy(path))) path = UserCopy(path);
-  const auto found = IniText(ReadFileBytes(path).bytes).Get(Narrow(section), Narrow(key));
+  const auto found = IniText(ReadFileBytes(ToUtf8(PlaceOf(file))).bytes).Get(Narrow(section), Narrow(key));
   std::string_view value = Narrow(defaultValue);
   value = value.substr(0, value.find_last_not_of(' ') + 1);
   if (found) value = Narrow(*found);
@@ -64,6 +63,23 @@ std::size_t FilePrivateProfile::Read(std::string_view section, std::string_view 
   std::copy(value.begin(), value.end(), buffer);
   buffer[value.size()] = '\0';
   return value.size();
+}
+
+std::u16string FilePrivateProfile::PlaceOf(const std::u16string& file) {
+  const std::string path = ToUtf8(file);
+  return !IsWritable(path) && Exists(UserCopy(path)) ? FromUtf8(UserCopy(path)) : file;
+}
+
+/// Where the folder of the file takes no copy the user's folder does.
+std::u16string FilePrivateProfile::KeepCopy(const std::u16string& file) {
+  const std::string place = ToUtf8(PlaceOf(file));
+  if (!Exists(place)) return {};
+  const std::string folder = PathText(FilePath(place).parent_path());
+  if (IsWritable(place) && (folder.empty() || CanWrite(folder))) return FromUtf8(KeepDamagedCopy(place));
+  const std::string copy = UserCopy(place);
+  std::filesystem::create_directories(FilePath(userFolder_));
+  if (copy != place) WriteFileWhole(copy, ReadFileBytes(place).bytes);
+  return FromUtf8(KeepDamagedCopy(copy));
 }
 
 bool FilePrivateProfile::Write(std::string_view section, std::optional<std::string_view> key,

@@ -19,6 +19,9 @@ class FilePrivateProfile final : public PrivateProfile {
   /// False also for a section, key or value that a line of the file cannot hold.
   bool Write(std::string_view section, std::optional<std::string_view> key, std::optional<std::string_view> value,
              const std::u16string& file) override;
+  std::u16string PlaceOf(const std::u16string& file) override;
+  /// Named by KeepDamagedCopy.
+  std::u16string KeepCopy(const std::u16string& file) override;
 
  private:
   std::string UserCopy(const std::string& file) const;

@@ -23,6 +23,12 @@ std::string HomeFolder() {
   return user != nullptr ? user->pw_dir : "";
 }
 
+std::string UserFolder(const char* variable, const char* belowHome) {
+  const std::string chosen = Variable(variable);
+  const bool absolute = chosen.starts_with('/');  // a relative one counts for nothing
+  return (absolute ? chosen : HomeFolder() + belowHome) + "/quorvane";
+}
+
 }  // namespace
 
 std::string ProgramFolder() {
@@ -32,9 +38,11 @@ std::string ProgramFolder() {
 }
 
 std::string ConfigFolder() {
-  const std::string chosen = Variable("XDG_CONFIG_HOME");
-  const bool absolute = chosen.starts_with('/');  // a relative one counts for nothing
-  return (absolute ? chosen : HomeFolder() + "/.config") + "/quorvane";
+  return UserFolder("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string DataFolder() {
+  return UserFolder("XDG_DATA_HOME", "/.local/share");
 }
 
 }  // namespace quorvane::native

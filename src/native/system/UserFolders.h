@@ -11,4 +11,7 @@ std::string ProgramFolder();
 /// need not exist.
 std::string ConfigFolder();
 
+/// The same for what the program keeps on the user's behalf: XDG_DATA_HOME or ~/.local/share.
+std::string DataFolder();
+
 }  // namespace quorvane::native
