@@ -57,6 +57,13 @@ TEST_F(AboutTest, TextsBesideTheProgram) {
 
 TEST_F(AboutTest, ALinkThatFailsAndTheWaysOut) {
   frmAbout& a = Open();
+  platform.app.ProjectHost = u"example.invalid";
+  platform.prompts.Answers = {1, 1};
+  a.lblProjectUrl->Press();
+  a.lblEmail->Press();
+  EXPECT_EQ(platform.prompts.Shown.size(), 2u) << "there is no such address";
+  EXPECT_TRUE(platform.shell.Opened.empty());
+  platform.prompts.Shown.clear();
   Globals::gobjUpdater.reset();
   platform.prompts.Answers = {1};
   a.lblProjectUrl->Press();
