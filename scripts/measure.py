@@ -203,6 +203,84 @@ class Bench:
         return [Row(f"replace of {self.group['many']['count']:,} to a diff, against 300 ms", "ms", times["ours"], 300, 1,
                     self.instructions(command))]
 
+    def write(self):
+        """Saving, against a copy of the files that it changes, each made durable by one fsync."""
+        text = self.group["many"]["text"]
+        root, copies = self.folder / "written", self.folder / "copied"
+        times = {"ours": [], "copy": []}
+        for turn in range(4):
+            for folder in (root, copies):
+                shutil.rmtree(folder, ignore_errors=True)
+            shutil.copytree(self.folder / "group", root)
+            changed = [path for path in sorted(root.rglob("*")) if path.suffix in (".bas", ".cls", ".frm")
+                       and text.lower().encode() in path.read_bytes().lower()]
+            copies.mkdir()
+            os.sync()
+            start = time.perf_counter()
+            for index, path in enumerate(changed):
+                with open(copies / str(index), "wb") as copy:
+                    copy.write(path.read_bytes())
+                    copy.flush()
+                    os.fsync(copy.fileno())
+            copied = (time.perf_counter() - start) * 1000
+            os.sync()
+            elapsed, _ = run([self.program, "replace", "-m", "regexp", text, "lngRowOfInvoice", "--write",
+                              str(root / Path(self.group["group"]).relative_to(self.folder / "group"))])
+            if turn > 0:
+                times["ours"].append(elapsed)
+                times["copy"].append(copied)
+        left = sum(text.lower().encode() in path.read_bytes().lower() for path in changed)
+        expect("files that still hold the replaced text", left, 0)
+        for folder in (root, copies):
+            shutil.rmtree(folder)
+        return [Row(f"the same with `--write`, against a copy of the {len(changed):,} files with one fsync each", "ms",
+                    statistics.median(times["ours"]), statistics.median(times["copy"]), 1.5)]
+
+    def scale(self):
+        """Groups of one, two and four million lines: a line costs the same in each."""
+        commands, lines = {}, {}
+        for factor in (1, 2, 4):
+            folder = self.folder / f"scale{factor}"
+            shutil.rmtree(folder, ignore_errors=True)
+            made = subprocess.run([self.benches / "MakeGroup", "--modules", str(2_000 * factor), "--lines",
+                                   str(1_000_000 * factor), folder], check=True, capture_output=True)
+            group = json.loads(made.stdout)
+            lines[factor] = group["lines"]
+            commands[factor] = ([self.program, "find", "--format", "lines", group["rare"]["text"], group["group"]],
+                                self.output(f"scale{factor}.txt"))
+        os.sync()
+        times = interleaved(self.runs, commands)
+        rows = []
+        for factor in (2, 4):
+            expect("result lines", self.lines_of(f"scale{factor}.txt") > 0, True)
+            rows.append(Row(f"a rare text, a line among {factor} million, against one among 1 million", "ns",
+                            times[factor] / lines[factor] * 1e6, times[1] / lines[1] * 1e6, 1.15))
+        for factor in (1, 2, 4):
+            shutil.rmtree(self.folder / f"scale{factor}")
+        return rows
+
+    def tree(self):
+        """The tree that QUORVANE_BENCH_TREE names; its limits are those of the generated group."""
+        root = os.environ.get("QUORVANE_BENCH_TREE")
+        if not root:
+            return []
+        suffixes = (".bas", ".cls", ".frm", ".ctl", ".pag", ".dob", ".dsr")
+        files = sorted(str(path) for path in Path(root).rglob("*") if path.suffix.lower() in suffixes)
+        if not files:
+            raise Failure(f"QUORVANE_BENCH_TREE: no module files under {root}")
+        cases = (("a rare text", "zzqqxxyyq", "lines", ["-i"], 1),
+                 ("`String` to `count`", "String", "count", ["-i", "--count-matches"], 2),
+                 ("`String` to `vimgrep`", "String", "vimgrep", ["-i", "--vimgrep"], 2),
+                 ("`String` to `json`", "String", "json", ["-i", "--json"], 3))
+        rows = []
+        for name, text, form, options, limit in cases:
+            find = [self.program, "find", "--format", form, text, *files]
+            reference = ["rg", "--no-config", *options, text, *files]
+            times = interleaved(self.runs, {"ours": (find, os.devnull), "rg": (reference, os.devnull)}, (0, 1))
+            rows.append(Row(f"the named tree of {len(files):,} files, {name}, against `rg {' '.join(options)}`", "ms",
+                            times["ours"], times["rg"], limit, self.instructions(find)))
+        return rows
+
     def search_phase(self):
         """The search without process and files: how its time grows."""
         command = [self.benches / "SearchPhase", "--benchmark_format=json", f"--benchmark_repetitions={self.runs}",
@@ -335,7 +413,8 @@ def main():
     options = parser.parse_args()
     bench = Bench(options)
     bench.check_counts()
-    rows = bench.rare_text() + bench.result_lines() + bench.crowded() + bench.replace() + bench.memory()
+    rows = bench.rare_text() + bench.result_lines() + bench.crowded() + bench.replace() + bench.write()
+    rows += bench.scale() + bench.memory() + bench.tree()
     if not options.quick:
         rows += bench.window() + bench.search_phase() + bench.bridge()
     print(table(rows))
