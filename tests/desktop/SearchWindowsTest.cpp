@@ -123,6 +123,14 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   dynamic_cast<QToolButton*>(bar.tabButton(1, QTabBar::RightSide))->click();
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "Search 'order'|Search 'total'|Search4||");
+  // The menu is about the tab below the mouse.
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(3));
+  QCoreApplication::processEvents();
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(0));
+  QTest::mouseClick(&bar, Qt::RightButton, {}, middle(3));
+  Choose(QStringLiteral("Close tab"));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(captions(), "Search 'order'|Search 'total'|Search4||");
   QTest::mouseClick(&bar, Qt::MiddleButton, {}, middle(2));
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "Search 'order'|Search 'total'||");
@@ -131,7 +139,11 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "Search 'total'||");
 
-  QTest::mouseClick(&bar, Qt::RightButton, {}, middle(0));
+  const int width = bar.tabRect(0).width();
+  for (int i = 0; i < 20; ++i) Globals::gobjPageManager->AddNewPage();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(bar.tabRect(0).width(), width) << "tabs scroll before they cannot be read";
+  QTest::mouseClick(&bar, Qt::RightButton, {}, middle(bar.currentIndex()));
   Choose(QStringLiteral("Close All tabs"));
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "|");
@@ -296,9 +308,18 @@ TEST_F(SearchWindowsTest, ListOfManyRowsScrollsAndFindsRowsByPlace) {
   EXPECT_GE(utilities.GetListIndex(list->hWnd(), 5, static_cast<float>(List().height() + 50)), list->ListCount());
   EXPECT_GE(utilities.GetListIndex(list->hWnd(), -4, 5), list->ListCount());
 
+  QTest::keyClick(&List(), Qt::Key_End);
   list->SetHorizontalExtent(5000);
   QCoreApplication::processEvents();
   EXPECT_EQ(List().horizontalScrollBar()->maximum(), 5000 - List().viewport()->width());
+  EXPECT_TRUE(List().viewport()->rect().contains(List().RectOf(99'999))) << "the bar hides no selected row";
+  CanvasRect drawn;
+  const auto onDraw =
+      list->DrawItem.Subscribe([&](std::int32_t, Canvas&, bool, const CanvasRect& rcItem) { drawn = rcItem; });
+  List().horizontalScrollBar()->setValue(700);
+  List().grab();
+  EXPECT_EQ(drawn.Left, 0) << "a row is counted from its own start";
+  EXPECT_EQ(drawn.Right, 5000);
   QTest::keyClick(&List(), Qt::Key_Home);
   EXPECT_EQ(list->ListIndex(), 0);
   EXPECT_FALSE(List().RectOf(0).isNull());

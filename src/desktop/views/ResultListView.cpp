@@ -113,22 +113,28 @@ void ResultListView::paintEvent(QPaintEvent*) {
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
   const int height = RowHeight();
   const int left = -horizontalScrollBar()->value();
-  const int right = std::max(viewport()->width(), list_.HorizontalExtent() + left);
+  const int width = std::max(viewport()->width() - left, list_.HorizontalExtent());
   const int first = verticalScrollBar()->value();
   const int last = std::min(list_.ListCount() - 1, first + viewport()->height() / height);
+  // The owner counts the widest row from what it is given: each row starts at 0 there, however far it is scrolled.
+  painter.translate(left, 0);
   QtCanvas canvas(painter, palette());
   for (int row = first; row <= last; ++row) {
     const int top = (row - first) * height;
     const bool selected = row == list_.ListIndex();
     // The owner draws its text at the top of what it is given; the room above and below is the view's.
-    if (selected) painter.fillRect(0, top, viewport()->width(), height, palette().color(QPalette::Highlight));
-    list_.DrawItem.Raise(row, canvas, selected, {left, top + kPadding, right, top + height - kPadding});
+    if (selected) painter.fillRect(0, top, width, height, palette().color(QPalette::Highlight));
+    list_.DrawItem.Raise(row, canvas, selected, {0, top + kPadding, width, top + height - kPadding});
   }
 }
 
 void ResultListView::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
+  const int row = list_.ListIndex();
+  const int first = verticalScrollBar()->value();
+  const bool seen = row >= first && row < first + std::max(1, event->oldSize().height() / RowHeight());
   UpdateScrollBars();
+  if (seen) Reveal(row);  // the bar below comes with the first long row, and takes the place of the last one
 }
 
 void ResultListView::mousePressEvent(QMouseEvent* event) {

@@ -17,6 +17,7 @@ namespace quorvane::desktop {
 
 namespace {
 
+constexpr int kNarrowestTab = 130;  // pixels
 constexpr int kWidestTab = 260;
 
 /// An "&" of a search text marks nothing.
@@ -110,6 +111,11 @@ QSize TabBarView::tabSizeHint(int index) const {
   return QTabBar::tabSizeHint(index).boundedTo({kWidestTab, QWIDGETSIZE_MAX});
 }
 
+/// Tabs that would get narrower than this scroll instead.
+QSize TabBarView::minimumTabSizeHint(int index) const {
+  return tabSizeHint(index).boundedTo({kNarrowestTab, QWIDGETSIZE_MAX});
+}
+
 std::shared_ptr<forms::Tab> TabBarView::TabUnder(const QMouseEvent& event) const {
   const int index = tabAt(event.position().toPoint());
   return index >= 0 ? shown_[static_cast<std::size_t>(index)] : nullptr;
@@ -124,6 +130,7 @@ void TabBarView::mousePressEvent(QMouseEvent* event) {
   const auto x = static_cast<float>(event->position().x());
   const auto y = static_cast<float>(event->position().y());
   if (tab) {
+    if (button == forms::kRightButton && tab->CanClose()) Select(tab);  // the menu speaks of the selected tab
     control_.PressTab(tab, button, Shift(*event), x, y);
   } else {
     control_.PressBar(button, Shift(*event), x, y);

@@ -26,6 +26,7 @@ class TabBarView final : public QTabBar {
 
  protected:
   QSize tabSizeHint(int index) const override;
+  QSize minimumTabSizeHint(int index) const override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
