@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
+#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -189,17 +191,49 @@ TEST_F(DesktopTest, SelectionIsTheSameInPaneAndEditor) {
   }
 }
 
+TEST_F(ShopTest, TreeThatATinyWindowSqueezedComesBack) {
+  const QSize size = Window().size();
+  auto* dock = Window().findChild<QDockWidget*>(QStringLiteral("ProjectTree"));
+  QCoreApplication::processEvents();
+  const int width = dock->width();
+  Window().resize(Window().minimumSizeHint());
+  QCoreApplication::processEvents();
+  EXPECT_LT(dock->width(), width);
+  Window().resize(size);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(dock->width(), width);
+}
+
 TEST_F(DesktopTest, LocatedMatchComesIntoView) {
   Start();
   std::string code;
   for (int i = 1; i <= 500; ++i) code += "line " + std::to_string(i) + "\r\n";
   folder.Write("long.bas", code);
   Open("long.bas");
-  CodeEdit& editor = EditorOf(u"long");
+  const auto locate = [&](std::int32_t line) {
+    const auto pane = ModuleNamed(u"long").CodePane();
+    pane->SetSelection({line, 1, line, 5});
+    pane->Show();
+    desktop->Windows().SendMessage(desktop->Host().TheDesk()->Panes().front()->TheWindow()->Handle(), 0x1043, 0, 0);
+  };
+  locate(300);  // in a window that this opens
+  CodeEdit& editor = Window().Code().Current()->Editor();
+  const auto visible = [&] { return editor.viewport()->rect().contains(editor.cursorRect()); };
+  const auto above = [&] { return editor.cursorRect().top() * 3.0 / editor.viewport()->height(); };
+  EXPECT_TRUE(WaitUntil([&] { return visible(); }, 2s));
+  EXPECT_NEAR(above(), 1, 0.15);
   const auto pane = desktop->Host().ActiveCodePane();
   pane->SetSelection({400, 1, 400, 5});
-  const auto visible = [&] { return editor.viewport()->rect().contains(editor.cursorRect()); };
   EXPECT_TRUE(visible());
+  EXPECT_NEAR(above(), 1, 0.15);
+  // It is clear of a dialog that lies over that place.
+  QDialog over(&Window());
+  over.setGeometry(QRect(editor.viewport()->mapToGlobal(QPoint(0, 40)), QSize(400, editor.viewport()->height() / 2)));
+  over.show();
+  locate(200);
+  EXPECT_TRUE(visible());
+  EXPECT_FALSE(over.frameGeometry().contains(editor.viewport()->mapToGlobal(editor.cursorRect().center())));
+  over.hide();
   // Scrolled away and located again: nothing changes in the pane, and yet it is to be seen.
   editor.verticalScrollBar()->setValue(0);
   EXPECT_FALSE(visible());

@@ -25,6 +25,7 @@
 #include "desktop/platform/QtText.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/MainWindow.h"
+#include "desktop/shell/ToolDock.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/ResultView.h"
 #include "platform/forms/OwnerDrawList.h"
@@ -159,6 +160,7 @@ TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
     const QString shown[] = {WindowOf(Dialog()).windowTitle(),
                              WidgetOf<QPushButton>(Dialog(), *Dialog().cmdSearch).text(),
                              ToQString(Document().mnuAbout.Caption()),
+                             Window().ToolDocks().at(0)->windowTitle(),
                              ToQString(Document().mnuCloseTab.Caption()),
                              Window().findChild<AddInsMenu*>()->actions().at(0)->text(),
                              Window().Menu().Find(Text::FileSave)->text()};
@@ -166,12 +168,13 @@ TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
     return all;
   };
   const std::string english = words();
+  EXPECT_NE(english.find("|Search result|"), std::string::npos) << english;
   Walk(u"frmOption", From::SearchDialog, [&] {
     PickLanguage(0);
     EXPECT_EQ(words(), english);
     PressOk();
   });
-  EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|关闭当前页面(&C)|Quorvane插件(&D)\tCtrl+Q|保存(&S)|");
+  EXPECT_EQ(words(), "Quorvane|搜索(&S)|关于(&A) ...|搜索结果|关闭当前页面(&C)|Quorvane插件(&D)\tCtrl+Q|保存(&S)|");
   Walk(
       u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },
       [&] {

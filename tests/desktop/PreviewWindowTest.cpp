@@ -3,12 +3,14 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <string>
 
 #include "FormWindowsFixture.h"
 #include "addin/core/Globals.h"
 #include "addin/dialogs/frmCodePreview.h"
 #include "addin/settings/GlobalSetting.h"
+#include "desktop/editor/CodeColors.h"
 #include "desktop/shell/MainWindow.h"
 #include "desktop/views/CodePreviewView.h"
 #include "desktop/views/ResultListView.h"
@@ -58,6 +60,17 @@ class PreviewWindowTest : public FormWindowsTest {
     }
     return all;
   }
+  /// What stands on the screen in a colour, whoever gave it that.
+  std::string Inked(const QColor& color) {
+    std::string all;
+    for (QTextBlock block = Shown().document()->begin(); block.isValid(); block = block.next()) {
+      for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+        if (range.format.foreground().color() != color) continue;
+        all += block.text().mid(range.start, range.length).toStdString() + "|";
+      }
+    }
+    return all;
+  }
   std::string PlainText() { return Shown().toPlainText().toStdString(); }
   bool Comes(bool visible) {
     return WaitUntil([&] { return Preview().isVisible() == visible; }, 400ms);
@@ -73,6 +86,10 @@ TEST_F(PreviewWindowTest, FollowsTheMouseOverTheList) {
   Hover(0);
   ASSERT_TRUE(Comes(true));
   EXPECT_EQ(Marks(), "#ff0000 NextOrderNo|");
+  EXPECT_EQ(Inked(Qt::red), "NextOrderNo|");
+  const std::string keywords = Inked(CodeColors::Of(Shown().palette()).keyword);
+  EXPECT_NE(keywords.find("Public|"), std::string::npos) << keywords;
+  EXPECT_GE(Shown().document()->documentMargin(), 6);
   const std::string first = PlainText();
   const QSizeF text = Shown().document()->size();
   EXPECT_GE(Preview().height(), text.height());

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -7,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTest>
 #include <QToolButton>
 #include <QUrl>
@@ -28,6 +30,7 @@
 #include "desktop/views/DialogView.h"
 #include "desktop/views/ResultListView.h"
 #include "desktop/views/ResultView.h"
+#include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/OwnerDrawList.h"
@@ -41,6 +44,12 @@ namespace quorvane::desktop {
 namespace {
 
 using namespace std::chrono_literals;
+
+/// The button that stands in for the last tab.
+QToolButton& AddOf(const ResultView& results) {
+  for (auto* button : results.findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) return *button;
+  throw std::runtime_error("no such button");
+}
 
 constexpr int kNever = 2;  // the search dialog does not hide itself
 
@@ -106,11 +115,19 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   };
   const auto middle = [&](int index) { return bar.tabRect(index).center(); };
   EXPECT_EQ(captions(), "Search 'order'|Search 'a && b'|Search 'total'||");
+  EXPECT_FALSE(AddOf(Results()).isVisible());
+
+  // A tab of the results and one of the code are closed by the same cross.
+  EditorOf(u"modMain");
+  QCoreApplication::processEvents();
+  auto* codeTabs = Window().Code().findChild<QTabBar*>();
+  EXPECT_EQ(codeTabs->tabButton(0, QTabBar::RightSide)->grab().toImage(),
+            bar.tabButton(0, QTabBar::RightSide)->grab().toImage());
 
   QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(0));
   EXPECT_EQ(CurrentPage()->mstrKey, u"Search1");
   EXPECT_EQ(List().Model().ListCount(), CurrentPage()->mcolResult->Count());
-  EXPECT_TRUE(bar.tabToolTip(0).contains(QStringLiteral("match:")));
+  EXPECT_TRUE(bar.tabToolTip(0).startsWith(QStringLiteral("Search 'order'<br>module:"))) << "what may be cut";
 
   // The tab behind all pages makes one, also when it is hit twice in a row, and has no close button.
   const QPoint plus = middle(3);
@@ -120,7 +137,7 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "Search 'order'|Search 'a && b'|Search 'total'|Search4||");
 
-  dynamic_cast<QToolButton*>(bar.tabButton(1, QTabBar::RightSide))->click();
+  dynamic_cast<QAbstractButton*>(bar.tabButton(1, QTabBar::RightSide))->click();
   QCoreApplication::processEvents();
   EXPECT_EQ(captions(), "Search 'order'|Search 'total'|Search4||");
   // The menu is about the tab below the mouse.
@@ -143,6 +160,10 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   for (int i = 0; i < 20; ++i) Globals::gobjPageManager->AddNewPage();
   QCoreApplication::processEvents();
   EXPECT_EQ(bar.tabRect(0).width(), width) << "tabs scroll before they cannot be read";
+  ASSERT_TRUE(AddOf(Results()).isVisible());
+  QTest::mouseClick(&AddOf(Results()), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(bar.count(), 23) << "where the last tab is out of sight";
   QTest::mouseClick(&bar, Qt::RightButton, {}, middle(bar.currentIndex()));
   Choose(QStringLiteral("Close All tabs"));
   QCoreApplication::processEvents();
@@ -241,6 +262,10 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   EXPECT_TRUE(replace.isEnabled());
   EXPECT_FALSE(dynamic_cast<QRadioButton&>(WidgetOf(*Dialog().optModeButtons[0])).isChecked());
 
+  const auto bottom = [this](const auto& frame) { return WidgetOf(*frame).geometry().bottom(); };
+  EXPECT_EQ(bottom(Dialog().frameArea), bottom(Dialog().frameMode));
+  EXPECT_EQ(bottom(Dialog().frameArea), bottom(Dialog().frameOption));
+
   // Tab passes over the options that are not set; arrows choose among them.
   WidgetOf(*Dialog().cmbReplace).setFocus();
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -283,6 +308,23 @@ TEST_F(SearchWindowsTest, ControlsOfTheDialogFollowTheirModel) {
   QTest::keyClick(&combo, Qt::Key_Escape);
   EXPECT_FALSE(DialogWidget().window()->isVisible());
   EXPECT_TRUE(Dialog().Loaded());
+}
+
+TEST_F(SearchWindowsTest, RowsAndStatusLineHaveTheFontOfTheDesktop) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPointSize(16);
+  QApplication::setFont(large);
+  StartWithGroup();
+  Search(QStringLiteral("order"));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(CurrentPage()->mlstResultList->Font().Size, 16);
+  EXPECT_GE(List().RectOf(0).height(), QFontMetrics(large).height());
+  const QWidget& line = Below<StatusLabel>(Results());
+  EXPECT_GE(line.height(), QFontMetrics(large).height());
+  EXPECT_GE(List().geometry().top(), QFontMetrics(large).height()) << "the list lies over no letter";
+  Stop();
+  QApplication::setFont(before);
 }
 
 TEST_F(SearchWindowsTest, ListOfManyRowsScrollsAndFindsRowsByPlace) {

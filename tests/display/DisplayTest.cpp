@@ -132,6 +132,11 @@ TEST_F(RealWindows, DialogStaysAboveTheWindowItBelongsTo) {
   Walk([&] {
     OpenModule(QStringLiteral("modMain"));
     ShowDialogByKey();
+    const QPoint place = See([this] { return DialogWindow().pos(); });
+    Press(QStringLiteral("ctrl+q"));
+    Press(QStringLiteral("x"));
+    ASSERT_TRUE(Soon([] { return Globals::gobjSetting->mstrSearchStr.ends_with(u'x'); }));
+    EXPECT_EQ(See([this] { return DialogWindow().pos(); }), place) << "it stays when it is asked for again";
     MoveDialogAside();
     Click([this] { return On(*Editor().viewport(), {60, 20}); });
     ASSERT_TRUE(IsInFront(Main()));

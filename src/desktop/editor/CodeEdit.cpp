@@ -1,5 +1,6 @@
 #include "desktop/editor/CodeEdit.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -22,6 +23,16 @@ constexpr int kIndent = 4;  // columns
 constexpr int kGutterMargin = 8;
 constexpr int kSmallestFont = 6;
 constexpr int kLargestFont = 48;
+
+/// Whether a place in a widget is in its rectangle, and no dialog of the program lies over it.
+bool IsClear(const QWidget& widget, const QRect& place) {
+  if (!widget.rect().contains(place.center())) return false;
+  const QRect onScreen(widget.mapToGlobal(place.topLeft()), place.size());
+  return std::ranges::none_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+    return window->isVisible() && !window->isMinimized() && window->windowType() == Qt::Dialog &&
+           window != widget.window() && window->frameGeometry().intersects(onScreen);
+  });
+}
 
 qsizetype LeadingBlanks(const QString& line) {
   const auto first =
@@ -179,19 +190,17 @@ void CodeEdit::Redo() {
 void CodeEdit::AfterHistory(const std::optional<CaretHistory::Caret>& caret) {
   Refresh();
   if (caret) {
-    Select(caret->anchor, caret->position);
+    Locate(caret->anchor, caret->position);
   } else {
-    Select(binding_->LastChange(), binding_->LastChange());
+    Locate(binding_->LastChange(), binding_->LastChange());
   }
-  Reveal();
 }
 
 void CodeEdit::GoToLine(int line) {
   Refresh();
   const int number = std::clamp(line, 1, blockCount()) - 1;
   const int position = document()->findBlockByNumber(number).position();
-  Select(position, position);
-  Reveal();
+  Locate(position, position);
 }
 
 void CodeEdit::Select(int anchor, int position) {
@@ -203,16 +212,63 @@ void CodeEdit::Select(int anchor, int position) {
 }
 
 void CodeEdit::Reveal() {
-  const QRect view = viewport()->rect();
+  Place(Shows(textCursor().anchor()) && Shows(textCursor().position()));
+}
+
+void CodeEdit::Locate(int anchor, int position) {
+  const bool shown = Shows(anchor) && Shows(position);  // the toolkit scrolls by itself, just as far as it must
+  Select(anchor, position);
+  Place(shown);
+}
+
+bool CodeEdit::Shows(int position) const {
+  if (!placed_) return false;
+  QTextCursor cursor(document());
+  cursor.setPosition(std::clamp(position, 0, document()->characterCount() - 1));
+  return viewport()->rect().intersects(cursorRect(cursor));
+}
+
+void CodeEdit::Place(bool shown) {
   QTextCursor begin = textCursor();
   begin.setPosition(begin.selectionStart());
-  const QRect first = cursorRect(begin);
-  const bool visible = view.intersects(first) && view.intersects(cursorRect());
-  if (!visible) {
-    const int above = std::max(0, (view.height() / std::max(1, first.height())) / 3);
-    verticalScrollBar()->setValue(std::max(0, begin.blockNumber() - above));
-  }
+  placed_ = isVisible();
+  const int rows = std::max(1, viewport()->height() / std::max(1, cursorRect(begin).height()));
+  if (!shown) verticalScrollBar()->setValue(std::max(0, begin.blockNumber() - rows / 3));
   ensureCursorVisible();
+  if (placed_) LeaveCover(begin, rows);
+}
+
+/// Where a dialog lies over the selection's first line, that goes to the line of the view nearest to a third that none
+/// lies over; it stays where it is when there is no such line.
+void CodeEdit::LeaveCover(const QTextCursor& begin, int rows) {
+  const auto place = [&] {
+    const QRect first = cursorRect(begin);
+    const bool oneLine = begin.blockNumber() == textCursor().blockNumber();
+    return oneLine ? first.united(cursorRect()) : first;
+  };
+  if (IsClear(*viewport(), place())) return;
+  QScrollBar& bar = *verticalScrollBar();
+  const int before = bar.value();
+  for (int distance = 0; distance < rows; ++distance) {
+    for (const int row : {rows / 3 - distance, rows / 3 + distance}) {
+      const int value = begin.blockNumber() - row;
+      if (row < 0 || row >= rows || value < 0 || value > bar.maximum()) continue;
+      bar.setValue(value);
+      if (IsClear(*viewport(), place())) return;
+    }
+  }
+  bar.setValue(before);
+}
+
+void CodeEdit::showEvent(QShowEvent* event) {
+  QPlainTextEdit::showEvent(event);
+  if (placed_) return;
+  QMetaObject::invokeMethod(  // the window gets its size behind this
+      this,
+      [this] {
+        if (!placed_) Reveal();
+      },
+      Qt::QueuedConnection);
 }
 
 int CodeEdit::GutterWidth() const {

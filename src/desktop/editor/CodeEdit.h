@@ -37,8 +37,10 @@ class CodeEdit final : public QPlainTextEdit {
   void GoToLine(int line);
   /// Selects from one place to another (0-based, in units of the document); the cursor stands at the second.
   void Select(int anchor, int position);
-  /// Scrolls so that the selection is in view, with some lines around it when it was not.
+  /// Scrolls so that the selection is in view, with a third of the view above it when it was not, and clear of dialogs.
   void Reveal();
+  /// Select, then Reveal.
+  void Locate(int anchor, int position);
 
   int GutterWidth() const;
   void PaintGutter(QPaintEvent& event);
@@ -52,6 +54,7 @@ class CodeEdit final : public QPlainTextEdit {
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -77,6 +80,9 @@ class CodeEdit final : public QPlainTextEdit {
   void PlaceGutter();
   void ApplyColors();
   void NoteCaret();
+  bool Shows(int position) const;
+  void Place(bool shown);
+  void LeaveCover(const QTextCursor& begin, int rows);
   void AfterHistory(const std::optional<CaretHistory::Caret>& caret);
 
   workbench::TurnClock& turns_;
@@ -86,6 +92,7 @@ class CodeEdit final : public QPlainTextEdit {
   LineNumbers* numbers_;
   Typed typed_;
   CaretHistory carets_;
+  bool placed_ = false;  ///< the selection was brought into a view of its final size
 };
 
 }  // namespace quorvane::desktop

@@ -35,9 +35,8 @@ void PaneBinding::ToEditor() {
   const FlagScope busy(busy_);
   editor_.Refresh();
   const vbide::Selection selection = pane_->GetSelection();
-  editor_.Select(PositionOf(selection.StartLine, selection.StartColumn),
+  editor_.Locate(PositionOf(selection.StartLine, selection.StartColumn),
                  PositionOf(selection.EndLine, selection.EndColumn));
-  editor_.Reveal();
 }
 
 void PaneBinding::ToPane() {

@@ -8,7 +8,7 @@ namespace quorvane::desktop {
 
 /// Colours of Visual Basic 6 code: keywords, strings, numbers, compiler directives, and comments with their
 /// continuations over several lines.
-class VbHighlighter final : public QSyntaxHighlighter {
+class VbHighlighter : public QSyntaxHighlighter {
  public:
   VbHighlighter(QTextDocument* document, const CodeColors& colors);
 

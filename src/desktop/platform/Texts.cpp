@@ -136,6 +136,8 @@ constexpr std::array kWords = {
     Words{Text::EditsOverNewer, u"有 %1 个文件此后已被其他程序修改。保存前请检查；撤消可回到文件现在的内容。",
           u"%1 file was changed by another program since. Look before you save; undo leads to what it holds now.|"
           u"%1 files were changed by other programs since. Look before you save; undo leads to what they hold now."},
+    Words{Text::KeyTaken, u"\u26A0 %1 已用于“%2”，请先在那里移除。",
+          u"\u26A0 %1 is the key of \u201C%2\u201D; remove it there first."},
 };
 
 constexpr bool IsInOrder() {

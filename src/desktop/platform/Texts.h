@@ -104,6 +104,7 @@ enum class Text {
   EditsLost,
   EditsKept,
   EditsOverNewer,
+  KeyTaken,
   Count,
 };
 

@@ -2,7 +2,8 @@
 
 #include <QApplication>
 #include <QStyle>
-#include <QStyleFactory>
+
+#include "desktop/platform/ProgramStyle.h"
 
 namespace quorvane::desktop {
 
@@ -54,14 +55,16 @@ QPalette PaletteOf(const Colors& colors) {
 
 }  // namespace
 
-Theme::Theme() : systemPalette_(QApplication::palette()), systemStyle_(QApplication::style()->objectName()) {}
+Theme::Theme() : systemPalette_(QApplication::palette()), systemStyle_(ProgramStyle::NameOfCurrent()) {
+  QApplication::setStyle(new ProgramStyle(systemStyle_));
+}
 
 void Theme::Apply(Choice choice) {
   if (choice == current_) return;
   current_ = choice;
   // A chosen palette needs a style that draws with palettes alone.
   const QString style = choice == Choice::System ? systemStyle_ : QStringLiteral("fusion");
-  if (QApplication::style()->objectName() != style) QApplication::setStyle(QStyleFactory::create(style));
+  if (ProgramStyle::NameOfCurrent() != style) QApplication::setStyle(new ProgramStyle(style));
   switch (choice) {
     case Choice::System:
       return QApplication::setPalette(systemPalette_);

@@ -7,6 +7,7 @@
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
+#include "addin/core/StringId.h"
 #include "addin/dialogs/RegisterDialogs.h"
 #include "addin/results/IResultPage.h"
 #include "addin/results/Page.h"
@@ -185,6 +186,9 @@ void Desktop::FollowLanguage() {
   if (addIns_->Loaded(kAddIn)) SkipErrors([&] { language = Globals::Language().Language; });
   window_->SetLanguage(language);
   window_->AddIns().ShowKeysOfFirst(SearchKeys());
+  if (Globals::gobjToolWindow) {
+    SkipErrors([] { Globals::gobjToolWindow->SetCaption(Globals::Language().GetString(StringId::ToolWindowTitle)); });
+  }
 }
 
 }  // namespace quorvane::desktop

@@ -87,6 +87,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       code_(new CodeArea(workbench, windows, texts_)),
       tree_(new ProjectTree(workbench, texts_)),
       treeDock_(new QDockWidget(this)),
+      treeWidth_(*this, *treeDock_),
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
       layout_(settings, *this, *code_),
       docks_(*this, windows, views),
@@ -286,6 +287,13 @@ bool MainWindow::event(QEvent* event) {
     workbench_.TheMainWindow()->SetCaption(FromQString(windowTitle()));
   }
   return QMainWindow::event(event);
+}
+
+/// The width of the last run.
+void MainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  QMetaObject::invokeMethod(
+      this, [this] { treeWidth_.Note(); }, Qt::QueuedConnection);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

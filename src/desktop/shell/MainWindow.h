@@ -8,6 +8,7 @@
 #include "desktop/platform/Texts.h"
 #include "desktop/platform/ToolkitTexts.h"
 #include "desktop/shell/CursorStatus.h"
+#include "desktop/shell/DockWidth.h"
 #include "desktop/shell/MainMenu.h"
 #include "desktop/shell/RecentFiles.h"
 #include "desktop/shell/ToolDocks.h"
@@ -70,6 +71,7 @@ class MainWindow final : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -104,6 +106,7 @@ class MainWindow final : public QMainWindow {
   CodeArea* code_;
   ProjectTree* tree_;
   QDockWidget* treeDock_;
+  DockWidth treeWidth_;
   AddInsMenu* addIns_;
   WindowLayout layout_;
   desktop::ToolDocks docks_;

@@ -9,13 +9,14 @@
 #include "addin/dialogs/frmCodePreview.h"
 #include "desktop/platform/QtColor.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/views/PreviewHighlighter.h"
 
 namespace quorvane::desktop {
 
 namespace {
 
 constexpr int kTabColumns = 4;
-constexpr int kDocumentMargin = 3;
+constexpr int kDocumentMargin = 6;
 
 /// Code is read in columns: where the font that is asked for is not installed, the system's font of fixed width stands
 /// in, not whatever letters come first.
@@ -50,7 +51,6 @@ class ScreenMeasurer final : public forms::TextMeasurer {
 
 /// The platform's colours are made for white ground.
 QColor ColorOf(Color color, const QPalette& palette) {
-  if (color == 0) return palette.color(QPalette::Text);
   const QColor shown = ToQColor(color);
   const bool dark = palette.color(QPalette::Base).lightness() < 128;
   return dark ? QColor::fromHsl(shown.hslHue(), shown.hslSaturation() * 3 / 4, 175) : shown;
@@ -70,6 +70,7 @@ CodePreviewView::CodePreviewView(frmCodePreview& form, QWidget* parent)
   setMinimumSize(0, 0);
   document()->setDocumentMargin(kDocumentMargin);
   document()->setUndoRedoEnabled(false);
+  highlighter_ = new PreviewHighlighter(document(), CodeColors::Of(palette()));
   form_.SetMeasurer(std::make_shared<ScreenMeasurer>());
   changed_ = form_.rtPreview->Changed.Subscribe([this] { follow_.Ask(); });
   Follow();
@@ -82,13 +83,14 @@ void CodePreviewView::Follow() {
   setFont(font);
   setTabStopDistance(TabWidth(font));
   clear();
+  highlighter_->SetColors(CodeColors::Of(palette()));
   QTextCursor cursor(document());
   const QString text = ToQString(form_.rtPreview->Text());
   match_ = 0;
   for (const forms::RichTextBox::Run& run : form_.rtPreview->Runs()) {
     if (match_ == 0 && run.Color != 0) match_ = cursor.position();
     QTextCharFormat format;
-    format.setForeground(ColorOf(run.Color, palette()));
+    if (run.Color != 0) format.setForeground(ColorOf(run.Color, palette()));
     format.setFontStrikeOut(run.StrikeThru);
     cursor.insertText(text.mid(run.Start, run.Length).remove(QLatin1Char('\r')), format);
   }

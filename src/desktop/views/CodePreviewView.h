@@ -11,7 +11,10 @@ class frmCodePreview;
 
 namespace desktop {
 
-/// The text of the floating preview, in its colours. Gives the form the measurer that goes with its font.
+class PreviewHighlighter;
+
+/// The text of the floating preview, in its colours and those of code. Gives the form the measurer that goes with its
+/// font.
 class CodePreviewView final : public QTextEdit {
  public:
   /// The form outlives this.
@@ -26,7 +29,8 @@ class CodePreviewView final : public QTextEdit {
   void ShowMatch();
 
   frmCodePreview& form_;
-  int match_ = 0;  ///< where it begins in the document
+  PreviewHighlighter* highlighter_;  ///< of the document
+  int match_ = 0;                    ///< where it begins in the document
   Later follow_;
   Subscription changed_;
 };

@@ -83,6 +83,9 @@ void FormWindow::TakePlace() {
     place.ry() += dialog_->Height() - height;
     setFixedSize(std::max(dialog_->Width(), 1), std::max(height, 1));
   }
+  // A frame that came after the window was placed shifts it in silence: the form's own place counts when it changes.
+  if (!floats_ && place == followed_) return;
+  followed_ = place;
   if (pos() != place) move(place);
 }
 
@@ -124,6 +127,7 @@ void FormWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   if (dialog_ == nullptr || floats_ || !isVisible() || busy_) return;
   const FlagScope busy(busy_);
+  followed_ = pos();
   dialog_->Move(pos().x(), pos().y());
 }
 

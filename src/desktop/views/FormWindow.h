@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "base/Event.h"
 
@@ -44,6 +45,7 @@ class FormWindow final : public QWidget {
   QtWindows& windows_;
   bool floats_;  ///< without a border, of the size that the form says, never active
   bool busy_ = false;
+  std::optional<QPoint> followed_;  ///< the form's place that the window was last given or told, on the screen
   Subscription changed_;
   Subscription shownAgain_;
 };

@@ -8,10 +8,13 @@
 #include <QStyle>
 #include <QTreeWidget>
 
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
 #include "base/Error.h"
 #include "base/FlagScope.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/platform/Texts.h"
 
 namespace quorvane::desktop {
 
@@ -70,11 +73,12 @@ void KeyEditorView::Follow() {
   box_->setText(ToQString(editor_.Pressed()));
   add_->setText(ToQString(editor_.AddCaption));
   remove_->setText(ToQString(editor_.RemoveCaption));
-  add_->setEnabled(editor_.CanAdd());
-  remove_->setEnabled(editor_.CanRemove());
   const QString owner = Owner();
-  warning_->setText(owner.isEmpty() ? QString()
-                                    : QStringLiteral("\u26A0 %1: %2").arg(ToQString(editor_.Pressed()), owner));
+  add_->setEnabled(editor_.CanAdd() && owner.isEmpty());
+  remove_->setEnabled(editor_.CanRemove());
+  Texts words;
+  words.Language = Globals::Language().Language;
+  warning_->setText(owner.isEmpty() ? QString() : words(Text::KeyTaken).arg(ToQString(editor_.Pressed()), owner));
 }
 
 void KeyEditorView::FollowRows() {

@@ -18,7 +18,7 @@ class ChordTrapControl;
 namespace desktop {
 
 /// The key editor: the commands with their keys, the box that takes a key, and the buttons that give the key to the
-/// chosen command or take its key away. Says so when another command has the key already.
+/// chosen command or take its key away. A key that another command has cannot be given, and a line says whose it is.
 class KeyEditorView final : public QWidget {
  public:
   /// The editor outlives this.

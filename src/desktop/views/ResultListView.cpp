@@ -4,6 +4,7 @@
 
 #include "desktop/views/ResultListView.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -46,6 +47,7 @@ ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWin
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::ArrowCursor);
+  FollowDesktop();
   setFont(FontOf(list_.Font(), font()));
   list_.SetHwnd(windows.HandleOf(*viewport()));
   windows.Answer(*viewport(),
@@ -57,6 +59,15 @@ ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWin
 }
 
 ResultListView::~ResultListView() = default;
+
+/// A list that asks for no font has that of the desktop, in its size.
+void ResultListView::FollowDesktop() {
+  forms::Font wanted = list_.Font();
+  const double size = QApplication::font(this).pointSizeF();
+  if (!wanted.Name.empty() || size <= 0) return;
+  wanted.Size = size;
+  list_.SetFont(wanted);
+}
 
 int ResultListView::RowHeight() const {
   return QFontMetrics(font()).height() + 2 * kPadding;

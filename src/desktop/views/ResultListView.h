@@ -26,6 +26,7 @@ class ResultListView final : public QAbstractScrollArea {
 
   /// 0-based row under a point of the viewport, -1 for none.
   int RowAt(int x, int y) const;
+  void FollowDesktop();
   /// Where a row is drawn, in the viewport; empty for one that is not on the screen.
   QRect RectOf(int row) const;
   int RowHeight() const;

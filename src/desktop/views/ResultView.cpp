@@ -1,8 +1,11 @@
 #include "desktop/views/ResultView.h"
 
 #include <QContextMenuEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "addin/results/ResultDialog.h"
 #include "desktop/platform/QtKeys.h"
@@ -25,12 +28,13 @@ ResultView::ResultView(ResultDialog& document, QtWindows& windows, QWidget* pare
       resultMenu_(document.mnuResultOption, *this),
       tabMenu_(document.mnuTabOption, *this),
       bar_(new TabBarView(*document.vbalDTabControl1, this)),
+      add_(new QToolButton(this)),
       pages_(new QWidget(this)),
       fit_([this] { FitPanels(); }) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  layout->addWidget(bar_);
+  layout->addLayout(MakeHead());
   layout->addWidget(pages_, 1);
   pages_->installEventFilter(this);
   setMinimumHeight(90);
@@ -42,6 +46,23 @@ ResultView::ResultView(ResultDialog& document, QtWindows& windows, QWidget* pare
 }
 
 ResultView::~ResultView() = default;
+
+QLayout* ResultView::MakeHead() {
+  auto* head = new QHBoxLayout;
+  head->setSpacing(0);
+  head->addWidget(bar_, 1);
+  add_->setAutoRaise(true);
+  add_->setFocusPolicy(Qt::NoFocus);
+  head->addWidget(add_);
+  connect(add_, &QToolButton::clicked, this, [this] { bar_->PressLast(); });
+  const auto follow = [this] {
+    add_->setIcon(bar_->IconOfLast());
+    add_->setVisible(bar_->Crowded());
+  };
+  subscriptions_.push_back(bar_->CrowdedChanged.Subscribe(follow));
+  follow();
+  return head;
+}
 
 void ResultView::Add(const forms::Control& control) {
   auto shown = std::make_unique<Shown>();
@@ -90,8 +111,7 @@ void ResultView::Follow(Shown& shown) {
   const forms::Control& control = *shown.control;
   QWidget& widget = *shown.widget;
   if (widget.parentWidget() != pages_) {
-    const QRect place(PixelsOf(control.Left(), widget), PixelsOf(control.Top(), widget),
-                      PixelsOf(control.Width(), widget), PixelsOf(control.Height(), widget));
+    const QRect place = PlaceOf(control, widget);
     if (widget.geometry() != place) widget.setGeometry(place);
   }
   if (widget.isEnabled() != control.Enabled()) widget.setEnabled(control.Enabled());
@@ -99,6 +119,16 @@ void ResultView::Follow(Shown& shown) {
     widget.setVisible(control.Visible());
     FollowFocus();
   }
+}
+
+/// As the page has put it, but that the status line has the height of its font, and the list makes room for it.
+QRect ResultView::PlaceOf(const forms::Control& control, const QWidget& widget) const {
+  QRect place(PixelsOf(control.Left(), widget), PixelsOf(control.Top(), widget), PixelsOf(control.Width(), widget),
+              PixelsOf(control.Height(), widget));
+  const int line = StatusLabel::HeightOf(*pages_);
+  if (dynamic_cast<const StatusLabel*>(&widget) != nullptr) place.setHeight(std::max(place.height(), line));
+  if (dynamic_cast<const ResultListView*>(&widget) != nullptr) place.setTop(std::max(place.top(), line));
+  return place;
 }
 
 void ResultView::FitPanels() {

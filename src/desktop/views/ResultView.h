@@ -9,6 +9,8 @@
 #include "desktop/views/Later.h"
 #include "desktop/views/MenuView.h"
 
+class QToolButton;
+
 namespace quorvane::forms {
 class Control;
 }  // namespace quorvane::forms
@@ -55,6 +57,8 @@ class ResultView final : public QWidget {
   QWidget* Make(const std::shared_ptr<forms::Control>& control);
   QWidget* WidgetOf(const forms::Control* control) const;
   void FitPanels();
+  QLayout* MakeHead();
+  QRect PlaceOf(const forms::Control& control, const QWidget& widget) const;
   void FollowFocus();
 
   ResultDialog& document_;
@@ -62,6 +66,7 @@ class ResultView final : public QWidget {
   MenuView resultMenu_;
   MenuView tabMenu_;
   TabBarView* bar_;
+  QToolButton* add_;  ///< makes a page while the tab for that is out of sight
   QWidget* pages_;
   std::map<const forms::Control*, std::unique_ptr<Shown>> shown_;
   std::vector<Subscription> subscriptions_;

@@ -46,7 +46,7 @@ QLayout* SearchDialogView::MakeTexts() {
 
 QLayout* SearchDialogView::MakeFrames() {
   auto* grid = new QGridLayout;
-  grid->addWidget(EnterChoices(form_.frameArea, this), 0, 0, 2, 1);
+  grid->addWidget(EnterChoices(form_.frameArea, this), 0, 0);
   grid->addWidget(EnterChoices(form_.frameMode, this), 0, 1);
   grid->addWidget(EnterChoices(form_.frameOption, this), 0, 2);
   grid->addWidget(Enter(form_.lblCurModule, new StatusLabel(form_.lblCurModule, this)), 1, 1, 1, 2);

@@ -29,8 +29,12 @@ QString StatusLabel::Text() const {
   return ToQString(label_->Caption());
 }
 
+int StatusLabel::HeightOf(const QWidget& widget) {
+  return widget.fontMetrics().height() + 2;
+}
+
 QSize StatusLabel::sizeHint() const {
-  return {0, fontMetrics().height() + 2};
+  return {0, HeightOf(*this)};
 }
 
 QSize StatusLabel::minimumSizeHint() const {

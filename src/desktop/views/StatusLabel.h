@@ -19,6 +19,8 @@ class StatusLabel final : public QWidget {
  public:
   StatusLabel(std::shared_ptr<forms::Label> label, QWidget* parent);
 
+  /// The height of a line in the font of a widget, with air around it; in pixels.
+  static int HeightOf(const QWidget& widget);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

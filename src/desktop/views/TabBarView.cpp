@@ -1,13 +1,13 @@
 #include "desktop/views/TabBarView.h"
 
 #include <QMouseEvent>
-#include <QToolButton>
 #include <algorithm>
 
 #include "base/FlagScope.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/views/TabCloseButton.h"
 #include "platform/forms/ImageList.h"
 #include "platform/forms/MouseButton.h"
 #include "platform/forms/Tab.h"
@@ -71,7 +71,9 @@ void TabBarView::Follow() {
 void TabBarView::FollowTab(int index, const forms::Tab& tab) {
   const QString caption = CaptionOf(tab);
   if (tabText(index) != caption) setTabText(index, caption);
-  setTabToolTip(index, ToQString(tab.ToolTipText()).toHtmlEscaped());
+  QStringList tip{ToQString(tab.Caption()).trimmed(), ToQString(tab.ToolTipText())};
+  tip.removeAll(QString());
+  setTabToolTip(index, tip.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
   const auto& images = control_.Images();
   const bool pictured =
       images && tab.IconIndex() >= 0 && static_cast<std::size_t>(tab.IconIndex()) < images->Images.size();
@@ -89,13 +91,9 @@ void TabBarView::FollowCloseButton(int index, const forms::Tab& tab) {
     now->deleteLater();
     return;
   }
-  auto* button = new QToolButton(this);
-  button->setIcon(Icons::ByName(u"tab-close"));
-  button->setIconSize({12, 12});
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::NoFocus);
+  auto* button = new TabCloseButton(this);
   const auto it = shown_[static_cast<std::size_t>(index)];
-  connect(button, &QToolButton::clicked, this, [this, it] { control_.PressClose(it); });
+  connect(button, &QAbstractButton::clicked, this, [this, it] { control_.PressClose(it); });
   setTabButton(index, QTabBar::RightSide, button);
 }
 
@@ -105,6 +103,34 @@ void TabBarView::Select(const std::shared_ptr<forms::Tab>& tab) {
   const std::shared_ptr<forms::Tab> held = tab;
   if (control_.Enabled() && std::ranges::find(tabs, held) != tabs.end()) held->Select();
   follow_.Ask();
+}
+
+void TabBarView::tabLayoutChange() {
+  QTabBar::tabLayoutChange();
+  LookAtRoom();
+}
+
+void TabBarView::resizeEvent(QResizeEvent* event) {
+  QTabBar::resizeEvent(event);
+  LookAtRoom();
+}
+
+/// The tab behind all others scrolls out of sight with them: there a button beside the bar takes its place.
+void TabBarView::LookAtRoom() {
+  int needed = 0;
+  for (int i = 0; i < count(); ++i) needed += minimumTabSizeHint(i).width();
+  const bool crowded = needed > width();
+  if (crowded == crowded_) return;
+  crowded_ = crowded;
+  CrowdedChanged.Raise();
+}
+
+void TabBarView::PressLast() {
+  if (!shown_.empty()) control_.PressTab(shown_.back(), forms::kLeftButton, 0, 0, 0);
+}
+
+QIcon TabBarView::IconOfLast() const {
+  return count() > 0 ? tabIcon(count() - 1) : QIcon();
 }
 
 QSize TabBarView::tabSizeHint(int index) const {

@@ -24,7 +24,16 @@ class TabBarView final : public QTabBar {
   TabBarView(forms::TabControl& control, QWidget* parent);
   ~TabBarView() override;
 
+  /// The tabs have no room beside each other, so that some are out of sight.
+  bool Crowded() const { return crowded_; }
+  Event<> CrowdedChanged;
+  /// What a click on the last tab does, and its picture.
+  void PressLast();
+  QIcon IconOfLast() const;
+
  protected:
+  void tabLayoutChange() override;
+  void resizeEvent(QResizeEvent* event) override;
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -34,6 +43,7 @@ class TabBarView final : public QTabBar {
  private:
   void Follow();
   void Select(const std::shared_ptr<forms::Tab>& tab);
+  void LookAtRoom();
   void FollowTab(int index, const forms::Tab& tab);
   void FollowCloseButton(int index, const forms::Tab& tab);
   std::shared_ptr<forms::Tab> TabUnder(const QMouseEvent& event) const;
@@ -42,6 +52,7 @@ class TabBarView final : public QTabBar {
   std::vector<std::shared_ptr<forms::Tab>> shown_;  ///< as they stand on this bar
   std::weak_ptr<forms::Tab> pressed_;               ///< by the last press of the left button
   bool busy_ = false;
+  bool crowded_ = false;
   Later follow_;
   Subscription changed_;
 };
