@@ -136,6 +136,7 @@ TEST_F(ConnectionTest, EverythingIsFoundByTheNextRunAndByTheOneAfterIt) {
 }
 
 TEST_F(ConnectionTest, TheLanguageLiesBesideTheProgramWhereThatCanBeWritten) {
+  std::filesystem::remove(folder / "config/config.ini");
   std::filesystem::create_directories(folder / "program");
   for (const std::int32_t language : {1, 0}) {
     Start();
@@ -326,7 +327,6 @@ TEST_F(ConnectionTest, WhatAJournalCannotBringBackStaysThere) {
   folder.Write("samples/Kanji/modZaiko.bas", "Attribute VB_Name = \"modZaiko\"\r\n' another's\r\n");
   QString newer, lost;
   AnswerNext(QMessageBox::Yes);
-  AnswerNext(QMessageBox::Ok);  // the project lists a file that is gone
   AnswerNext(QMessageBox::Ok, &newer);
   AnswerNext(QMessageBox::Ok, &lost);
   Start("932");

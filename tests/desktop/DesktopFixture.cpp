@@ -23,6 +23,7 @@ DesktopTest::DesktopTest() {
   std::filesystem::copy(QUORVANE_SOURCE_DIR "/samples", folder.Path() / "samples",
                         std::filesystem::copy_options::recursive);
   setup.configFolder = folder / "config";
+  folder.Write("config/config.ini", "[Language Setting]\r\nLanguage=0\r\n");
   setup.programFolder = folder / "program";
   QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { WatchBoxes(); });
   poll_.start(5);

@@ -12,12 +12,15 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QUrl>
 #include <chrono>
@@ -40,6 +43,8 @@
 #include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/shell/ToolDock.h"
+#include "desktop/welcome/NoticeBar.h"
+#include "desktop/welcome/StartPage.h"
 #include "native/files/NewFile.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Desk.h"
@@ -332,10 +337,24 @@ TEST_F(ShopTest, WhatCannotBeOpenedLeavesWhatIsOpen) {
   EXPECT_EQ(Window().windowTitle(), QStringLiteral("Shop.vbg - Quorvane"));
 
   folder.Write("half.vbp", "Name=\"Half\"\r\nModule=modGone; gone.bas\r\n");
-  AnswerNext(QMessageBox::Ok, &told);
   Open("half.vbp");
-  EXPECT_TRUE(told.contains(QStringLiteral("gone.bas"))) << told.toStdString();
   EXPECT_EQ(desktop->Host().Projects().size(), 1U);
+  NoticeBar& notice = Window().Notice();
+  ASSERT_TRUE(notice.isVisible());
+  EXPECT_FALSE(notice.Lines().isVisible()) << "on demand";
+  notice.ListButton().click();
+  EXPECT_TRUE(notice.Lines().isVisible());
+  for (const std::int32_t language : {0, 1}) {
+    Window().SetLanguage(language);
+    ASSERT_EQ(notice.Lines().count(), 1);
+    const QString line = notice.Lines().item(0)->text();
+    EXPECT_TRUE(line.endsWith(QStringLiteral("gone.bas: ") + Texts{language}(Text::ReasonMissing)))
+        << language << line.toStdString();
+  }
+  notice.CloseButton().click();
+  EXPECT_FALSE(notice.isVisible());
+  Open(kShop);
+  EXPECT_FALSE(notice.isVisible()) << "nothing is missing";
 }
 
 TEST_F(ShopTest, SaveThatFailsIsToldAndLosesNothing) {
@@ -540,6 +559,29 @@ TEST_F(ShopTest, RecentFilesAndLayoutLastBetweenRuns) {
   EXPECT_TRUE(recent->actions()[0]->text().contains(QStringLiteral("Ledger.vbp")));
   recent->actions()[1]->trigger();
   EXPECT_EQ(desktop->Host().Projects().size(), 3U);
+}
+
+TEST_F(DesktopTest, AStartWithoutFilesOffersWhatWasOpenedAndASample) {
+  Start();
+  StartPage& page = Window().Start();
+  EXPECT_TRUE(page.isVisible());
+  EXPECT_TRUE(page.Recent().isEmpty());
+  page.SampleButton().click();
+  const std::string copy = "config/samples/Shop/App/modMain.bas";
+  EXPECT_EQ(folder.Read(copy), folder.Read(kMain));
+  EXPECT_EQ(desktop->Host().Projects().size(), 3U);
+  EXPECT_FALSE(Window().Notice().isVisible()) << "nothing of the sample is missing";
+  EXPECT_FALSE(page.isVisible());
+  folder.Write(copy, "' mine\r\n");
+
+  Window().Files().CloseAll();
+  EXPECT_TRUE(page.isVisible());
+  ASSERT_EQ(page.Recent().size(), 1);
+  page.Recent().constFirst()->click();
+  EXPECT_EQ(desktop->Host().Projects().size(), 3U);
+  Window().Files().CloseAll();
+  page.SampleButton().click();
+  EXPECT_EQ(folder.Read(copy), "' mine\r\n") << "a sample that was changed stays";
 }
 
 TEST_F(DesktopTest, OpeningCanBeCancelled) {

@@ -60,6 +60,29 @@ TEST_F(LauncherTest, SaysInOneLineWhatKeepsTheWindowFromOpening) {
   }
 }
 
+TEST_F(LauncherTest, TheFirstStartSpeaksTheLanguageOfTheSystem) {
+  // Beside the program, where that can be written.
+  const std::string stored = "program/config.ini", program = folder / "program/quorvane-desktop";
+  std::filesystem::create_directories(folder / "program");
+  std::filesystem::copy_file(QUORVANE_DESKTOP_PROGRAM, program);
+  for (const auto& [locale, language] :
+       {std::pair("zh_CN.UTF-8", "0"), std::pair("zh_TW", "0"), std::pair("de_DE.UTF-8", "1")}) {
+    std::filesystem::remove(folder / stored);
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("LC_ALL"), QLatin1String(locale));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QString::fromStdString(folder / "config"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), QString::fromStdString(folder / "data"));
+    process.setProcessEnvironment(environment);
+    process.start(QString::fromStdString(program), QStringList());
+    EXPECT_TRUE(WaitUntil([&] { return std::filesystem::exists(folder / stored); }, std::chrono::seconds(20)));
+    process.terminate();
+    EXPECT_TRUE(process.waitForFinished(20'000));
+    EXPECT_EQ(folder.Read(stored), std::string("[Language Setting]\r\nLanguage=") + language + "\r\n") << locale;
+  }
+}
+
 TEST_F(LauncherTest, SaysThatTheOtherProgramIsMissing) {
   const std::string alone = folder / "quorvane";
   std::filesystem::copy_file(QUORVANE_PROGRAM, alone);

@@ -81,9 +81,12 @@ std::int32_t LanguageManager::Stored() {
 }
 
 std::u16string LanguageManager::StoredWords() {
+  return std::u16string(kKey) + u" = \"" + StoredText() + u"\" (" + StoredIn() + u")";
+}
+
+std::u16string LanguageManager::StoredIn() {
   PrivateProfile* profile = ThePlatform().Profile();
-  const std::u16string place = profile != nullptr ? profile->PlaceOf(ConfigPath()) : std::u16string();
-  return std::u16string(kKey) + u" = \"" + StoredText() + u"\" (" + place + u")";
+  return profile != nullptr ? profile->PlaceOf(ConfigPath()) : std::u16string();
 }
 
 std::u16string LanguageManager::Replace(std::int32_t language) {

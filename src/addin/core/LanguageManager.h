@@ -49,6 +49,8 @@ class LanguageManager {
   static std::int32_t Stored();
   /// The line of the file and its path, as that error names them.
   static std::u16string StoredWords();
+  /// The path of that file; empty on a platform without one.
+  static std::u16string StoredIn();
   /// Puts `language` into the file, of which a copy is kept before; gives the path of the copy, empty without a file.
   /// Raises when the copy cannot be kept, and error 75 when the file cannot be written.
   static std::u16string Replace(std::int32_t language);

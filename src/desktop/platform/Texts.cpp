@@ -138,6 +138,18 @@ constexpr std::array kWords = {
           u"%1 files were changed by other programs since. Look before you save; undo leads to what they hold now."},
     Words{Text::KeyTaken, u"\u26A0 %1 已用于“%2”，请先在那里移除。",
           u"\u26A0 %1 is the key of \u201C%2\u201D; remove it there first."},
+    Words{Text::NoticeList, u"显示列表(&L)", u"Show &list"},
+    Words{Text::NoticeClose, u"关闭", u"Close"},
+    Words{Text::ReasonMissing, u"找不到文件", u"not found"},
+    Words{Text::ReasonForbidden, u"没有读取权限", u"may not be read"},
+    Words{Text::ReasonFolder, u"是一个文件夹", u"is a folder"},
+    Words{Text::ReasonTwice, u"列出了两次，只打开一次", u"listed twice, opened once"},
+    Words{Text::ReasonUtf16, u"从字节顺序标记看是 UTF-16，其中不会找到任何内容",
+          u"is UTF-16 by its byte order mark; no match will be found in it"},
+    Words{Text::StartRecent, u"最近打开", u"Recent"},
+    Words{Text::StartSample, u"试用示例(&T)", u"&Try a sample"},
+    Words{Text::StartSampleMore, u"在您的文件夹中放置一份小商店示例并打开",
+          u"Puts a copy of a small shop into your folder and opens it"},
 };
 
 constexpr bool IsInOrder() {

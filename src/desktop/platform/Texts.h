@@ -105,6 +105,16 @@ enum class Text {
   EditsKept,
   EditsOverNewer,
   KeyTaken,
+  NoticeList,
+  NoticeClose,
+  ReasonMissing,
+  ReasonForbidden,
+  ReasonFolder,
+  ReasonTwice,
+  ReasonUtf16,
+  StartRecent,
+  StartSample,
+  StartSampleMore,
   Count,
 };
 

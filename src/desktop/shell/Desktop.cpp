@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QTimer>
+#include <filesystem>
 
 #include "addin/connect/Connect.h"
 #include "addin/connect/HotkeyProxy.h"
@@ -16,7 +17,9 @@
 #include "addin/results/ResultDialog.h"
 #include "addin/search/TaskManager.h"
 #include "base/Error.h"
+#include "base/FilePath.h"
 #include "base/Skip.h"
+#include "base/Text.h"
 #include "chordtrap/Item.h"
 #include "chordtrap/KeyChord.h"
 #include "chordtrap/Manager.h"
@@ -29,6 +32,7 @@
 #include "desktop/shell/UnsavedEdits.h"
 #include "desktop/views/FormWindows.h"
 #include "desktop/views/RegisterViews.h"
+#include "desktop/welcome/SampleGroup.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "workbench/model/AddInLoader.h"
@@ -69,6 +73,13 @@ std::int32_t SystemLanguage() {
   return QLocale::system().language() == QLocale::Chinese ? 0 : 1;
 }
 
+/// As an installer would: where nothing is stored yet, the add-in speaks the language of the system.
+void StoreFirstLanguage() {
+  std::error_code unknown;
+  if (std::filesystem::exists(FilePath(ToUtf8(LanguageManager::StoredIn())), unknown) || unknown) return;
+  SkipErrors([] { LanguageManager::Replace(SystemLanguage()); });
+}
+
 /// Why the add-in could not speak; empty when it can.
 QString LanguageProblem() {
   try {
@@ -83,7 +94,8 @@ QString LanguageProblem() {
 }  // namespace
 
 Desktop::Desktop(const QtPlatform::Setup& setup)
-    : platform_(setup),
+    : sampleFolder_((setup.dataFolder.empty() ? setup.configFolder : setup.dataFolder) + "/samples"),
+      platform_(setup),
       settings_(QString::fromStdString(setup.configFolder + "/desktop.ini"), QSettings::IniFormat),
       workbench_(std::make_shared<workbench::Workbench>(platform_.AnsiCodePage())),
       windows_(std::make_unique<QtWindows>(*workbench_)) {
@@ -105,6 +117,7 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
     if (!ending_) edits_->Drop();
     Stop();
   });
+  sampleWanted_ = window_->SampleWanted.Subscribe([this] { OpenSample(); });
   sessionEnding_ = window_->SessionEnding.Subscribe([this] { edits_->Keep(); });
 }
 
@@ -124,6 +137,7 @@ void Desktop::Start() {
   languageAsked_ = window_->LanguageAsked.Subscribe([this] { FollowLanguage(); });
   // The options are closed when the language changes, also with no entry in a menu that could tell.
   formClosed_ = forms::TheForms().Closed.Subscribe([this](forms::Form&) { FollowLanguage(); });
+  StoreFirstLanguage();
   const QString why = LanguageProblem();
   if (why.isEmpty()) LoadAddIn(vbide::ConnectMode::Startup);
   FollowLanguage();
@@ -160,6 +174,14 @@ void Desktop::OfferAddIn() {
 void Desktop::OpenFirst(const QStringList& files) {
   window_->OpenFiles(files);
   edits_->Offer();
+}
+
+void Desktop::OpenSample() {
+  try {
+    window_->OpenFiles({SampleGroup::Unpack(QString::fromStdString(sampleFolder_))});
+  } catch (const Error& error) {
+    TellError(*window_, window_->Words()(Text::CannotOpen), ToQString(error.Description));
+  }
 }
 
 void Desktop::EndSoon() {

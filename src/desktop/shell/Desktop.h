@@ -55,7 +55,9 @@ class Desktop {
   void FollowLanguage();
   void LoadAddIn(vbide::ConnectMode mode);
   void OfferAddIn();
+  void OpenSample();
 
+  const std::string sampleFolder_;
   QtPlatform platform_;
   QSettings settings_;
   std::shared_ptr<workbench::Workbench> workbench_;
@@ -69,6 +71,7 @@ class Desktop {
   bool running_ = false;
   Subscription languageAsked_;
   Subscription formClosed_;
+  Subscription sampleWanted_;
   Subscription closeAsked_;
   Subscription closing_;
   Subscription sessionEnding_;

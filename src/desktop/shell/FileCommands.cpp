@@ -44,21 +44,6 @@ FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, con
   diskTold_ = disk_.Told.Subscribe([this](const QString& line) { Told.Raise(line); });
 }
 
-void FileCommands::TellWarnings(const std::vector<std::string>& warnings) {
-  if (warnings.empty()) return;
-  QStringList lines;
-  for (const std::string& warning : warnings) lines << QString::fromStdString(warning);
-  QMessageBox box(QMessageBox::Warning, BoxTitle(), texts_.Counted(Text::NotAllOpened, lines.size()), QMessageBox::Ok,
-                  &window_);
-  box.setTextFormat(Qt::PlainText);
-  if (lines.size() <= 5) {
-    box.setInformativeText(lines.join(QLatin1Char('\n')));
-  } else {
-    box.setDetailedText(lines.join(QLatin1Char('\n')));
-  }
-  box.exec();
-}
-
 QStringList FileCommands::AskForFiles() const {
   const QString modules = QStringLiteral("*.bas *.cls *.frm *.ctl *.pag *.dob *.dsr");
   const auto both = [](const QString& patterns) { return patterns + QLatin1Char(' ') + patterns.toUpper(); };
@@ -110,7 +95,9 @@ bool FileCommands::OpenNow(const QStringList& files) {
   }
   disk_.Watch();
   Opened.Raise();
-  TellWarnings(warnings);
+  QStringList missed;
+  for (const std::string& warning : warnings) missed << QString::fromStdString(warning);
+  Missed.Raise(missed);
   if (SettleHalfSaves(workbench_, window_, texts_)) disk_.Check();
   return true;
 }

@@ -63,6 +63,8 @@ class FileCommands {
   Event<> Opened;              ///< other files than before
   Event<> Saved;               ///< the modified marks may have changed
   Event<const QString&> Told;  ///< a line that needs no answer
+  /// Behind each opening: a line for each listed file that could not be opened, or none.
+  Event<const QStringList&> Missed;
 
  private:
   using ComponentList = DiskChanges::ComponentList;
@@ -76,7 +78,6 @@ class FileCommands {
   ComponentList Modified(const workbench::Project* project) const;
   template <class SaveFiles>
   bool Guarded(SaveFiles save);
-  void TellWarnings(const std::vector<std::string>& warnings);
 
   workbench::Workbench& workbench_;
   QWidget& window_;

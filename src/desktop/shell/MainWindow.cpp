@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
@@ -25,6 +26,8 @@
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/shell/ToolDock.h"
+#include "desktop/welcome/NoticeBar.h"
+#include "desktop/welcome/StartPage.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/HostCommandBars.h"
 #include "workbench/model/HostWindow.h"
@@ -85,6 +88,8 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       menu_(*this, texts_),
       files_(std::make_unique<FileCommands>(workbench, *this, texts_)),
       code_(new CodeArea(workbench, windows, texts_)),
+      notice_(new NoticeBar(texts_)),
+      start_(new StartPage(texts_, *code_)),
       tree_(new ProjectTree(workbench, texts_)),
       treeDock_(new QDockWidget(this)),
       treeWidth_(*this, *treeDock_),
@@ -94,7 +99,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       cursorStatus_(*statusBar(), texts_) {
   setObjectName(QStringLiteral("MainWindow"));
   setWindowIcon(Icons::Program());
-  setCentralWidget(code_);
+  BuildCentre();
   setAcceptDrops(true);
   setDockNestingEnabled(true);
   resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
@@ -108,10 +113,21 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
   BuildOtherMenus();
   Listen();
   UpdateTexts();
+  UpdateStart();
 }
 
 MainWindow::~MainWindow() {
   subscriptions_.clear();
+}
+
+void MainWindow::BuildCentre() {
+  auto* centre = new QWidget;
+  auto* layout = new QVBoxLayout(centre);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(notice_);
+  layout->addWidget(code_, 1);
+  setCentralWidget(centre);
 }
 
 void MainWindow::BuildTree() {
@@ -133,7 +149,14 @@ void MainWindow::Listen() {
   listen(code_->MenuWanted, [this](const QPoint& place) { ShowEditMenu(place); });
   listen(tree_->CodeWanted, [](workbench::Component& component) { component.TheModule()->CodePane()->Show(); });
   listen(tree_->CloseWanted, [this](const auto& project) { files_->CloseProject(project); });
-  listen(files_->Opened, [this] { UpdateTitle(); });
+  listen(files_->Opened, [this] {
+    UpdateTitle();
+    UpdateStart();
+  });
+  listen(files_->Missed, [this](const QStringList& lines) { notice_->Tell(Text::NotAllOpened, lines); });
+  listen(start_->OpenWanted, [this] { OpenFiles(files_->AskForFiles()); });
+  listen(start_->RecentWanted, [this](const QStringList& files) { OpenRecent(QStringList(files)); });
+  listen(start_->SampleWanted, [this] { SampleWanted.Raise(); });
   listen(files_->Saved, [this] {
     code_->UpdateTitles();
     tree_->UpdateMarks();
@@ -172,6 +195,7 @@ void MainWindow::OpenRecent(const QStringList& files) {
     tree_->TakeFocus();
   } else if (!QFileInfo::exists(files.constFirst())) {
     recent_.Remove(files);
+    UpdateStart();
   }
 }
 
@@ -186,11 +210,22 @@ void MainWindow::UpdateTexts() {
   if (texts_.Language == 0) QCoreApplication::installTranslator(&toolkitTexts_);
   menu_.UpdateTexts();
   tree_->UpdateTexts();
+  notice_->UpdateTexts();
+  start_->UpdateTexts();
   treeDock_->setWindowTitle(texts_(Text::Projects));
   treeDock_->toggleViewAction()->setText(texts_(Text::ViewProjects));
   code_->viewport()->update();
   UpdateTitle();
   UpdateStatus();
+}
+
+void MainWindow::UpdateStart() {
+  const bool empty = workbench_.Projects().empty();
+  if (empty) {
+    start_->SetRecent(recent_.Entries());
+    notice_->Tell(Text::NotAllOpened, {});
+  }
+  start_->setVisible(empty);
 }
 
 void MainWindow::UpdateTitle() {

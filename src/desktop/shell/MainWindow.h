@@ -28,8 +28,10 @@ class AddInsMenu;
 class CodeArea;
 class CodeEdit;
 class FileCommands;
+class NoticeBar;
 class ProjectTree;
 class QtWindows;
+class StartPage;
 class ToolDock;
 class ViewFactory;
 
@@ -49,6 +51,8 @@ class MainWindow final : public QMainWindow {
 
   /// Opens files and remembers them.
   void OpenFiles(const QStringList& files);
+  NoticeBar& Notice() { return *notice_; }
+  StartPage& Start() { return *start_; }
   const Texts& Words() const { return texts_; }
   /// 0 Chinese, 1 English: the words of the workbench's own windows.
   void SetLanguage(std::int32_t language);
@@ -64,6 +68,7 @@ class MainWindow final : public QMainWindow {
   bool MayEndSession(bool mayAsk);
 
   Event<> LanguageAsked;    ///< the language may have changed: whoever knows it calls SetLanguage
+  Event<> SampleWanted;     ///< the user wants something to try
   Event<bool&> CloseAsked;  ///< the user wants to leave; true: not yet, something is being brought to its end
   Event<> SessionEnding;    ///< the session ends, and the user cannot be asked about edits that are not saved
   Event<> Closing;          ///< the user leaves; nothing can stop that any more
@@ -76,6 +81,7 @@ class MainWindow final : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void BuildCentre();
   void BuildTree();
   void BuildFileMenu();
   void BuildEditMenu();
@@ -89,6 +95,7 @@ class MainWindow final : public QMainWindow {
   void OpenRecent(const QStringList& files);
   void UpdateStatus();
   void UpdateActions();
+  void UpdateStart();
   void UpdateTitle();
   void UpdateTexts();
   void GoToLine();
@@ -104,6 +111,8 @@ class MainWindow final : public QMainWindow {
   MainMenu menu_;
   std::unique_ptr<FileCommands> files_;
   CodeArea* code_;
+  NoticeBar* notice_;
+  StartPage* start_;
   ProjectTree* tree_;
   QDockWidget* treeDock_;
   DockWidth treeWidth_;
