@@ -33,6 +33,22 @@ std::u16string WithoutDot(const std::u16string& extension) {
   return begin == extension.npos ? std::u16string() : extension.substr(begin);
 }
 
+/// The focus comes back to where it was before a box. Its owner, the host's main window, would give it to the code,
+/// though it may have been in a dialog that is a child of that window.
+class KeptFocus {
+ public:
+  KeptFocus() : before_(::GetFocus()) {}
+  ~KeptFocus() {
+    if (before_ == nullptr || !::IsWindowVisible(before_) || !::IsWindowEnabled(before_)) return;
+    if (::GetAncestor(before_, GA_ROOT) == ::GetActiveWindow()) ::SetFocus(before_);
+  }
+  KeptFocus(const KeptFocus&) = delete;
+  KeptFocus& operator=(const KeptFocus&) = delete;
+
+ private:
+  HWND before_;
+};
+
 }  // namespace
 
 HWND Win32Prompts::Owner() const {
@@ -41,6 +57,7 @@ HWND Win32Prompts::Owner() const {
 }
 
 int Win32Prompts::MsgBox(const std::u16string& text, int flags, const std::u16string& caption) {
+  const KeptFocus focus;
   const HWND owner = Owner();
   const DisabledWindows others(owner);
   const int answer = ::MessageBoxW(owner, Wide(text), Wide(caption), static_cast<UINT>(flags));
@@ -50,6 +67,7 @@ int Win32Prompts::MsgBox(const std::u16string& text, int flags, const std::u16st
 }
 
 std::optional<std::u16string> Win32Prompts::AskSaveFileName(const FileDialogSetup& setup) {
+  const KeptFocus focus;
   const HWND owner = Owner();
   const DisabledWindows others(owner);
   const std::u16string filter = FilterOf(setup.Filter);

@@ -73,7 +73,11 @@ void ControlView::Place(const RECT& room) {
   ::GetWindowRect(Handle(), &now);
   ::MapWindowPoints(nullptr, ::GetParent(Handle()), reinterpret_cast<POINT*>(&now), 2);
   if (::EqualRect(&now, &room)) return;
-  ::MoveWindow(Handle(), room.left, room.top, Width(room), windows::Height(room), TRUE);
+  ::MoveWindow(Handle(), room.left, room.top, Width(room), windows::Height(room), FALSE);
+  // The inside of a frame is nobody's to erase but its parent's, and its old border stands there.
+  for (const RECT* part : {&std::as_const(now), &room}) {
+    ::RedrawWindow(::GetParent(Handle()), part, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  }
 }
 
 bool ControlView::IsUsable() const {

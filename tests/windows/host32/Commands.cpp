@@ -171,6 +171,8 @@ const std::map<std::string, Commands::Command>& Commands::Table() {
                                                        {"windows", &Commands::Windows},
                                                        {"title", &Commands::Title},
                                                        {"rows", &Commands::Rows},
+                                                       {"row", &Commands::Row},
+                                                       {"tab", &Commands::Tab},
                                                        {"focus", &Commands::Focus},
                                                        {"key", &Commands::Key},
                                                        {"type", &Commands::Type},
@@ -314,8 +316,9 @@ std::string Commands::Active(Words&) {
 }
 
 std::string Commands::Text(Words& words) {
+  const std::u16string whole = Module(words.Next()).Text();
   std::string text;
-  for (const auto line : Split(Module(words.Next()).Text(), kCrLf)) text += "|" + ToUtf8(line) + "\n";
+  for (const auto line : Split(whole, kCrLf)) text += "|" + ToUtf8(line) + "\n";
   return text;
 }
 
@@ -362,6 +365,17 @@ std::string Commands::Rows(Words& words) {
     text += ToUtf8(line) + "\n";
   }
   return text + std::to_string(count) + "\n";
+}
+
+std::string Commands::PlaceOf(Words& words, UINT message, LRESULT refusal) {
+  const HWND window = words.NextWindow();
+  RECT place{};
+  const auto item = static_cast<WPARAM>(words.NextNumber());
+  if (SendMessageW(window, message, item, reinterpret_cast<LPARAM>(&place)) == refusal) throw Error(9, u"no such item");
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
+  std::ostringstream text;
+  text << place.left << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
+  return text.str();
 }
 
 std::string Commands::Focus(Words&) {

@@ -38,6 +38,8 @@ namespace quorvane::container {
 ///                               pixels), "enabled" or "disabled", owner or parent, title
 ///     title HANDLE              the text of the window or control
 ///     rows HANDLE [FROM COUNT]  the rows of a list, by its LB_ messages; FROM counts from 0; the number of rows last
+///     row HANDLE N              the place of row N (from 0) of a list: left, top, right, bottom (screen pixels)
+///     tab HANDLE N              the same of a tab of a strip
 ///     focus                     handle and class of the window with the focus
 ///     key KEYS                  presses keys together, by keybd_event: "ctrl+q", "shift+f3", "enter", "alt+f4", "down"
 ///     type TEXT                 types letters, digits and blanks
@@ -61,6 +63,7 @@ class Commands final : public WindowObject {
 
  private:
   class Words;
+  static constexpr UINT kTabItemRect = 0x130A;  // TCM_GETITEMRECT
   using Command = std::string (Commands::*)(Words& words);
   static const std::map<std::string, Command>& Table();
 
@@ -89,6 +92,9 @@ class Commands final : public WindowObject {
   std::string Windows(Words& words);
   std::string Title(Words& words);
   std::string Rows(Words& words);
+  std::string Row(Words& words) { return PlaceOf(words, LB_GETITEMRECT, LB_ERR); }
+  std::string Tab(Words& words) { return PlaceOf(words, kTabItemRect, FALSE); }
+  std::string PlaceOf(Words& words, UINT message, LRESULT refusal);
   std::string Focus(Words& words);
   std::string Key(Words& words);
   std::string Type(Words& words);

@@ -58,8 +58,9 @@ void MainFrame::MakeClient() {
   AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(entries_), L"&Add-Ins");
   SetMenu(handle_, bar);
   CLIENTCREATESTRUCT create{nullptr, kFirstChild};
-  client_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0,
-                            0, handle_, nullptr, GetModuleHandleW(nullptr), &create);
+  client_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+                            WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0, handle_, nullptr,
+                            GetModuleHandleW(nullptr), &create);
 }
 
 void MainFrame::FollowPanes() {
