@@ -110,7 +110,8 @@ bool SettleHalfSaves(const Options& options, const workbench::Workbench& host) {
 }  // namespace
 
 Session::Session(const Options& options) : platform_(options.codepage, options.language) {
-  workbench::OpenChoice choice{.sieve = SieveFor(options, platform_), .wanted = {}, .byPath = options.sortByPath};
+  workbench::OpenChoice choice{
+      .sieve = SieveFor(options, platform_), .wanted = {}, .pageOf = {}, .byPath = options.sortByPath};
   bool anyWanted = false;
   if (!options.globs.Empty()) {
     choice.wanted = [&](const std::string& path) {

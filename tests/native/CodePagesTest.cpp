@@ -5,6 +5,7 @@
 
 #include "base/Error.h"
 #include "native/codepages/CodePages.h"
+#include "native/codepages/LikelyPages.h"
 #include "support/Raised.h"
 #include "support/Rows.h"
 
@@ -32,6 +33,18 @@ TEST(CodePagesTest, Names) {
   }
   const auto error = test::Raised([] { NewCodePage("klingon"); });
   EXPECT_TRUE(error.Says("klingon") && error.Says("936")) << error;
+}
+
+TEST(CodePagesTest, LikelyPagesOfAText) {
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "Likely")) {
+    SCOPED_TRACE(row.Where());
+    std::string all;
+    for (const std::string& page : LikelyPages(row.Bytes(0))) all += (all.empty() ? "" : "|") + page;
+    EXPECT_EQ(all, row.Bytes(1));
+    const bool western = all.empty() || all == "1252";
+    EXPECT_EQ(Readable("1252", row.Bytes(0)) >= 0.7, western) << Readable("1252", row.Bytes(0));
+  }
+  EXPECT_EQ(&SharedCodePage("big5"), &SharedCodePage("950"));
 }
 
 TEST(CodePagesTest, SingleBytes) {

@@ -37,10 +37,11 @@ std::string Describe(const OpenedGroup& group) {
 class OpenerTest : public testing::Test {
  protected:
   /// Opens files of the folder with the folder as working directory.
-  std::string Open(const std::vector<std::string>& files, const std::string& page = "1252") {
+  std::string Open(const std::vector<std::string>& files, const std::string& page = "1252",
+                   const OpenChoice& choice = {}) {
     const auto codePage = native::NewCodePage(page);
     const WorkingDirectory here(folder.Path());
-    return Describe(OpenFiles(files, *codePage));
+    return Describe(OpenFiles(files, *codePage, choice));
   }
   std::string FailureOf(const std::vector<std::string>& files) {
     return test::Raised([&] { Open(files); }).what();
@@ -173,8 +174,30 @@ TEST_F(OpenerTest, PathsInTheCodePageOfTheProject) {
                "VERSION 5.00\r\nBegin VB.Form F\r\nEnd\r\nAttribute VB_Name = \"" + hyou + "F\"\r\n'" + hyou + "\r\n");
   folder.Write("\xEF\xBD\x81.bas", "");  // the full-width letter in its other case
   folder.Write("raw/" + hyou + ".bas", "");
-  EXPECT_EQ(Open({"p.vbp"}, "932"), "*" + hyouUtf8 + " p.vbp\n" + "  5 " + hyouUtf8 + "F " + hyouUtf8 + "/" + hyouUtf8 +
-                                        ".frm 1\n" + "  1 M \xEF\xBD\x81.bas 0\n" + "  1 R raw/" + hyou + ".bas 0\n");
+  const std::string all = "*" + hyouUtf8 + " p.vbp\n" + "  5 " + hyouUtf8 + "F " + hyouUtf8 + "/" + hyouUtf8 +
+                          ".frm 1\n" + "  1 M \xEF\xBD\x81.bas 0\n" + "  1 R raw/" + hyou + ".bas 0\n";
+  EXPECT_EQ(Open({"p.vbp"}, "932"), all);
+  OpenChoice choice;
+  choice.pageOf = [](const std::string& project, const std::string&) {
+    return project == "p.vbp" ? &native::SharedCodePage("932") : nullptr;
+  };
+  EXPECT_EQ(Open({"p.vbp"}, "1252", choice), all) << "chosen for this project";
+}
+
+/// Whoever asks for columns counts in the page of the workbench, whatever that of the file is.
+TEST_F(OpenerTest, ColumnsAreThoseOfTheWorkbench) {
+  folder.Write("m.bas", "x = \"\xA4\xA4\xA4\xE5\" ' end\r\n");
+  const auto page = native::NewCodePage("1252");
+  OpenChoice choice;
+  choice.pageOf = [](const std::string&, const std::string&) { return &native::SharedCodePage("950"); };
+  const auto group = OpenFiles({folder / "m.bas"}, *page, choice);
+  const auto component = group.workbench->Projects()[0]->Components()[0];
+  EXPECT_EQ(component->TheModule()->Lines(1, 1), u"x = \"\u4E2D\u6587\" ' end");
+  vbide::Selection range{1, 1, 1, 30};
+  ASSERT_TRUE(component->TheModule()->Find(u"end", range, false, false, false));
+  EXPECT_EQ(range.StartColumn, 12);
+  component->Reopen(*page);
+  EXPECT_EQ(component->TheModule()->Lines(1, 1), u"x = \"\u00A4\u00A4\u00A4\u00E5\" ' end");
 }
 #endif
 

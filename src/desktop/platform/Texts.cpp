@@ -150,6 +150,15 @@ constexpr std::array kWords = {
     Words{Text::StartSample, u"试用示例(&T)", u"&Try a sample"},
     Words{Text::StartSampleMore, u"在您的文件夹中放置一份小商店示例并打开",
           u"Puts a copy of a small shop into your folder and opens it"},
+    Words{Text::FileEncoding, u"以其他编码重新打开(&E)", u"R&eopen with encoding"},
+    Words{Text::EncodingModule, u"当前模块(&M)", u"Current &module"},
+    Words{Text::EncodingProject, u"当前工程(&P)", u"Current &project"},
+    Words{Text::EncodingGroup, u"工程组(&G)", u"&Group"},
+    Words{Text::StatusPage, u"代码页 %1", u"Code page %1"},
+    Words{Text::PageQuestion, u"工程 %1 中的许多文字在代码页 %2 中无法阅读。\n用哪个代码页打开？所选的代码页会被记住。",
+          u"Much of the text of project %1 cannot be read in code page %2.\n"
+          u"Which one is it to be opened in? The answer is remembered."},
+    Words{Text::PageKeep, u"保持 %1(&K)", u"&Keep %1"},
 };
 
 constexpr bool IsInOrder() {

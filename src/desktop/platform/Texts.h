@@ -115,6 +115,13 @@ enum class Text {
   StartRecent,
   StartSample,
   StartSampleMore,
+  FileEncoding,
+  EncodingModule,
+  EncodingProject,
+  EncodingGroup,
+  StatusPage,
+  PageQuestion,
+  PageKeep,
   Count,
 };
 

@@ -151,7 +151,7 @@ void DiskChanges::ShowDifference(const Component& component) {
     if (disk.error != 0)
       return TellError(window_, PathOf(component), QString::fromStdString(native::ErrnoText(disk.error)));
     std::u16string difference;
-    workbench_.ThePage().Decode(
+    component.TheModule()->Page().Decode(
         workbench::UnifiedDiff(component.Path(), disk.bytes, component.TheModule()->Compose().bytes), difference);
     DifferenceBox(PathOf(component), ToQString(difference), &window_).exec();
   } catch (const std::exception& error) {

@@ -38,8 +38,8 @@ std::vector<std::string> ToPaths(const QStringList& files) {
 
 }  // namespace
 
-FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts)
-    : workbench_(workbench), window_(window), texts_(texts), disk_(workbench, window, texts) {
+FileCommands::FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts, QSettings& settings)
+    : workbench_(workbench), window_(window), texts_(texts), encodings_(settings), disk_(workbench, window, texts) {
   diskChanged_ = disk_.Changed.Subscribe([this] { Saved.Raise(); });
   diskTold_ = disk_.Told.Subscribe([this](const QString& line) { Told.Raise(line); });
 }
@@ -79,9 +79,14 @@ bool FileCommands::OpenNow(const QStringList& files) {
     progress.setValue(static_cast<int>(begun));  // lets events happen, now and then
     return !progress.wasCanceled();
   };
+  if (open_.isEmpty()) encodings_.SetGroup(QString::fromStdString(ToPaths(files).front()));
+  workbench::OpenChoice choice;
+  choice.pageOf = [this](const std::string& project, const std::string& module) {
+    return encodings_.Of(project, module);
+  };
   std::vector<std::string> warnings;
   try {
-    warnings = workbench::OpenFilesInto(workbench_, ToPaths(files), tell);
+    warnings = workbench::OpenFilesInto(workbench_, ToPaths(files), tell, choice);
   } catch (const Error& error) {
     progress.reset();
     if (!error.Is(ErrorNumber::UserInterrupt))
@@ -95,6 +100,7 @@ bool FileCommands::OpenNow(const QStringList& files) {
   }
   disk_.Watch();
   Opened.Raise();
+  if (OfferPages()) return true;
   QStringList missed;
   for (const std::string& warning : warnings) missed << QString::fromStdString(warning);
   Missed.Raise(missed);

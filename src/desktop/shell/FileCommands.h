@@ -11,6 +11,8 @@
 
 #include "base/Event.h"
 #include "desktop/shell/DiskChanges.h"
+#include "desktop/shell/EncodingScope.h"
+#include "desktop/shell/Encodings.h"
 
 class QWidget;
 
@@ -30,8 +32,8 @@ class Texts;
 /// leaves files and modules as they were.
 class FileCommands {
  public:
-  /// `window` is the parent of all boxes. All three outlive this.
-  FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts);
+  /// `window` is the parent of all boxes; `settings` remembers code pages. All four outlive this.
+  FileCommands(workbench::Workbench& workbench, QWidget& window, const Texts& texts, QSettings& settings);
 
   /// Closes what is open and opens `files` instead. When that fails, what was open is opened again. False when the user
   /// did not want to, or nothing was opened.
@@ -51,6 +53,12 @@ class FileCommands {
   /// asked again by CloseAll unless there are other edits then.
   bool MayEndSession();
   bool CloseProject(const std::shared_ptr<workbench::Project>& project);
+
+  /// The usual name of the code page in which files are open.
+  QString PageOf(const EncodingScope& scope) const;
+  /// Opens files again in another code page, by its name, and remembers that for this group. Asks about edits that are
+  /// not saved, which go. False when the user wants to keep them.
+  bool Reopen(const EncodingScope& scope, const QString& page);
 
   /// Loads again what other programs changed on disk; asks where that touches edits that are not saved, and once for a
   /// file that is gone.
@@ -78,10 +86,15 @@ class FileCommands {
   ComponentList Modified(const workbench::Project* project) const;
   template <class SaveFiles>
   bool Guarded(SaveFiles save);
+  bool ListsBeyondAscii(const EncodingScope& scope) const;
+  void OpenAgain();
+  bool OfferPages();
+  QString AskForPage(const workbench::Project& project, const QString& now, const std::vector<std::string>& likely);
 
   workbench::Workbench& workbench_;
   QWidget& window_;
   const Texts& texts_;
+  Encodings encodings_;
   QStringList open_;
   States givenUp_;  ///< edits that the user does not want to save at the end of the session
   DiskChanges disk_;

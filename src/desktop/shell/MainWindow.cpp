@@ -15,6 +15,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
@@ -23,6 +24,7 @@
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/EncodingMenu.h"
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/shell/ToolDock.h"
@@ -86,7 +88,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       windows_(windows),
       recent_(settings),
       menu_(*this, texts_),
-      files_(std::make_unique<FileCommands>(workbench, *this, texts_)),
+      files_(std::make_unique<FileCommands>(workbench, *this, texts_, settings)),
       code_(new CodeArea(workbench, windows, texts_)),
       notice_(new NoticeBar(texts_)),
       start_(new StartPage(texts_, *code_)),
@@ -96,6 +98,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
       layout_(settings, *this, *code_),
       docks_(*this, windows, views),
+      encodingStatus_(*statusBar(), *files_, texts_, [this] { return CurrentModule(); }),
       cursorStatus_(*statusBar(), texts_) {
   setObjectName(QStringLiteral("MainWindow"));
   setWindowIcon(Icons::Program());
@@ -143,11 +146,30 @@ CodeEdit* MainWindow::CurrentEditor() const {
   return window != nullptr ? &window->Editor() : nullptr;
 }
 
+EncodingScope MainWindow::CurrentModule() const {
+  CodeWindow* window = code_->Current();
+  EncodingScope scope;
+  if (window == nullptr) return scope;
+  scope.component = window->TheComponent();
+  for (const auto& project : workbench_.Projects()) {
+    if (std::ranges::find(project->Components(), scope.component) != project->Components().end())
+      scope.project = project;
+  }
+  if (!scope.project) scope.component = nullptr;  // it is on its way out
+  return scope;
+}
+
+std::shared_ptr<workbench::Project> MainWindow::ActiveProject() const {
+  return std::dynamic_pointer_cast<workbench::Project>(workbench_.ActiveVBProject());
+}
+
 void MainWindow::Listen() {
   const auto listen = [this](auto& event, auto handler) { subscriptions_.push_back(event.Subscribe(handler)); };
   listen(code_->CurrentChanged, [this] { UpdateStatus(); });
   listen(code_->MenuWanted, [this](const QPoint& place) { ShowEditMenu(place); });
   listen(tree_->CodeWanted, [](workbench::Component& component) { component.TheModule()->CodePane()->Show(); });
+  listen(tree_->EncodingMenuWanted,
+         [this](QMenu& menu, const EncodingScope& scope) { FillEncodingMenu(menu, scope, *files_, texts_); });
   listen(tree_->CloseWanted, [this](const auto& project) { files_->CloseProject(project); });
   listen(files_->Opened, [this] {
     UpdateTitle();
@@ -243,6 +265,7 @@ void MainWindow::UpdateTitle() {
 
 void MainWindow::UpdateStatus() {
   cursorStatus_.Show(CurrentEditor());
+  encodingStatus_.Update();
   UpdateActions();
 }
 

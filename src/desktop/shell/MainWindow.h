@@ -9,6 +9,7 @@
 #include "desktop/platform/ToolkitTexts.h"
 #include "desktop/shell/CursorStatus.h"
 #include "desktop/shell/DockWidth.h"
+#include "desktop/shell/EncodingStatus.h"
 #include "desktop/shell/MainMenu.h"
 #include "desktop/shell/RecentFiles.h"
 #include "desktop/shell/ToolDocks.h"
@@ -102,6 +103,10 @@ class MainWindow final : public QMainWindow {
   void ShowEditMenu(const QPoint& place);
   void ShowAbout();
   CodeEdit* CurrentEditor() const;
+  /// Nothing when no code window is open.
+  EncodingScope CurrentModule() const;
+  std::shared_ptr<workbench::Project> ActiveProject() const;
+  void BuildEncodingMenu(QMenu& above);
 
   workbench::Workbench& workbench_;
   QtWindows& windows_;
@@ -119,6 +124,7 @@ class MainWindow final : public QMainWindow {
   AddInsMenu* addIns_;
   WindowLayout layout_;
   desktop::ToolDocks docks_;
+  EncodingStatus encodingStatus_;
   CursorStatus cursorStatus_;
   QMenu* editMenu_ = nullptr;
   QMenu* recentMenu_ = nullptr;

@@ -6,16 +6,20 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <array>
+#include <functional>
 
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/shell/AddInsMenu.h"
+#include "desktop/shell/EncodingMenu.h"
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/MainWindow.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Pane.h"
+#include "workbench/model/Project.h"
+#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 
@@ -44,6 +48,7 @@ void MainWindow::BuildFileMenu() {
   recentMenu_ = &menu_.AddMenu(menu, Text::FileRecent);
   connect(recentMenu_, &QMenu::aboutToShow, this, [this] { FillRecent(); });
   menu.addSeparator();
+  BuildEncodingMenu(menu);
   menu_.Add(menu, Text::FileSave, QKeySequence::Save, [this] {
     CodeWindow* window = code_->Current();
     if (window != nullptr && window->TheComponent()) files_->Save(*window->TheComponent());
@@ -52,6 +57,26 @@ void MainWindow::BuildFileMenu() {
   menu.addSeparator();
   menu_.Add(menu, Text::FileClose, QKeySequence(), [this] { files_->CloseAll(); });
   menu_.Add(menu, Text::FileExit, QKeySequence(Qt::ALT | Qt::Key_F4), [this] { close(); });
+}
+
+void MainWindow::BuildEncodingMenu(QMenu& above) {
+  QMenu& menu = menu_.AddMenu(above, Text::FileEncoding);
+  const auto add = [&](Text words, const std::function<EncodingScope(EncodingScope)>& of) {
+    QMenu& pages = menu_.AddMenu(menu, words);
+    connect(&pages, &QMenu::aboutToShow, this,
+            [this, &pages, of] { FillEncodingMenu(pages, of(CurrentModule()), *files_, texts_); });
+    return pages.menuAction();
+  };
+  QAction* module = add(Text::EncodingModule, [](const EncodingScope& now) { return now; });
+  QAction* project = add(Text::EncodingProject, [this](const EncodingScope& now) {
+    return EncodingScope{now.project ? now.project : ActiveProject(), nullptr};
+  });
+  QAction* group = add(Text::EncodingGroup, [](const EncodingScope&) { return EncodingScope{}; });
+  connect(&menu, &QMenu::aboutToShow, this, [this, module, project, group] {
+    module->setEnabled(CurrentModule().component != nullptr);
+    project->setEnabled(!workbench_.Projects().empty());
+    group->setEnabled(!workbench_.Projects().empty());
+  });
 }
 
 void MainWindow::BuildEditMenu() {

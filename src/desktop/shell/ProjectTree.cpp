@@ -226,17 +226,28 @@ void ProjectTree::Activate(QTreeWidgetItem* item) {
 
 void ProjectTree::ShowMenu(const QPoint& place) {
   QTreeWidgetItem* item = tree_->itemAt(place);
+  if (item == nullptr) return;
   const auto project = ProjectOf(item);
-  if (!project) return;
+  const auto component = ComponentOf(item);
   QMenu menu(this);
-  if (ComponentOf(item) && ComponentOf(item)->TheModule()) {
+  if (component && component->TheModule()) {
     menu.addAction(texts_(Text::TreeViewCode), this, [this, item] { Activate(item); });
     menu.addSeparator();
   }
-  QAction* active = menu.addAction(texts_(Text::TreeSetActive), this, [&] { workbench_.SetActiveProject(project); });
-  active->setEnabled(project != workbench_.ActiveVBProject());
-  menu.addAction(texts_(Text::TreeCloseProject), this, [&] { CloseWanted.Raise(project); });
+  if (!component || component->TheModule()) {
+    QMenu* pages = menu.addMenu(texts_(Text::FileEncoding));
+    EncodingMenuWanted.Raise(*pages, EncodingScope{project, component});
+    menu.addSeparator();
+  }
+  if (project) AddProjectEntries(menu, project);
   menu.exec(tree_->viewport()->mapToGlobal(place));
+}
+
+void ProjectTree::AddProjectEntries(QMenu& menu, const std::shared_ptr<Project>& project) {
+  QAction* active =
+      menu.addAction(texts_(Text::TreeSetActive), this, [this, project] { workbench_.SetActiveProject(project); });
+  active->setEnabled(project != workbench_.ActiveVBProject());
+  menu.addAction(texts_(Text::TreeCloseProject), this, [this, project] { CloseWanted.Raise(project); });
 }
 
 }  // namespace quorvane::desktop

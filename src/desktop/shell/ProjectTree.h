@@ -7,9 +7,11 @@
 #include <vector>
 
 #include "base/Event.h"
+#include "desktop/shell/EncodingScope.h"
 #include "vbide/VBIDE.h"
 
 class QLineEdit;
+class QMenu;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -51,6 +53,8 @@ class ProjectTree final : public QWidget {
   Event<workbench::Component&> CodeWanted;
   /// The user asks for a project to be closed.
   Event<const std::shared_ptr<workbench::Project>&> CloseWanted;
+  /// A menu of code pages for what an item stands for is to be filled.
+  Event<QMenu&, const EncodingScope&> EncodingMenuWanted;
 
  private:
   void Rebuild();
@@ -62,6 +66,7 @@ class ProjectTree final : public QWidget {
   bool FilterItem(QTreeWidgetItem& item, const QString& text);
   void Activate(QTreeWidgetItem* item);
   void ShowMenu(const QPoint& place);
+  void AddProjectEntries(QMenu& menu, const std::shared_ptr<workbench::Project>& project);
   void MarkActive();
   bool SameProjects() const;
 

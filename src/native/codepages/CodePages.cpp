@@ -1,5 +1,9 @@
 #include "native/codepages/CodePages.h"
 
+#include <map>
+#include <mutex>
+#include <utility>
+
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/DoubleByteCodePage.h"
@@ -56,6 +60,14 @@ std::unique_ptr<CodePage> NewCodePage(std::string_view name) {
     return std::make_unique<SingleByteCodePage>(usual, std::stoi(usual));
   }
   RaiseUnknown(name);
+}
+
+const CodePage& SharedCodePage(std::string_view name) {
+  static std::mutex guard;
+  static std::map<std::string, std::unique_ptr<CodePage>> pages;
+  std::unique_ptr<CodePage> made = NewCodePage(name);
+  const std::lock_guard lock(guard);
+  return *pages.try_emplace(made->Name(), std::move(made)).first->second;
 }
 
 }  // namespace quorvane::native

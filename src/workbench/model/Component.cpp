@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "base/Error.h"
 #include "base/Text.h"
+#include "platform/CodePage.h"
 #include "workbench/model/ComponentList.h"
 #include "workbench/model/Desk.h"
 #include "workbench/model/Module.h"
@@ -14,8 +16,9 @@ namespace {
 
 /// A module refers to the clock of its desk, so that it keeps the desk, however long somebody holds it.
 struct ModuleOnDesk {
-  ModuleOnDesk(std::shared_ptr<const SourceFile> file, const CodePage& page, std::shared_ptr<Desk> itsDesk)
-      : desk(std::move(itsDesk)), module(std::move(file), page, desk->Clock) {}
+  ModuleOnDesk(std::shared_ptr<const SourceFile> file, const CodePage& page, const CodePage& columns,
+               std::shared_ptr<Desk> itsDesk)
+      : desk(std::move(itsDesk)), module(std::move(file), page, desk->Clock, &columns) {}
 
   std::shared_ptr<Desk> desk;
   Module module;
@@ -30,7 +33,8 @@ std::shared_ptr<Component> Component::Make(Parts parts, const std::shared_ptr<De
   component->list_ = list;
   if (component->parts_.file) {
     // The module remembers what its file holds; a second reference here would keep it after a save.
-    auto held = std::make_shared<ModuleOnDesk>(std::move(component->parts_.file), page, desk);
+    const CodePage& written = component->parts_.page != nullptr ? *component->parts_.page : page;
+    auto held = std::make_shared<ModuleOnDesk>(std::move(component->parts_.file), written, page, desk);
     component->module_ = std::shared_ptr<Module>(held, &held->module);
     component->module_->SetParent(component);
     component->module_->SetPaneMaker([weak = std::weak_ptr(component), &page]() -> std::shared_ptr<vbide::CodePane> {
@@ -56,6 +60,14 @@ std::shared_ptr<vbide::CodeModule> Component::CodeModule() const {
 
 std::shared_ptr<vbide::VBComponents> Component::Collection() const {
   return list_.lock();
+}
+
+void Component::Reopen(const CodePage& page) {
+  Deref(module_);
+  std::u16string name;
+  page.Decode(module_->Saved()->Name(), name);
+  if (!name.empty()) parts_.name = std::move(name);
+  module_->Reopen(page);
 }
 
 std::u16string Component::FileName() const {

@@ -29,9 +29,11 @@ class Component final : public vbide::VBComponent {
     bool listedAbsolute = false;             ///< its project lists it by an absolute path
     native::FileStamp stamp;                 ///< of that file when it was read
     std::shared_ptr<const SourceFile> file;  ///< what it held; nothing for a component without code
+    const CodePage* page = nullptr;          ///< in which it is written; null: that of the workbench
   };
 
-  /// `page` outlives the component's module.
+  /// `page` is that of the workbench, by which columns are counted; it outlives the component's module, as that of the
+  /// file does.
   static std::shared_ptr<Component> Make(Parts parts, const std::shared_ptr<Desk>& desk, const CodePage& page,
                                          const std::shared_ptr<ComponentList>& list);
 
@@ -49,6 +51,9 @@ class Component final : public vbide::VBComponent {
   bool ListedAbsolute() const { return parts_.listedAbsolute; }
   const native::FileStamp& Stamp() const { return parts_.stamp; }
   void SetStamp(const native::FileStamp& stamp) { parts_.stamp = stamp; }
+
+  /// Reads the file's bytes as last read or saved in another code page; see Module. The name comes anew with them.
+  void Reopen(const CodePage& page);
 
   std::u16string FileName() const override;
 

@@ -57,8 +57,16 @@ struct Module::Bounds {
   std::int32_t endColumn = 1;
 };
 
-Module::Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock)
-    : text_(file, page, clock), saved_(std::move(file)) {}
+Module::Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock, const CodePage* columns)
+    : text_(file, page, clock),
+      clock_(clock),
+      columns_(columns != nullptr ? *columns : page),
+      saved_(std::move(file)) {}
+
+void Module::Reopen(const CodePage& page) {
+  text_ = ModuleText(saved_, page, clock_);
+  Changed.Raise();
+}
 
 std::shared_ptr<vbide::CodePane> Module::CodePane() {
   if (!pane_ && paneMaker_) pane_ = paneMaker_();
@@ -186,12 +194,12 @@ const Module::ReadLine& Module::Read(std::int32_t line) const {
 }
 
 std::int32_t Module::ToColumn(const ReadLine& line, std::size_t unit) const {
-  return Checked32(line.ascii ? static_cast<std::int64_t>(unit) + 1 : ColumnOfUnit(text_.Page(), line.text, unit));
+  return Checked32(line.ascii ? static_cast<std::int64_t>(unit) + 1 : ColumnOfUnit(columns_, line.text, unit));
 }
 
 std::size_t Module::ToUnit(const ReadLine& line, std::int32_t column, InsideWide inside) const {
   if (line.ascii) return std::min(line.text.size(), static_cast<std::size_t>(std::max(column, 1) - 1));
-  return UnitOfColumn(text_.Page(), line.text, column, inside);
+  return UnitOfColumn(columns_, line.text, column, inside);
 }
 
 bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& bounds, vbide::Selection& found) const {

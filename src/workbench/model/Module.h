@@ -26,8 +26,10 @@ namespace quorvane::workbench {
 /// keeps by revision; it serves one thread at a time, readers included.
 class Module final : public vbide::CodeModule {
  public:
-  /// `page` and `clock` must outlive this.
-  Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock);
+  /// `page` is that of the file, `columns` that by which screen columns are counted, the same when it is null. All
+  /// three must outlive this.
+  Module(std::shared_ptr<const SourceFile> file, const CodePage& page, TurnClock& clock,
+         const CodePage* columns = nullptr);
 
   void SetParent(std::weak_ptr<vbide::VBComponent> parent) { parent_ = std::move(parent); }
   /// `maker` makes the pane, once, when it is first asked for.
@@ -66,6 +68,12 @@ class Module final : public vbide::CodeModule {
   /// Takes back, or does again, the edits of one turn; false when there is nothing.
   bool Undo();
   bool Redo();
+
+  /// In which the file is written.
+  const CodePage& Page() const { return text_.Page(); }
+  /// Reads what the file last held in another code page, which outlives this. Edits that are not saved and the steps of
+  /// undo are given up.
+  void Reopen(const CodePage& page);
 
   /// What the file last held.
   const std::shared_ptr<const SourceFile>& Saved() const { return saved_; }
@@ -110,6 +118,8 @@ class Module final : public vbide::CodeModule {
   bool FindByLines(const Search& search, const Bounds& bounds, vbide::Selection& found) const;
 
   ModuleText text_;
+  TurnClock& clock_;
+  const CodePage& columns_;
   std::shared_ptr<const SourceFile> saved_;
   std::weak_ptr<vbide::VBComponent> parent_;
   std::function<std::shared_ptr<vbide::CodePane>()> paneMaker_;

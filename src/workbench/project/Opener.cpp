@@ -50,8 +50,7 @@ std::u16string Stem(const std::string& path) {
 /// One call for each of the three steps above, in this order.
 class Opener {
  public:
-  Opener(Workbench& workbench, const OpenChoice& choice)
-      : workbench_(workbench), choice_(choice), page_(workbench.ThePage()), finder_(page_) {
+  Opener(Workbench& workbench, const OpenChoice& choice) : workbench_(workbench), choice_(choice) {
     for (const auto& project : workbench.Projects()) known_.insert(Identity(project->Path()));
   }
 
@@ -86,16 +85,18 @@ class Opener {
   void AddModule(const std::string& path, ComponentType type, bool argument);
   /// The module files of folders that no project lists.
   void AddFoundModules();
+  const CodePage& PageOf(const std::string& project, const std::string& module) const;
+  PathFinder& FinderOf(const CodePage& page) { return finders_.try_emplace(&page, page).first->second; }
   bool Wanted(const std::string& path) const { return !choice_.wanted || choice_.wanted(path); }
   void BuildComponent(Project& project, const PlannedProject& planned, const PlannedComponent& component);
-  Component::Parts MakeParts(const PlannedComponent& component, const LoadedFile& loaded) const;
+  Component::Parts MakeParts(const PlannedProject& project, const PlannedComponent& component,
+                             const LoadedFile& loaded) const;
   std::u16string FreeProjectName() const;
   void Warn(const std::string& listingFile, std::u16string_view listed, const std::string& words);
 
   Workbench& workbench_;
   const OpenChoice& choice_;
-  const CodePage& page_;
-  PathFinder finder_;
+  std::map<const CodePage*, PathFinder> finders_;
   std::vector<std::string> warnings_;
   std::vector<PlannedProject> projects_;
   std::optional<std::size_t> modules_;     ///< place in projects_ of the project that holds the module files
@@ -107,6 +108,11 @@ class Opener {
 
 void Opener::Warn(const std::string& listingFile, std::u16string_view listed, const std::string& words) {
   warnings_.push_back(listingFile + ": " + ToUtf8(listed) + ": " + words);
+}
+
+const CodePage& Opener::PageOf(const std::string& project, const std::string& module) const {
+  const CodePage* page = choice_.pageOf ? choice_.pageOf(project, module) : nullptr;
+  return page != nullptr ? *page : workbench_.ThePage();
 }
 
 void Opener::AddArgument(const std::string& argument) {
@@ -149,10 +155,11 @@ std::optional<native::FileBytes> Opener::ReadFound(const std::string& path) {
 }
 
 void Opener::AddGroup(const std::string& path, std::string_view bytes) {
-  const GroupFile group = GroupFile::Parse(bytes, page_);
+  const CodePage& page = PageOf({}, {});
+  const GroupFile group = GroupFile::Parse(bytes, page);
   for (std::size_t i = 0; i < group.projects.size(); ++i) {
     const std::u16string& listed = group.projects[i];
-    const std::string found = finder_.Find(FolderOf(path), listed);
+    const std::string found = FinderOf(page).Find(FolderOf(path), listed);
     if (found.empty()) {
       Warn(path, listed, "not found");
       continue;
@@ -169,7 +176,7 @@ void Opener::AddGroup(const std::string& path, std::string_view bytes) {
 
 void Opener::AddProject(const std::string& path, std::string_view bytes) {
   if (!known_.insert(Identity(path)).second) return;
-  const ProjectFile file = ProjectFile::Parse(bytes, page_);
+  const ProjectFile file = ProjectFile::Parse(bytes, PageOf(path, {}));
   PlannedProject project;
   project.name = file.name.empty() ? Stem(path) : file.name;
   project.path = path;
@@ -178,7 +185,7 @@ void Opener::AddProject(const std::string& path, std::string_view bytes) {
 }
 
 void Opener::AddComponent(PlannedProject& project, const ProjectFile::Entry& entry) {
-  std::string found = finder_.Find(FolderOf(project.path), entry.path);
+  std::string found = FinderOf(PageOf(project.path, {})).Find(FolderOf(project.path), entry.path);
   if (found.empty()) return Warn(project.path, entry.path, "not found");
   if (!Wanted(found)) return;
   // The host takes a file into a project once.
@@ -267,17 +274,19 @@ void Opener::BuildComponent(Project& project, const PlannedProject& planned, con
   const std::string_view head = loaded.source->Bytes();
   if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF"))
     warnings_.push_back(component.path + ": is UTF-16 by its byte order mark; no match will be found in it");
-  project.Add(MakeParts(component, loaded));
+  project.Add(MakeParts(planned, component, loaded));
 }
 
-Component::Parts Opener::MakeParts(const PlannedComponent& component, const LoadedFile& loaded) const {
+Component::Parts Opener::MakeParts(const PlannedProject& project, const PlannedComponent& component,
+                                   const LoadedFile& loaded) const {
   Component::Parts parts;
   parts.type = component.entry.type;
   if (parts.type == ComponentType::VBForm) {
     const std::optional<ComponentType> told = TypeOfObject(loaded.source->Header());
     if (told == ComponentType::VBMDIForm || told == ComponentType::MSForm) parts.type = *told;
   }
-  page_.Decode(loaded.source->Name(), parts.name);
+  parts.page = &PageOf(project.path, component.path);
+  parts.page->Decode(loaded.source->Name(), parts.name);
   if (parts.name.empty()) parts.name = component.entry.name;
   if (parts.name.empty()) parts.name = Stem(component.path);
   parts.path = component.path;

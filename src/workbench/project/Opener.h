@@ -27,6 +27,9 @@ struct OpenChoice {
   std::shared_ptr<const Sieve> sieve;
   /// Whether the component with this path is taken; nothing: all are.
   std::function<bool(const std::string& path)> wanted;
+  /// In which code page a file of a project is written, by the paths of both; with an empty module path the project
+  /// file, with both empty a group file. Null, and nothing here: that of the workbench. The page outlives that.
+  std::function<const CodePage*(const std::string& project, const std::string& module)> pageOf;
   bool byPath = false;  ///< projects and their components in the order of their paths, not as they are listed
 };
 

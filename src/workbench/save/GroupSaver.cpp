@@ -239,9 +239,9 @@ void ReloadFileOf(Workbench& workbench, const Component& component) {
     RaiseError(ErrorNumber::PathFileAccess, FromUtf8(component.Path() + ": " + native::ErrnoText(read.error)));
   const auto held = std::make_shared<const SourceFile>(std::move(read.bytes));
   TurnClock ownTurns;
-  const Module now(held, workbench.ThePage(), ownTurns);
   workbench.Turns().Next();
   for (const ComponentPtr& twin : TwinsOf(workbench, component)) {
+    const Module now(held, twin->TheModule()->Page(), ownTurns);
     TakeOver(*twin->TheModule(), now);
     twin->TheModule()->MarkSaved(held);
     twin->SetStamp(read.stamp);

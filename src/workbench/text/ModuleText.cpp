@@ -37,7 +37,7 @@ void ForEachLine(std::u16string_view text, const Take& take) {
 }  // namespace
 
 ModuleText::ModuleText(std::shared_ptr<const SourceFile> file, const CodePage& page, const TurnClock& clock)
-    : file_(std::move(file)), page_(page), clock_(clock), revision_(NextRevision()) {
+    : file_(std::move(file)), page_(&page), clock_(&clock), revision_(NextRevision()) {
   Deref(file_);
 }
 
@@ -65,7 +65,7 @@ std::u16string_view ModuleText::TypedText(std::int32_t index) const {
 std::u16string_view ModuleText::LineText(std::int32_t index, std::u16string& buffer) const {
   if (!IsSpan(index)) return TypedText(index);
   buffer.clear();
-  page_.Decode(SpanBytes(index), buffer);
+  page_->Decode(SpanBytes(index), buffer);
   return buffer;
 }
 
@@ -89,7 +89,7 @@ std::u16string ModuleText::Joined(std::int64_t first, std::int64_t count) const 
       if (next.begin != behind + 2 || bytes[behind] != '\r' || bytes[behind + 1] != '\n') break;
       record.length += next.length + 2;
     }
-    page_.Decode(bytes.substr(record.begin, record.length), text);
+    page_->Decode(bytes.substr(record.begin, record.length), text);
   }
   return text;
 }
@@ -123,9 +123,9 @@ void ModuleText::BeginEditing() {
 
 ModuleText::Step& ModuleText::OpenStep() {
   redo_.clear();
-  if (!stepOpen_ || undo_.back().turn != clock_.Now()) {
+  if (!stepOpen_ || undo_.back().turn != clock_->Now()) {
     undo_.emplace_back();
-    undo_.back().turn = clock_.Now();
+    undo_.back().turn = clock_->Now();
     undo_.back().stateBefore = state_;
     stepOpen_ = true;
   }

@@ -28,7 +28,7 @@ class ModuleText {
   /// True while the lines are those of the opened file.
   bool Pristine() const { return !edited_; }
   const SourceFile& Opened() const { return *file_; }
-  const CodePage& Page() const { return page_; }
+  const CodePage& Page() const { return *page_; }
 
   bool IsSpan(std::int32_t index) const { return Record(index).IsSpan(); }
   /// The bytes of a line that is a span of the opened file.
@@ -93,8 +93,8 @@ class ModuleText {
   void Touch();
 
   std::shared_ptr<const SourceFile> file_;
-  const CodePage& page_;
-  const TurnClock& clock_;
+  const CodePage* page_;
+  const TurnClock* clock_;
   bool edited_ = false;
   LineBuffer records_;    ///< filled at the first edit
   std::u16string typed_;  ///< all lines that were ever typed, end to end
