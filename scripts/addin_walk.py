@@ -138,8 +138,8 @@ class Walk:
     # The steps.
     def go(self):
         self.host = Host(self.locale, *self.options)
-        for step in (self.connect, self.chinese, self.english, self.plain, self.code, self.hotkeys, self.patterns,
-                     self.tabs, self.preview, self.replace, self.about, self.disconnect, self.unload,
+        for step in (self.connect, self.chinese, self.english, self.plain, self.code, self.drag_text, self.tool_tip,
+                     self.hotkeys, self.patterns, self.tabs, self.preview, self.replace, self.about, self.disconnect, self.unload,
                      self.disconnect_from_a_search):
             self.step = step.__name__.replace("_", " ")
             step()
@@ -187,7 +187,7 @@ class Walk:
         for page in ("general", "filter", "hotkeys", "language"):
             self.show(f"options-{page}-{language}", options)
             if page != "language":
-                keys("Right")
+                keys("ctrl+Tab")
         self.window("the page of languages", kind="ComboBox", title="^(中文|English)")
 
     def english(self):
@@ -195,6 +195,8 @@ class Walk:
         self.press("^(确定|&?O&?[Kk])")
         self.gone("the options", title="^Quorvane(插件选项| Options)$")
         self.window("the dialog in English", kind="Button", title="^Area$")
+        dialog, main = self.dialog(), self.window("the main window", kind="wndclass_desked_gsk")
+        self.same("whether the wider dialog lies in the main window", dialog.right <= main.right, True)
         self.same("the menu", self.host.ask("menu"), ["+Quorvan&e"])
         self.options_pages("en")
         self.press("^(&Cancel|Cance&l|Cancel)$")
@@ -248,6 +250,32 @@ class Walk:
         click(self.place_of_row(0), times=2)
         self.becomes("the module in front", lambda: self.host.ask("active")[-1], "Shop.Prices")
         self.becomes("the selection", lambda: self.selection("Shop.Prices"), "3 9 3 14")
+
+    def drag_text(self):
+        """The selected word, by the mouse, from the code to the box of what to find."""
+        field = self.window("the code", kind="Edit", title="^Option Explicit")
+        place = int(self.host.ask(f"send {field.handle} 0xD6 {self.offset(field, 3, 11)} 0")[-1])  # EM_POSFROMCHAR
+        keys("ctrl+q", "alt+f", "ctrl+a")
+        write("other")
+        area = self.dialog()
+        box = self.window("the box of what to find", kind="Edit", title="^other$")
+        if point_in((field.left + place % 65536, field.top + place // 65536), area):
+            raise Missed("the dialog hides the code")
+        drag((field.left + place % 65536 + 2, field.top + place // 65536 + 5), box.middle())
+        self.becomes("what to find", lambda: self.host.ask(f"title {box.handle}")[-1], "price")
+
+    def offset(self, field, line, column):
+        """The place of a line and column, both from 1, in a field, as it counts: characters from 0."""
+        return int(self.host.ask(f"send {field.handle} 0xBB {line - 1} 0")[-1]) + column - 1  # EM_LINEINDEX
+
+    def tool_tip(self):
+        """The box of comments says what it is about while the mouse rests on it, and no longer."""
+        comments = self.window("the box of comments", kind="Button", title="omment")
+        point(*comments.middle())
+        tip = self.window("its tool tip", kind="tooltips_class32")
+        self.same("whether it says something", len(self.host.ask(f"title {tip.handle}")[-1]) > 10, True)
+        point(comments.left, comments.top - 300)
+        self.gone("the tool tip", kind="tooltips_class32")
 
     def hotkeys(self):
         keys("ctrl+period")
@@ -411,6 +439,10 @@ class Walk:
 
     def some_rows(self):
         return self.host.ask(f"rows {self.list().handle} 0 20")
+
+
+def point_in(place, window):
+    return window.left <= place[0] < window.right and window.top <= place[1] < window.bottom
 
 
 def longest(holds):

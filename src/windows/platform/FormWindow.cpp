@@ -129,10 +129,26 @@ void FormWindow::FollowSize() {
   const int height = Height(wanted);
   if (width != Width(now) || height != Height(now)) {
     ::SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (width > Width(now) || height > Height(now)) KeepInside();
   }
   if (dialog_ == nullptr || floats_) return;
   const FlagScope busy(busy_);
   dialog_->SetSize(width, height);
+}
+
+/// A form that is a child would be cut off by its parent where it grows, as with the texts of another language.
+void FormWindow::KeepInside() {
+  if (!IsChild() || !::IsWindowVisible(Handle())) return;
+  const HWND parent = ::GetParent(Handle());
+  RECT room{};
+  ::GetClientRect(parent, &room);
+  RECT now{};
+  ::GetWindowRect(Handle(), &now);
+  ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&now), 2);
+  const LONG left = std::max<LONG>(std::min(now.left, room.right - Width(now)), std::min<LONG>(now.left, 0));
+  const LONG top = std::max<LONG>(std::min(now.top, room.bottom - Height(now)), std::min<LONG>(now.top, 0));
+  if (left == now.left && top == now.top) return;
+  ::SetWindowPos(Handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::FollowPlace() {

@@ -44,6 +44,7 @@ class FormWindow final : public Window, public KeyTarget {
   void Make(HWND owner);
   void Follow();
   void FollowSize();
+  void KeepInside();
   void FollowPlace();
   bool IsHeldBack() const;
   void Show();

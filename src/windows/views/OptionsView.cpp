@@ -24,6 +24,7 @@ constexpr int kEditorLines = 16;
 
 OptionsView::OptionsView(frmOption& form, HWND parent) : DialogView(form, parent), form_(form) {
   auto& tabs = Enter<TabStripView>(form_.SSTab设定, Handle());
+  tabs_ = &tabs;
   for (std::int16_t i = 0; i < form_.SSTab设定->Tabs(); ++i) SetTabGround(tabs.Page(i));
   const auto fill = [&](std::int16_t tab, std::unique_ptr<Placeable> (OptionsView::*make)(HWND)) {
     tabs.SetLayout(tab, (this->*make)(tabs.Page(tab)));
@@ -41,7 +42,7 @@ OptionsView::OptionsView(frmOption& form, HWND parent) : DialogView(form, parent
 OptionsView::~OptionsView() = default;
 
 bool OptionsView::TakeKey(const MSG& message) {
-  return keys_->Box().TakeKey(message) || DialogView::TakeKey(message);
+  return keys_->Box().TakeKey(message) || tabs_->TakeKey(message) || DialogView::TakeKey(message);
 }
 
 std::unique_ptr<Placeable> OptionsView::MakePreviewFrame(HWND page) {

@@ -32,6 +32,7 @@ class OptionsView final : public DialogView {
   std::unique_ptr<Placeable> MakeButtons();
 
   frmOption& form_;
+  TabStripView* tabs_ = nullptr;
   std::unique_ptr<KeyEditorView> keys_;
 };
 

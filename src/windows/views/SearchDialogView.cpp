@@ -39,15 +39,13 @@ std::unique_ptr<Placeable> SearchDialogView::MakeTexts() {
 }
 
 std::unique_ptr<Placeable> SearchDialogView::MakeFrames() {
-  auto all = MakeRow(Units().Across(kGap));
-  all->Add(EnterChoices(form_.frameArea, Handle()));
   auto frames = MakeRow(Units().Across(kGap));
+  frames->Add(EnterChoices(form_.frameArea, Handle()));
   frames->Add(EnterChoices(form_.frameMode, Handle()));
   frames->Add(EnterChoices(form_.frameOption, Handle()), {.Stretch = 1});
-  auto right = MakeColumn(Units().Down(kGap));
-  right->Add(std::move(frames), {.Stretch = 1});
-  right->Add(Enter<StatusView>(form_.lblCurModule, Handle()));
-  all->Add(std::move(right), {.Stretch = 1});
+  auto all = MakeColumn(Units().Down(kGap));
+  all->Add(std::move(frames), {.Stretch = 1});
+  all->Add(Enter<StatusView>(form_.lblCurModule, Handle()));
   return all;
 }
 

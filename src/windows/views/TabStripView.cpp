@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "chordtrap/KeyChord.h"
 #include "platform/forms/TabStrip.h"
+#include "windows/platform/InputHook.h"
 #include "windows/platform/Metrics.h"
 #include "windows/platform/WideText.h"
 #include "windows/views/DialogView.h"
@@ -81,6 +83,20 @@ void TabStripView::Show() {
     ::SendMessageW(Handle(), TCM_SETCURSEL, static_cast<WPARAM>(strip_->Tab()), 0);
   }
   for (std::int16_t i = 0; i < strip_->Tabs(); ++i) ::ShowWindow(Page(i), i == strip_->Tab() ? SW_SHOWNA : SW_HIDE);
+}
+
+bool TabStripView::TakeKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN) return false;
+  const std::int32_t held = InputHook::HeldModifiers();
+  const bool tab = message.wParam == VK_TAB && (held & ~chordtrap::kShift) == chordtrap::kCtrl;
+  const bool page = (message.wParam == VK_PRIOR || message.wParam == VK_NEXT) && held == chordtrap::kCtrl;
+  if (!tab && !page) return false;
+  const bool back = tab ? (held & chordtrap::kShift) != 0 : message.wParam == VK_PRIOR;
+  const int count = strip_->Tabs();
+  ::SetFocus(Handle());
+  strip_->Pick(static_cast<std::int16_t>((strip_->Tab() + (back ? count - 1 : 1)) % count));
+  Follow();
+  return true;
 }
 
 SIZE TabStripView::Least() const {

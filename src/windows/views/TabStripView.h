@@ -24,6 +24,9 @@ class TabStripView final : public ControlView {
   HWND Page(std::int16_t tab) const;
   /// What lies in that page.
   void SetLayout(std::int16_t tab, std::unique_ptr<Placeable> inside);
+  /// As in every dialog with tabs: Ctrl+Tab and Ctrl+PgDn lead to the next tab, with Shift or PgUp to the one before,
+  /// from wherever the focus is; behind the last comes the first. False for any other key.
+  bool TakeKey(const MSG& message);
 
   SIZE Least() const override;
   void Place(const RECT& room) override;

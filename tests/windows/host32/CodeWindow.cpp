@@ -6,6 +6,7 @@
 
 #include "base/FlagScope.h"
 #include "base/Text.h"
+#include "windows/host32/TextDrag.h"
 #include "workbench/model/HostWindow.h"
 
 namespace quorvane::container {
@@ -79,6 +80,7 @@ LRESULT CALLBACK CodeWindow::FieldProcedure(HWND field, UINT message, WPARAM wPa
     owner.module_->Undo();
     return 0;
   }
+  if (message == WM_LBUTTONDOWN && DragSelection(field, lParam)) return 0;
   const LRESULT result = CallWindowProcW(owner.fieldBefore_, field, message, wParam, lParam);
   const bool moves = (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == WM_LBUTTONUP ||
                      message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == EM_SETSEL;

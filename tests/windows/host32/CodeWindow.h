@@ -13,7 +13,7 @@ namespace quorvane::container {
 
 /// A code pane as the user sees it: a "VbaWindow" in the client area with an edit field that fills it. What is typed
 /// goes into the module, by lines, and what the module becomes shows in the field; the selections follow each other.
-/// Ctrl+Z takes back what the module has last been given.
+/// Ctrl+Z takes back what the module has last been given. Selected text can be dragged out of it, not into it.
 class CodeWindow final : public WindowObject {
  public:
   CodeWindow(HWND client, std::shared_ptr<workbench::Pane> pane, const CodePage& page);

@@ -170,6 +170,25 @@ TEST_F(ModalWindowsTest, TabsLeadToTheirPagesAndTheStylesheetKeepsItsBreaks) {
     EXPECT_FALSE(::IsWindowVisible(WindowOf(*options.txt预览行数)));
     Press(VK_TAB);
     EXPECT_EQ(::GetFocus(), WindowOf(*options.TextXsl));
+    std::string walked;
+    for (const auto& [key, shift] : {std::pair{VK_TAB, false},
+                                     {VK_TAB, true},
+                                     {VK_NEXT, false},
+                                     {VK_NEXT, false},
+                                     {VK_NEXT, false},
+                                     {VK_TAB, true},
+                                     {VK_PRIOR, false},
+                                     {VK_PRIOR, false}}) {
+      if (shift) {
+        Press(key, {VK_CONTROL, VK_SHIFT});
+      } else {
+        Press(key, {VK_CONTROL});
+      }
+      walked += std::to_string(options.SSTab设定->Tab());
+      EXPECT_EQ(::GetFocus(), WindowOf(*options.SSTab设定));
+    }
+    EXPECT_EQ(walked, "21230321");
+    Press(VK_TAB);
     Press(VK_END, {VK_CONTROL});
     Press(VK_RETURN);
     Type(u"c");

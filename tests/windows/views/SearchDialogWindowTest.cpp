@@ -256,9 +256,16 @@ TEST_F(SearchDialogWindowTest, AnotherLanguageHasItsOwnSizes) {
   ::GetWindowRect(WindowOf(D()), &place);
   EXPECT_EQ(D().Width(), place.right - place.left);
   EXPECT_GE(width(*D().cmdReplace), width(*D().cmdSearch));
+  RECT host{};
+  ::GetWindowRect(mainWindow, &host);
+  ::GetClientRect(mainWindow, &place);
+  ::SetWindowPos(WindowOf(D()), nullptr, place.right - D().Width(), 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   Globals::Language().Language = 1;
   Globals::Language().UpdateAllUI();
   EXPECT_EQ(D().Width(), dialog);
+  ::GetWindowRect(WindowOf(D()), &place);
+  EXPECT_LE(place.right, host.right) << "it grows to the side that has room";
+  EXPECT_EQ(D().Left(), place.left);
   EXPECT_EQ(width(*D().chkIgnoreComment), before);
 }
 
