@@ -129,26 +129,31 @@ void FormWindow::FollowSize() {
   const int height = Height(wanted);
   if (width != Width(now) || height != Height(now)) {
     ::SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (width > Width(now) || height > Height(now)) KeepInside();
+    if (::IsWindowVisible(Handle()) && (width > Width(now) || height > Height(now))) KeepInside();
   }
   if (dialog_ == nullptr || floats_) return;
   const FlagScope busy(busy_);
   dialog_->SetSize(width, height);
 }
 
-/// A form that is a child would be cut off by its parent where it grows, as with the texts of another language.
+/// A form that is a child is cut off by its parent: where it grows, as with the texts of another language, and where it
+/// was placed by the screen while the host fills only a part of that, or is on another screen.
 void FormWindow::KeepInside() {
-  if (!IsChild() || !::IsWindowVisible(Handle())) return;
+  if (!IsChild() || dialog_ == nullptr) return;
   const HWND parent = ::GetParent(Handle());
+  if (::IsIconic(parent)) return;
   RECT room{};
   ::GetClientRect(parent, &room);
   RECT now{};
   ::GetWindowRect(Handle(), &now);
   ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&now), 2);
-  const LONG left = std::max<LONG>(std::min(now.left, room.right - Width(now)), std::min<LONG>(now.left, 0));
-  const LONG top = std::max<LONG>(std::min(now.top, room.bottom - Height(now)), std::min<LONG>(now.top, 0));
+  const LONG left = std::max<LONG>(std::min(now.left, room.right - Width(now)), 0);
+  const LONG top = std::max<LONG>(std::min(now.top, room.bottom - Height(now)), 0);
   if (left == now.left && top == now.top) return;
+  const FlagScope busy(busy_);
   ::SetWindowPos(Handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  ::GetWindowRect(Handle(), &now);
+  dialog_->Move(now.left, now.top);
 }
 
 void FormWindow::FollowPlace() {
@@ -179,6 +184,7 @@ void FormWindow::Show() {
     ::SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, static_cast<LONG_PTR>(reinterpret_cast<std::intptr_t>(above)));
   }
   if (form_->ShownModal()) BeginModal();
+  KeepInside();
   ::ShowWindow(Handle(), SW_SHOW);
   ComeToFront();
 }

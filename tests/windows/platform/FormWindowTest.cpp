@@ -128,6 +128,16 @@ TEST_F(FormWindowTest, AChildOfTheHostStaysInItsPlace) {
   EXPECT_TRUE(Pump([&] { return ::IsChild(window, ::GetFocus()); }));
   form->Hide();
   EXPECT_EQ(::GetFocus(), host.Handle());
+  form->Move(5000, -500);
+  form->Show();
+  ::GetWindowRect(window, &place);
+  EXPECT_EQ(form->Left(), place.left);
+  EXPECT_EQ(form->Top(), place.top);
+  RECT room{};
+  ::GetClientRect(host.Handle(), &room);
+  ::MapWindowPoints(host.Handle(), nullptr, reinterpret_cast<POINT*>(&room), 2);
+  EXPECT_EQ(place.right, room.right) << "the host would cut it off";
+  EXPECT_EQ(place.top, room.top);
 }
 
 TEST_F(FormWindowTest, WhatFloatsTakesNoFocusAndIsNoHigherThanTheScreen) {
