@@ -24,11 +24,11 @@
 #include "windows/com/ErrorTranslation.h"
 #include "windows/com/HostedDocument.h"
 #include "windows/connect/MainWindow.h"
-#include "windows/platform/Fonts.h"
-#include "windows/platform/Window.h"
-#include "windows/views/RegisterFormViews.h"
-#include "windows/views/ResultView.h"
-#include "windows/views/ThemeScope.h"
+#include "windows/controls/ThemeScope.h"
+#include "windows/dialogs/RegisterFormViews.h"
+#include "windows/forms/Fonts.h"
+#include "windows/forms/Window.h"
+#include "windows/results/ResultView.h"
 
 namespace quorvane::windows {
 

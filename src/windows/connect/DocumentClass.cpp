@@ -2,7 +2,7 @@
 
 #include "addin/results/ResultDialog.h"
 #include "windows/connect/Code.h"
-#include "windows/views/DocumentControl.h"
+#include "windows/results/DocumentControl.h"
 
 namespace quorvane::windows {
 

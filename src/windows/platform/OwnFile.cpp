@@ -6,8 +6,8 @@
 #include <cstring>
 
 #include "platform/App.h"
-#include "windows/platform/WideText.h"
-#include "windows/platform/Window.h"
+#include "windows/forms/WideText.h"
+#include "windows/forms/Window.h"
 
 namespace quorvane::windows {
 

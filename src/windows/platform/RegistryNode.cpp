@@ -3,7 +3,7 @@
 #include <shlwapi.h>
 
 #include "base/Error.h"
-#include "windows/platform/WideText.h"
+#include "windows/forms/WideText.h"
 
 namespace quorvane::windows {
 

@@ -1,7 +1,7 @@
 #include "windows/platform/Win32Clock.h"
 
 #include "windows/com/Win32.h"
-#include "windows/platform/WideText.h"
+#include "windows/forms/WideText.h"
 
 namespace quorvane::windows {
 

@@ -4,7 +4,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "windows/platform/Window.h"
+#include "windows/forms/Window.h"
 
 namespace quorvane::windows {
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "windows/platform/Window.h"
+#include "windows/forms/Window.h"
 
 namespace quorvane::windows {
 

@@ -8,9 +8,9 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "windows/platform/DisabledWindows.h"
-#include "windows/platform/FormWindow.h"
-#include "windows/platform/WideText.h"
+#include "windows/forms/DisabledWindows.h"
+#include "windows/forms/FormWindow.h"
+#include "windows/forms/WideText.h"
 
 namespace quorvane::windows {
 

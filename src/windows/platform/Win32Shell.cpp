@@ -10,7 +10,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "windows/platform/WideText.h"
+#include "windows/forms/WideText.h"
 
 namespace quorvane::windows {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "windows/platform/Handles.h"
-#include "windows/platform/WideText.h"
+#include "windows/forms/Handles.h"
+#include "windows/forms/WideText.h"
 
 namespace quorvane::windows {
 

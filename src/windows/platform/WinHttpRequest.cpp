@@ -17,8 +17,8 @@
 #include "platform/CodePage.h"
 #include "platform/MessageLoop.h"
 #include "platform/Platform.h"
-#include "windows/platform/WideText.h"
-#include "windows/platform/Window.h"
+#include "windows/forms/WideText.h"
+#include "windows/forms/Window.h"
 
 namespace quorvane::windows {
 

@@ -6,9 +6,9 @@
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"
 #include "native/xml/LibXmlTable.h"
+#include "windows/forms/Window.h"
 #include "windows/platform/OwnFile.h"
 #include "windows/platform/WinHttpRequest.h"
-#include "windows/platform/Window.h"
 
 namespace quorvane::windows {
 

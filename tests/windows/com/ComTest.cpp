@@ -184,7 +184,9 @@ TEST(AddInObject, HearsTheHostInAnyWay) {
     WriteText(HKEY_CURRENT_USER, key, u"", name);
     const bool known = std::u16string_view(name).ends_with(u"IDTExtensibility");
     ASSERT_EQ(object->QueryInterface(older, byOlder.PutVoid()) == S_OK, known) << ToUtf8(name);
-    if (known) { EXPECT_EQ(byOlder->OnDisconnection(7, nullptr), S_OK); }
+    if (known) {
+      EXPECT_EQ(byOlder->OnDisconnection(7, nullptr), S_OK);
+    }
   }
   DeleteValue(HKEY_CURRENT_USER, key, u"");
   DeleteKeyIfEmpty(HKEY_CURRENT_USER, key);

@@ -1,8 +1,8 @@
 #include "ResultDocumentFixture.h"
 #include "addin/core/RegistrationData.h"
 #include "windows/com/Variant.h"
-#include "windows/platform/Handles.h"
-#include "windows/views/DocumentClassInfo.h"
+#include "windows/forms/Handles.h"
+#include "windows/results/DocumentClassInfo.h"
 
 namespace quorvane::test {
 

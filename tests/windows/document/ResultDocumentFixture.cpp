@@ -1,7 +1,7 @@
 #include "ResultDocumentFixture.h"
 
 #include "platform/forms/TabControl.h"
-#include "windows/platform/Handles.h"
+#include "windows/forms/Handles.h"
 
 namespace quorvane::test {
 

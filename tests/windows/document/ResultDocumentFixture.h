@@ -6,12 +6,12 @@
 
 #include "InPlaceSite.h"
 #include "results/ResultWindowFixture.h"
-#include "windows/platform/ViewFactory.h"
+#include "windows/forms/ViewFactory.h"
 #include "windows/platform/Win32Windows.h"
-#include "windows/views/DocumentControl.h"
-#include "windows/views/ResultListView.h"
-#include "windows/views/ResultTabBar.h"
-#include "windows/views/ResultView.h"
+#include "windows/results/DocumentControl.h"
+#include "windows/results/ResultListView.h"
+#include "windows/results/ResultTabBar.h"
+#include "windows/results/ResultView.h"
 
 namespace quorvane::test {
 

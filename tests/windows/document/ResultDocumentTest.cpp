@@ -4,7 +4,7 @@
 
 #include "platform/forms/Menu.h"
 #include "windows/com/HostedDocument.h"
-#include "windows/platform/Handles.h"
+#include "windows/forms/Handles.h"
 
 namespace quorvane::test {
 

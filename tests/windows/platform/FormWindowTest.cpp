@@ -2,8 +2,8 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Dialog.h"
 #include "platform/forms/Forms.h"
-#include "windows/platform/FormWindow.h"
-#include "windows/platform/Handles.h"
+#include "windows/forms/FormWindow.h"
+#include "windows/forms/Handles.h"
 #include "windows/platform/PlatformFixture.h"
 
 namespace quorvane::test {

@@ -1,5 +1,5 @@
-#include "windows/platform/BufferedPaint.h"
-#include "windows/platform/GdiCanvas.h"
+#include "windows/forms/BufferedPaint.h"
+#include "windows/forms/GdiCanvas.h"
 #include "windows/platform/PlatformFixture.h"
 
 namespace quorvane::test {

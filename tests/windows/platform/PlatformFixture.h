@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "windows/platform/Window.h"
+#include "windows/forms/Window.h"
 #include "windows/platform/WindowsPlatform.h"
 
 namespace quorvane::test {

@@ -3,7 +3,7 @@
 #include "ViewsFixture.h"
 #include "addin/core/Globals.h"
 #include "addin/dialogs/frmCodePreview.h"
-#include "windows/views/CodeMeasurer.h"
+#include "windows/dialogs/CodeMeasurer.h"
 
 namespace quorvane::test {
 namespace {

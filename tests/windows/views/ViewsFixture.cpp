@@ -17,11 +17,11 @@
 #include "base/Text.h"
 #include "platform/XmlTable.h"
 #include "platform/forms/TabControl.h"
-#include "windows/platform/FormWindow.h"
-#include "windows/platform/Handles.h"
-#include "windows/platform/WideText.h"
-#include "windows/platform/Window.h"
-#include "windows/views/RegisterFormViews.h"
+#include "windows/dialogs/RegisterFormViews.h"
+#include "windows/forms/FormWindow.h"
+#include "windows/forms/Handles.h"
+#include "windows/forms/WideText.h"
+#include "windows/forms/Window.h"
 
 namespace quorvane::test {
 

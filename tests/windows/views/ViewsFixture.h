@@ -19,9 +19,9 @@
 #include "support/ScriptedHttp.h"
 #include "support/ScriptedSystem.h"
 #include "vbide/VBIDE.h"
-#include "windows/platform/FormWindows.h"
-#include "windows/platform/InputHook.h"
-#include "windows/platform/ViewFactory.h"
+#include "windows/forms/FormWindows.h"
+#include "windows/forms/InputHook.h"
+#include "windows/forms/ViewFactory.h"
 #include "windows/platform/Win32MessageLoop.h"
 #include "windows/platform/Win32Windows.h"
 
