@@ -1,6 +1,7 @@
 // Plain text and patterns in a line against the simplest matcher: first line options and target, then the text.
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "Input.h"
 #include "base/Error.h"
@@ -12,14 +13,21 @@ using workbench::LineMatch;
 
 namespace {
 
-/// Whether all of `text` is what a pattern of `?`, `*`, `#` and other characters says.
+/// Whether all of `text` is what a pattern of `?`, `*`, `#` and other characters says: `fits[i]` tells whether what is
+/// read of the pattern so far says the first `i` characters.
 bool Fits(std::u16string_view pattern, std::u16string_view text) {
-  if (pattern.empty()) return text.empty();
-  if (pattern[0] == u'*') return Fits(pattern.substr(1), text) || (!text.empty() && Fits(pattern, text.substr(1)));
-  if (text.empty()) return false;
-  const bool one =
-      pattern[0] == u'?' || (pattern[0] == u'#' ? text[0] >= u'0' && text[0] <= u'9' : pattern[0] == text[0]);
-  return one && Fits(pattern.substr(1), text.substr(1));
+  std::vector<bool> fits(text.size() + 1);
+  fits[0] = true;
+  for (const char16_t c : pattern) {
+    for (std::size_t i = 1; c == u'*' && i < fits.size(); ++i) fits[i] = fits[i] || fits[i - 1];
+    if (c == u'*') continue;
+    for (std::size_t i = text.size(); i > 0; --i) {
+      const char16_t is = text[i - 1];
+      fits[i] = fits[i - 1] && (c == u'?' || (c == u'#' ? is >= u'0' && is <= u'9' : c == is));
+    }
+    fits[0] = false;
+  }
+  return fits.back();
 }
 
 bool NaiveNext(std::u16string_view target, bool pattern, std::u16string_view line, std::size_t from, LineMatch& match) {

@@ -15,6 +15,7 @@
 #include "desktop/platform/QtText.h"
 #include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
+#include "support/Seed.h"
 #include "workbench/model/Module.h"
 #include "workbench/text/SourceFile.h"
 #include "workbench/text/TurnClock.h"
@@ -121,8 +122,7 @@ TEST_F(ModuleBindingTest, EditOfADocumentThatIsBehindGivesWayToTheModule) {
 /// Random edits from both sides, undo and redo among them: the two sides agree, and agree with a plain string that goes
 /// through the same typed edits.
 TEST_F(ModuleBindingTest, BothSidesStayTheSame) {
-  const auto seed = std::random_device{}();
-  std::mt19937 random(seed);
+  std::mt19937 random(test::NewSeed());
   const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(std::max(1, bound))); };
   const std::vector<std::u16string> pieces = {u"", u"a", u"\n", u"b\nc", u"\n\n", u"\u2028", u"\U0001F600", u"x\n"};
   const auto lines = [](std::u16string text) { return ReplaceAll(text, u"\n", kCrLf); };
@@ -141,7 +141,7 @@ TEST_F(ModuleBindingTest, BothSidesStayTheSame) {
         const std::u16string typed = ReplaceAll(piece, u"\u2028", u"-");
         expected.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), typed);
         Replace(from, to, typed.c_str());
-        ASSERT_EQ(ToUtf8(module->Text()), ToUtf8(lines(expected))) << "seed " << seed << ", step " << step;
+        ASSERT_EQ(ToUtf8(module->Text()), ToUtf8(lines(expected))) << "step " << step;
       } else if (choice < 8) {
         const std::u16string& piece = pieces[static_cast<std::size_t>(below(static_cast<int>(pieces.size())))];
         if (below(2) == 0 && module->CountOfLines() > 0) {
@@ -154,7 +154,7 @@ TEST_F(ModuleBindingTest, BothSidesStayTheSame) {
       }
       binding->Pull();
       ASSERT_EQ(Blocks(), ToUtf8(ReplaceAll(ReplaceAll(module->Text(), kCrLf, u"|"), u"\u2028", u"\u2424")))
-          << "seed " << seed << ", step " << step;
+          << "step " << step;
     }
   }
 }

@@ -11,6 +11,7 @@
 #include "platform/forms/TabStrip.h"
 #include "platform/forms/TextBox.h"
 #include "support/Raised.h"
+#include "support/Seed.h"
 
 namespace quorvane {
 namespace {
@@ -154,9 +155,7 @@ std::vector<Cell> CellsOf(const forms::RichTextBox& box) {
 }
 
 TEST(RichTextBoxTest, BehavesLikeOneLookForEachCharacter) {
-  const unsigned seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  std::mt19937 random(test::NewSeed());
   const auto below = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random); };
   forms::RichTextBox box;
   std::vector<Cell> cells;

@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "native/settings/FileSettingsStore.h"
 #include "support/Raised.h"
+#include "support/Seed.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
@@ -89,8 +90,7 @@ TEST_F(FileSettingsStoreTest, ProgramsKeepWhatOthersWrote) {
 }
 
 TEST_F(FileSettingsStoreTest, AnyTextComesBack) {
-  const unsigned seed = std::random_device()();
-  std::mt19937 random(seed);
+  std::mt19937 random(test::NewSeed());
   using namespace std::string_literals;
   const std::u16string pool = u"a=[]#\\/\r\n\t \0u0中\xD83D\xDE00\xDC80\x7F\xFFFD\xFEFF\""s;
   const auto text = [&] {
@@ -111,7 +111,7 @@ TEST_F(FileSettingsStoreTest, AnyTextComesBack) {
     store.Commit();
     FileSettingsStore again(path);
     for (const auto& [key, value] : values) {
-      ASSERT_EQ(again.GetSetting(app, section, key, u"none"), value) << "seed " << seed << " turn " << turn;
+      ASSERT_EQ(again.GetSetting(app, section, key, u"none"), value) << "turn " << turn;
     }
   }
 }

@@ -7,12 +7,12 @@
 #include <cstdlib>
 #include <random>
 #include <stdexcept>
-#include <string>
+
+#include "support/Seed.h"
 
 namespace quorvane::test {
 
-/// Child processes that are killed at random points of their work. QUORVANE_KILLS says how many, QUORVANE_SEED which
-/// points.
+/// Child processes that are killed at random points of their work. QUORVANE_KILLS says how many.
 class Kills {
  public:
   /// Runs `work(turn)` for turn 0, 1, 2 … in a child and kills it after a random time; then `check()` here. So again
@@ -33,20 +33,16 @@ class Kills {
     }
   }
 
-  /// For a failing test to print.
-  std::string Words() const { return "QUORVANE_SEED=" + std::to_string(seed_); }
-
  private:
   static constexpr useconds_t kLongest = 15'000;  // µs; some saves
 
-  static unsigned Number(const char* name, unsigned usual) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? usual : static_cast<unsigned>(std::strtoul(value, nullptr, 10));
+  static int Count() {
+    const char* const value = std::getenv("QUORVANE_KILLS");
+    return value == nullptr ? 20 : std::atoi(value);
   }
 
-  int count_ = static_cast<int>(Number("QUORVANE_KILLS", 20));
-  unsigned seed_ = Number("QUORVANE_SEED", std::random_device()());
-  std::mt19937 random_{seed_};
+  int count_ = Count();
+  std::mt19937 random_{NewSeed()};
 };
 
 }  // namespace quorvane::test

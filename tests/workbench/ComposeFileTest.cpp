@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/Rows.h"
+#include "support/Seed.h"
 #include "workbench/text/ComposeFile.h"
 #include "workbench/text/SourceFile.h"
 
@@ -212,8 +213,7 @@ std::map<std::string, std::pair<std::string, std::string>> UniqueLines(const Sou
 }
 
 TEST(ComposeFile, GeneratedEditsLoseNothing) {
-  const unsigned seed = std::random_device{}();
-  ModuleMaker make(seed);
+  ModuleMaker make(test::NewSeed());
   for (int round = 0; round < 2000 && !HasFailure(); ++round) {
     std::vector<Member> members;
     for (std::size_t i = 1 + make.Below(6); i > 0; --i) members.push_back(make.NewMember());
@@ -252,7 +252,7 @@ TEST(ComposeFile, GeneratedEditsLoseNothing) {
         EXPECT_TRUE(!before.contains(line) || bytes == before.at(line)) << line;
       }
     }
-    if (HasFailure()) FAIL() << "seed " << seed << ", round " << round << ", way " << way << "\n" << file.Bytes();
+    if (HasFailure()) FAIL() << "round " << round << ", way " << way << "\n" << file.Bytes();
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Seed.h"
 #include "support/TempFolder.h"
 #include "workbench/save/UnifiedDiff.h"
 
@@ -51,8 +52,7 @@ std::string Edited(std::string text, std::mt19937& random) {
 }
 
 TEST(UnifiedDiff, PatchTakesItAndTheCountsAgree) {
-  const unsigned seed = std::random_device{}();
-  std::mt19937 random(seed);
+  std::mt19937 random(test::NewSeed());
   const test::TempFolder folder;
   std::string patch;
   std::vector<std::string> names, results;
@@ -72,13 +72,13 @@ TEST(UnifiedDiff, PatchTakesItAndTheCountsAgree) {
       if (diff[at] == '+') ++seen.added;
       if (diff[at] == '-') ++seen.removed;
     }
-    EXPECT_EQ(counts, diff.empty() ? LineCounts{} : seen) << "seed " << seed;
+    EXPECT_EQ(counts, diff.empty() ? LineCounts{} : seen);
   }
   folder.Write("all.patch", patch);
   const std::string command = "cd '" + folder.Path().string() + "' && patch -p0 --binary --silent < all.patch";
-  ASSERT_EQ(std::system(command.c_str()), 0) << "seed " << seed;
+  ASSERT_EQ(std::system(command.c_str()), 0);
   for (std::size_t i = 0; i < names.size(); ++i) {
-    ASSERT_EQ(folder.Read(names[i]), results[i]) << "seed " << seed << ", file " << names[i];
+    ASSERT_EQ(folder.Read(names[i]), results[i]) << names[i];
   }
 }
 

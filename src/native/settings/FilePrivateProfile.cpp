@@ -24,7 +24,9 @@ bool Exists(const std::string& path) {
   return std::filesystem::exists(FilePath(path), ignored);
 }
 
+/// Below /usr lies what packages brought and take away again: there nobody keeps anything, an administrator neither.
 bool IsWritable(const std::string& path) {
+  if (path.starts_with("/usr/")) return false;
   if (Exists(path)) return CanWrite(path);
   const std::filesystem::path above = FilePath(path).parent_path();
   const std::filesystem::path folder = above.empty() ? "." : above;

@@ -6,9 +6,9 @@
 
 namespace quorvane::native {
 
-/// INI files on disk. A file that cannot be written, as beside an installed program, is kept under its name in the
-/// user's folder instead; that copy starts as the original and is what is read from then on, for as long as the
-/// original cannot be written.
+/// INI files on disk. A file that cannot be written, or lies below /usr as beside an installed program, is kept under
+/// its name in the user's folder instead; that copy starts as the original and is what is read from then on, for as
+/// long as the original cannot be written.
 class FilePrivateProfile final : public PrivateProfile {
  public:
   /// `userFolder` is made when it is needed.

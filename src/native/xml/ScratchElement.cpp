@@ -24,7 +24,7 @@ ScratchElement::~ScratchElement() {
   mobjRun.reset();
   for (std::size_t i = 0; i < mcolAttributes.size(); ++i) {
     mcolAttributes[i]->children->content = nullptr;
-    if (i >= mlngCount) xmlFreeProp(mcolAttributes[i]);
+    if (i >= count_) xmlFreeProp(mcolAttributes[i]);
   }
   xmlFreeDoc(mobjDocument);
 }
@@ -32,19 +32,19 @@ ScratchElement::~ScratchElement() {
 void ScratchElement::Begin(const unsigned char* name) {
   mobjElement->name = name;
   mobjElement->properties = nullptr;
-  mlngCount = 0;
+  count_ = 0;
 }
 
 void ScratchElement::Add(const unsigned char* name, std::string_view value) {
-  if (mlngCount == mcolAttributes.size()) {
+  if (count_ == mcolAttributes.size()) {
     mcolAttributes.push_back(NewAttributeNode(name, NewTextNode(mobjDocument, {})));
   }
-  xmlAttr* attribute = mcolAttributes[mlngCount];
+  xmlAttr* attribute = mcolAttributes[count_];
   attribute->name = name;
   attribute->next = nullptr;
   attribute->children->content = reinterpret_cast<xmlChar*>(const_cast<char*>(value.data()));
-  LinkAttribute(mobjElement, mlngCount > 0 ? mcolAttributes[mlngCount - 1] : nullptr, attribute);
-  ++mlngCount;
+  LinkAttribute(mobjElement, count_ > 0 ? mcolAttributes[count_ - 1] : nullptr, attribute);
+  ++count_;
 }
 
 std::u16string ScratchElement::Transform(const std::shared_ptr<const Stylesheet>& stylesheet) {

@@ -37,8 +37,8 @@ class ScratchElement {
  private:
   _xmlDoc* mobjDocument;
   _xmlNode* mobjElement;
-  std::vector<_xmlAttr*> mcolAttributes;  ///< all ever made; the first mlngCount are linked to the element, in order
-  std::size_t mlngCount = 0;
+  std::vector<_xmlAttr*> mcolAttributes;  ///< all ever made; the first count_ are linked to the element, in order
+  std::size_t count_ = 0;
   std::unique_ptr<TransformRun> mobjRun;
 };
 

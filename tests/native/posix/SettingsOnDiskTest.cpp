@@ -48,7 +48,6 @@ TEST(SettingsOnDiskTest, AKilledProgramLeavesTheOldStoreOrTheNewOne) {
   };
   save(1);
   Kills kills;
-  SCOPED_TRACE(kills.Words());
   kills.Run(save, [&] {
     const std::u16string found = stored(u"k");
     EXPECT_TRUE(found == values[0] || found == values[1]) << "of " << found.size() << " units";
@@ -66,7 +65,6 @@ TEST(SettingsOnDiskTest, AKilledProgramLeavesTheOldIniFileOrTheNewOne) {
   native::FilePrivateProfile profile(folder / "none");
   const auto save = [&](int turn) { profile.Write("S", "k", std::to_string(turn % 2), path); };
   Kills kills;
-  SCOPED_TRACE(kills.Words());
   kills.Run(save, [&] {
     const std::string found = folder.Read("config.ini");
     EXPECT_TRUE(found == "[S]\n" + others + "\nk=0\n" || found == "[S]\n" + others + "\nk=1\n") << found.size();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "support/Raised.h"
+#include "support/Seed.h"
 #include "windows/platform/RegistryNode.h"
 #include "windows/platform/RegistrySettingsStore.h"
 #include "windows/platform/Win32RegistryStore.h"
@@ -72,8 +73,7 @@ TEST_F(RegistrySettingsStoreTest, CopiesAreKeptBesideTheSection) {
 }
 
 TEST_F(RegistrySettingsStoreTest, AnyTextComesBack) {
-  const unsigned seed = std::random_device()();
-  std::mt19937 random(seed);
+  std::mt19937 random(test::NewSeed());
   using namespace std::string_literals;
   const std::u16string pool = u"a=[]\\/\r\n\t \0u0中\xD83D\xDE00\xDC80\xFFFD\""s;
   std::map<std::u16string, std::u16string> values;
@@ -86,7 +86,7 @@ TEST_F(RegistrySettingsStoreTest, AnyTextComesBack) {
   RegistrySettingsStore store(kRoot);
   for (const auto& [key, text] : values) store.SaveSetting(u"应用", u"S", key, text);
   store.Commit();
-  for (const auto& [key, text] : values) ASSERT_EQ(Stored(key), text) << "seed " << seed;
+  for (const auto& [key, text] : values) ASSERT_EQ(Stored(key), text);
 }
 
 /// What a process left that ended in the middle of a Commit.

@@ -31,7 +31,6 @@ TEST_F(CutShortTest, AKilledSaveLeavesWholeFilesAndTheNextOneNothingElse) {
     return found;
   };
   test::Kills kills;
-  SCOPED_TRACE(kills.Words());
   std::map<Recovery, int> recovered;
   save('x');
   kills.Run([&](int turn) { save(static_cast<char>('a' + turn % 2)); },
@@ -56,6 +55,7 @@ TEST_F(CutShortTest, AKilledSaveLeavesWholeFilesAndTheNextOneNothingElse) {
 int EndOf(const std::vector<FileToSave>& files, const RenameFile& rename = {}) {
   const pid_t child = ::fork();
   if (child == 0) {
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);  // whatever the shell ignores
     const Error error = ErrorOf(files, rename);
     ::_exit(error.Is(ErrorNumber::UserInterrupt) ? 18 : error.Number == 0 ? 0 : 1);
   }
