@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 
 #include "base/DateTime.h"
 #include "base/Text.h"

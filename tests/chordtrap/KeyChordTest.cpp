@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "chordtrap/KeyChord.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 
 namespace quorvane::chordtrap {
 
@@ -32,25 +33,14 @@ TEST(KeyChord, TextOfEveryKeyIsItsOwnAndComesBack) {
 }
 
 TEST(KeyChord, ReadsAndWrites) {
-  struct Row {
-    KeyChord chord;
-    const char16_t* text;
-  };
-  const Row written[] = {{{81, kCtrl}, u"Ctrl+Q"},
-                         {{188, kCtrl}, u"Ctrl+,"},
-                         {{190, kCtrl}, u"Ctrl+."},
-                         {{187, kCtrl}, u"Ctrl+="},
-                         {{123, kCtrl | kAlt | kShift}, u"Ctrl+Alt+Shift+F12"},
-                         {{46, 0}, u"Delete"},
-                         {{255, kShift}, u"Shift+Key255"},
-                         {{0, 0}, u""},
-                         {{0, kCtrl}, u""}};
-  for (const Row& row : written) EXPECT_EQ(KeyText(row.chord), row.text);
-  const Row read[] = {{{81, kCtrl}, u" ctrl + q "}, {{81, kCtrl | kShift}, u"Shift+CTRL+Q"}, {{}, u"  "}};
-  for (const Row& row : read) EXPECT_EQ(ParseKey(row.text), row.chord) << ToUtf8(row.text);
-  for (const char16_t* text : {u"Ctrl", u"Ctrl+", u"+Q", u"Ctrl+Ctrl+Q", u"Q+Ctrl", u"Hyper+Q", u"Ctrl+Foo", u"Ctrl++",
-                               u"Key0", u"Key256", u"Key81", u"F25", u"Ctrl-Q"}) {
-    EXPECT_EQ(Raised([&] { ParseKey(text); }), 13) << ToUtf8(text);
+  for (const Row& row : Rows("chordtrap/KeyChord.rows", "Written")) {
+    EXPECT_EQ(KeyText({row.Number(0), row.Number(1)}), row.Text(2)) << row.Where();
+  }
+  for (const Row& row : Rows("chordtrap/KeyChord.rows", "Read")) {
+    EXPECT_EQ(ParseKey(row.Text(0)), (KeyChord{row.Number(1), row.Number(2)})) << row.Where();
+  }
+  for (const Row& row : Rows("chordtrap/KeyChord.rows", "NoKeys")) {
+    EXPECT_EQ(Raised([&] { ParseKey(row.Text(0)); }), 13) << row.Where();
   }
   for (const KeyChord chord : {KeyChord{256, 0}, KeyChord{-1, 0}, KeyChord{81, 8}}) {
     EXPECT_EQ(Raised([&] { KeyText(chord); }), 5);

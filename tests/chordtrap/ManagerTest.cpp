@@ -2,7 +2,6 @@
 
 #include <map>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "chordtrap/ICommandTarget.h"

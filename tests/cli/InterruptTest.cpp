@@ -6,9 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <stdexcept>
-#include <string>
-#include <string_view>
 #include <thread>
 #include <utility>
 

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <ostream>
-#include <string>
-#include <vector>
 
 #include "base/Text.h"
 #include "cli/Program.h"

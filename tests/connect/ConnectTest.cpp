@@ -1,10 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "addin/connect/Connect.h"
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/connect/Updater.h"
@@ -14,8 +9,6 @@
 #include "addin/core/ObjStat.h"
 #include "addin/results/PageManager.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "chordtrap/Manager.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"

@@ -1,21 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "addin/connect/Connect.h"
 #include "addin/connect/SharedObjects.h"
 #include "addin/core/FileSystem.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/core/ObjectRegistry.h"
-#include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "support/ConnectionFixture.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 #include "workbench/model/HostAddins.h"
 #include "workbench/model/HostWindows.h"
@@ -58,17 +53,11 @@ class GlobalsTest : public testing::Test {
 };
 
 TEST_F(GlobalsTest, ReplaceArgsFillsTheLongerPlaceholderFirst) {
-  std::vector<std::u16string> eleven;
-  for (int i = 0; i <= 10; ++i) eleven.push_back(u"<" + ToText(i) + u">");
-  const struct {
-    std::u16string src;
+  for (const test::Row& row : test::Rows("connect/Globals.rows", "ReplaceArgs")) {
     std::vector<std::u16string> args;
-    std::u16string text;
-  } rows[] = {
-      {u"%1 %10 %0", eleven, u"<1> <10> <0>"}, {u"%10", {u"a", u"b"}, u"b0"}, {u"100% %2 %", {u"a"}, u"100% %2 %"},
-      {u"%1", {u"deep", u"%0"}, u"deep"},  // filled downward, so that what is put in is looked at again
-      {u"%0", {u"%1", u"x"}, u"%1"},           {u"%0%0", {}, u"%0%0"}};
-  for (const auto& row : rows) EXPECT_EQ(ToUtf8(Globals::ReplaceArgs(row.src, row.args)), ToUtf8(row.text));
+    for (const std::string& arg : row.List(1)) args.push_back(FromUtf8(arg));
+    EXPECT_EQ(ToUtf8(Globals::ReplaceArgs(row.Text(0), args)), row.Bytes(2)) << row.Where();
+  }
 }
 
 TEST_F(GlobalsTest, BothWalksGoInTheOrderOfRegisteringAndOneEndsAtAFailure) {
@@ -133,15 +122,9 @@ TEST_F(GlobalsTest, TheResultDialogNeedsTheHostItsRecordAndADocument) {
 }
 
 TEST_F(GlobalsTest, ExtensionOfAFileName) {
-  const struct {
-    std::u16string path, extension;
-  } rows[] = {{u"C:\\a.b\\Result.XML", u"XML"},
-              {u"/x/y.tar.gz", u"gz"},
-              {u"/x.d/name", u""},
-              {u"name.", u""},
-              {u".hidden", u"hidden"},
-              {u"", u""}};
-  for (const auto& row : rows) EXPECT_EQ(Globals::Files().GetExtensionName(row.path), row.extension);
+  for (const test::Row& row : test::Rows("connect/Globals.rows", "Extension")) {
+    EXPECT_EQ(Globals::Files().GetExtensionName(row.Text(0)), row.Text(1)) << row.Where();
+  }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "addin/core/LanguageManager.h"
 #include "addin/results/PageManager.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Text.h"
 #include "chordtrap/ChordTrapControl.h"
 #include "chordtrap/Manager.h"
 #include "support/Raised.h"

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "addin/connect/Updater.h"
-#include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/dialogs/RegisterDialogs.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -81,23 +80,13 @@ TEST_F(UpdaterTest, WhatIsReportedAtWhichSensitivity) {
   const std::vector<std::string> silent;
   const std::vector<std::string> offer{"[VB Quorvane]"};
   const std::vector<std::string> latest{"Current version is latest (4.13.0.129)."};
-  struct Row {
-    const char16_t* published;
-    bool low, medium, high, active;  // whether an update is offered
-  };
-  const Row rows[] = {
-      {u"4.13.0.129", false, false, false, false}, {u"4.13.0.130", false, false, true, true},
-      {u"4.14.0.1", false, true, true, true},      {u"5.0.0.0", true, true, true, true},
-      {u"4.12.0.999", false, false, false, false}, {u"4.13.7.129", false, false, false, false},
-      {u"3.99.9.999", false, false, false, false}, {u"4.13.0.128", false, false, false, false},
-      {u"10.0.0.0", true, true, true, true},       {u"32767.0.99999.0", true, true, true, true},
-  };
-  for (const Row& row : rows) {
-    const std::u16string page = u"<html>1.2.3 4<b>" + std::u16string(row.published) + u"</b> 99.9.9.9</html>";
-    EXPECT_EQ(Passive(0, page), row.low ? offer : silent) << ToUtf8(row.published);
-    EXPECT_EQ(Passive(1, page), row.medium ? offer : silent) << ToUtf8(row.published);
-    EXPECT_EQ(Passive(2, page), row.high ? offer : silent) << ToUtf8(row.published);
-    EXPECT_EQ(Active(page), row.active ? offer : latest) << ToUtf8(row.published);
+  for (const Row& row : Rows("connect/Updater.rows", "Verdicts")) {
+    SCOPED_TRACE(row.Where());
+    const std::u16string page = u"<html>1.2.3 4<b>" + row.Text(0) + u"</b> 99.9.9.9</html>";
+    for (std::int32_t sensibility = 0; sensibility < 3; ++sensibility) {
+      EXPECT_EQ(Passive(sensibility, page), sensibility >= row.Number(1) ? offer : silent) << sensibility;
+    }
+    EXPECT_EQ(Active(page), row.Number(1) < 3 ? offer : latest);
   }
   EXPECT_TRUE(platform.shell.Opened.empty());
 }
@@ -153,17 +142,12 @@ TEST_F(UpdaterTest, AVersionPartOutOfRangeIsAnError) {
 }
 
 TEST_F(UpdaterTest, FailedRequests) {
-  struct Row {
-    std::int32_t number;
-    const char16_t* description;
-  };
-  for (const Row& row : {Row{kHttpTimeout, u"The operation timed out"}, Row{kHttpCannotConnect, u"Connection refused"},
-                         Row{kHttpBodyTooLarge, u"Too long"}}) {
+  for (const std::int32_t number : {kHttpTimeout, kHttpCannotConnect, kHttpBodyTooLarge}) {
     events.clear();
     platform.prompts.Answers = {1};
-    platform.loop.Steps.push_back([&] { platform.web.Fail(row.number, row.description); });
+    platform.loop.Steps.push_back([&] { platform.web.Fail(number, u"in words"); });
     updater().CheckUpdate();
-    EXPECT_EQ(events, "error " + std::to_string(row.number) + " " + ToUtf8(row.description));
+    EXPECT_EQ(events, "error " + std::to_string(number) + " in words");
     EXPECT_EQ(forms::TheForms().Count(), 0) << "the progress window is gone";
   }
   platform.clock.Moment = DateTime::Of(2024, 5, 20, 8, 0, 0);
@@ -196,37 +180,16 @@ TEST_F(UpdaterTest, TheConnectionMayEndWhileAnAnswerIsLookedAt) {
 }
 
 TEST_F(UpdaterTest, TheSchedule) {
-  struct Row {
-    const char16_t* interval;
-    const char16_t* last;
-    DateTime now;
-    bool due;
-  };
-  const DateTime noon = DateTime::Of(2024, 5, 15, 12, 0, 0);
-  const Row rows[] = {
-      {u"0", u"15.05.2024 11:59:00", noon, true},
-      {u"1", u"15.05.2024", noon, false},
-      {u"1", u"14.05.2024 23:59:00", DateTime::Of(2024, 5, 15, 0, 1, 0), true},
-      {u"1", u"16.05.2024", noon, false},
-      {u"2", u"09.05.2024", noon, false},
-      {u"2", u"08.05.2024 23:00:00", noon, true},
-      {u"2", u"20.05.2024", noon, false},
-      {u"3", u"01.05.2024", noon, false},
-      {u"3", u"30.04.2024", DateTime::Of(2024, 5, 1), true},
-      {u"3", u"31.12.2023", DateTime::Of(2024, 1, 1), true},
-      {u"3", u"15.06.2024", noon, false},
-      {u"4", u"01.01.2000", noon, false},
-      {u"9", u"15.05.2024", noon, true},
-      {u"-1", u"15.05.2024", noon, true},
-  };
-  for (const Row& row : rows) {
-    Load({{u"UpdateInterval", row.interval}, {u"LastUpdate", row.last}});
-    platform.clock.Moment = row.now;
+  for (const Row& row : Rows("connect/Updater.rows", "Schedule")) {
+    SCOPED_TRACE(row.Where());
+    Load({{u"UpdateInterval", row.Text(0)}, {u"LastUpdate", row.Text(1)}});
+    platform.clock.Moment = ParseDate(row.Text(2), platform.clock.Written);
     platform.web.Calls.clear();
     updater().ScheduleUpdate();
-    EXPECT_EQ(platform.web.Calls.size(), row.due ? 2u : 0u) << ToUtf8(row.interval) << " since " << ToUtf8(row.last);
-    const bool noted = row.due && std::u16string_view(row.interval).find_first_of(u"0123") == 0;
-    EXPECT_EQ(LastUpdate(), noted ? DateText(row.now, platform.clock.Written) : row.last);
+    const bool due = row.Bytes(3) == "due";
+    EXPECT_EQ(platform.web.Calls.size(), due ? 2u : 0u);
+    const bool noted = due && row.Number(0) >= 0 && row.Number(0) <= 3;
+    EXPECT_EQ(LastUpdate(), noted ? DateText(platform.clock.Moment, platform.clock.Written) : row.Text(1));
     updater().CancelUpdate();
   }
   Load({});

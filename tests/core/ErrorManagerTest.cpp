@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
-#include <utility>
 
 #include "addin/core/ErrBuffer.h"
 #include "addin/core/ErrorManager.h"
@@ -11,10 +10,7 @@
 #include "addin/core/ObjStat.h"
 #include "addin/core/StringCollection.h"
 #include "addin/search/PositionInfo.h"
-#include "base/Error.h"
 #include "base/FlagScope.h"
-#include "base/Text.h"
-#include "platform/Prompts.h"
 #include "support/Raised.h"
 #include "support/TestPlatform.h"
 

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "addin/core/IniFile.h"
-#include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
 #include "support/Raised.h"
 #include "support/TempFolder.h"

@@ -5,7 +5,6 @@
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "support/Raised.h"

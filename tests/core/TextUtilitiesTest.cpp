@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "addin/core/Globals.h"
 #include "addin/core/Utilities.h"
-#include "base/Text.h"
 #include "platform/forms/OptionGroup.h"
 #include "support/SearchFixture.h"
 
@@ -14,20 +12,11 @@ class TextUtilitiesTest : public SearchFixture {
 };
 
 TEST_F(TextUtilitiesTest, ReplaceSpecialChar) {
-  struct Row {
-    std::u16string from, to;
-    std::vector<std::u16string> vanishing;
-  };
-  const std::vector<Row> rows{
-      {u"", u"", {}},           {u"a\\tb", u"a\tb", {}},
-      {u"\\r\\n", u"\r\n", {}}, {u"a\\qb", u"ab", {u"\\q"}},
-      {u"\\\\n", u"\\n", {}},   {u"\\\\\\n", u"\\\n", {}},
-      {u"a\\", u"a", {u"\\"}},  {u"C:\\dir\\new\\N", u"C:ir\new", {u"\\d", u"\\N"}},
-      {u"$1\\t", u"$1\t", {}},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(It().ReplaceSpecialChar(row.from), row.to) << ToUtf8(row.from);
-    EXPECT_EQ(It().VanishingEscapes(row.from), row.vanishing) << ToUtf8(row.from);
+  for (const Row& row : Rows("core/TextUtilities.rows", "Escapes")) {
+    EXPECT_EQ(It().ReplaceSpecialChar(row.Text(0)), row.Text(1)) << row.Where();
+    std::vector<std::string> vanishing;
+    for (const std::u16string& escape : It().VanishingEscapes(row.Text(0))) vanishing.push_back(ToUtf8(escape));
+    EXPECT_EQ(vanishing, row.List(2)) << row.Where();
   }
 }
 

@@ -1,12 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "addin/core/Globals.h"
 #include "addin/core/Utilities.h"
-#include "base/Text.h"
 #include "support/FakeWindows.h"
 #include "support/Raised.h"
 #include "support/TestPlatform.h"

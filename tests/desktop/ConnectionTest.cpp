@@ -1,29 +1,16 @@
 #include <QDockWidget>
 #include <QMenu>
-#include <QMessageBox>
-#include <QTimer>
 #include <csignal>
-#include <filesystem>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "DesktopFixture.h"
 #include "addin/connect/Connect.h"
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/connect/Updater.h"
-#include "addin/core/Globals.h"
-#include "addin/core/LanguageManager.h"
-#include "addin/settings/GlobalSetting.h"
 #include "addin/settings/Registry.h"
-#include "base/Text.h"
 #include "chordtrap/Manager.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/EndSignals.h"
 #include "desktop/shell/FileCommands.h"
-#include "desktop/shell/MainMenu.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/shell/ToolDock.h"
 #include "native/files/ProcessMark.h"
 #include "native/settings/FileRegistryStore.h"
 #include "native/settings/FileSettingsStore.h"
@@ -32,8 +19,6 @@
 #include "platform/Platform.h"
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/HostWindows.h"
-#include "workbench/model/Module.h"
-#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -1,20 +1,10 @@
 #include "DesktopFixture.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTreeWidget>
-#include <filesystem>
 
-#include "desktop/editor/CodeArea.h"
-#include "desktop/editor/CodeEdit.h"
-#include "desktop/editor/CodeWindow.h"
-#include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
 #include "workbench/model/Component.h"
-#include "workbench/model/Module.h"
 #include "workbench/model/Project.h"
-#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 

@@ -1,14 +1,31 @@
 #pragma once
 
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QString>
+#include <QTest>
 #include <QTimer>
 #include <deque>
 #include <memory>
-#include <string>
+#include <vector>
 
 #include "QtFixture.h"
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "addin/settings/GlobalSetting.h"
+#include "base/Text.h"
+#include "desktop/editor/CodeArea.h"
+#include "desktop/editor/CodeEdit.h"
+#include "desktop/editor/CodeWindow.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/shell/Desktop.h"
+#include "desktop/shell/MainMenu.h"
+#include "desktop/shell/MainWindow.h"
+#include "desktop/shell/ToolDock.h"
 #include "support/TempFolder.h"
+#include "workbench/model/Module.h"
+#include "workbench/model/Workbench.h"
 
 class QTreeWidgetItem;
 

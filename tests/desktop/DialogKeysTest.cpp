@@ -1,22 +1,13 @@
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
 #include <QTreeWidget>
 
 #include "FormWindowsFixture.h"
-#include "addin/connect/HotkeyProxy.h"
-#include "addin/core/Globals.h"
 #include "addin/dialogs/frmCodePreview.h"
 #include "addin/dialogs/frmOption.h"
 #include "addin/search/ConditionSnap.h"
-#include "addin/search/ResultCollection.h"
-#include "addin/search/TaskManager.h"
-#include "addin/settings/GlobalSetting.h"
-#include "chordtrap/Manager.h"
-#include "desktop/shell/MainWindow.h"
 #include "desktop/views/KeyEditorView.h"
 #include "desktop/views/TabBarView.h"
-#include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 
@@ -76,25 +67,6 @@ TEST_F(DialogKeysTest, AKeyRepeatsNoSearchThatIsRunning) {
   repeat();
   EXPECT_EQ(asked, matches);
   EXPECT_EQ(CurrentPage()->mcolResult->Count(), matches);
-}
-
-TEST_F(DialogKeysTest, ThePreviewStaysAwayFromAModalWindow) {
-  StartWithGroup();
-  Globals::gobjSetting->menumAutoHideSearchDlg = 2;
-  Search(QStringLiteral("nextorderno"));
-  auto& preview = dynamic_cast<frmCodePreview&>(*forms::TheForms().Instance(u"frmCodePreview"));
-  preview.SetMode(1);
-  preview.Update(CurrentPage()->mcolResult->Item(1), *CurrentPage()->mobjCondSnap);
-  preview.SetMode(0);
-  Walk(u"frmOption", From::SearchDialog, [&] {
-    preview.SetMode(1);
-    EXPECT_FALSE(WindowOf(preview).isVisible());
-    preview.SetMode(0);
-    Click(The<frmOption>(), *The<frmOption>().cmd取消);
-  });
-  preview.SetMode(1);
-  EXPECT_TRUE(WindowOf(preview).isVisible());
-  preview.SetMode(0);
 }
 
 /// The bar follows its control a moment later.

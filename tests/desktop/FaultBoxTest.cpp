@@ -6,14 +6,9 @@
 #include <unistd.h>
 
 #include <QProcess>
-#include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <string>
 
 #include "DesktopFixture.h"
-#include "addin/core/Globals.h"
-#include "addin/core/LanguageManager.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -1,20 +1,12 @@
 #include "FormWindowsFixture.h"
 
-#include <QApplication>
 #include <QDesktopServices>
-#include <QTest>
-#include <QTimer>
 #include <QUrl>
 #include <QWindow>
 #include <exception>
-#include <stdexcept>
 
-#include "desktop/platform/QtText.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/views/DialogView.h"
 #include "desktop/views/FormWindow.h"
 #include "desktop/views/FormWindows.h"
-#include "desktop/views/ResultListView.h"
 #include "platform/forms/Dialog.h"
 
 namespace quorvane::desktop {

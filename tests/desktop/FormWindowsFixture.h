@@ -2,11 +2,8 @@
 
 #include <QObject>
 #include <QStringList>
-#include <functional>
-#include <string_view>
 
 #include "SearchWindowsFixture.h"
-#include "platform/forms/Forms.h"
 
 class QUrl;
 

@@ -1,30 +1,13 @@
 #include <QApplication>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
 #include <QTreeWidget>
-#include <string>
 
 #include "FormWindowsFixture.h"
 #include "addin/connect/Connect.h"
-#include "addin/connect/HotkeyProxy.h"
-#include "addin/core/Globals.h"
-#include "addin/core/LanguageManager.h"
 #include "addin/dialogs/frmOption.h"
-#include "addin/settings/GlobalSetting.h"
-#include "chordtrap/Manager.h"
-#include "desktop/editor/CodeArea.h"
-#include "desktop/platform/QtText.h"
-#include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/views/KeyEditorView.h"
-#include "platform/forms/OwnerDrawList.h"
-#include "vbide/VBIDE.h"
 #include "workbench/model/HostCommandBars.h"
-#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -109,36 +92,6 @@ TEST_F(HotkeyWindowsTest, TheEditorGivesTakesAndRevertsKeys) {
   Stop();
   StartWithGroup();
   check();
-}
-
-TEST_F(HotkeyWindowsTest, FiveCommandsWhileAnotherBoxIsTypedIn) {
-  StartWithGroup();
-  Globals::gobjSetting->menumAutoHideSearchDlg = 2;
-  Give(4, {'L', chordtrap::kCtrl | chordtrap::kAlt});
-  Give(5, {116, 0});
-  Search(QStringLiteral("nextorderno"));
-  const auto list = CurrentPage()->mlstResultList;
-  const int found = list->ListCount();
-  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QApplication::setActiveWindow(&Window());
-    Below<QLineEdit>(Window().Tree()).setFocus();
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-  };
-  list->SetListIndex(0);
-  press(Qt::Key_Period, Qt::ControlModifier);
-  EXPECT_EQ(list->ListIndex(), 1);
-  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
-  press(Qt::Key_Comma, Qt::ControlModifier);
-  EXPECT_EQ(list->ListIndex(), 0);
-  list->Clear();
-  press(Qt::Key_F5, Qt::NoModifier);
-  EXPECT_EQ(list->ListCount(), found);
-  Globals::gobjToolWindow->SetVisible(false);
-  press(Qt::Key_L, Qt::ControlModifier | Qt::AltModifier);
-  EXPECT_TRUE(Globals::gobjToolWindow->Visible());
-  Dialog().Hide();
-  press(Qt::Key_Q, Qt::ControlModifier);
-  EXPECT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == &WindowOf(Dialog()); }, std::chrono::seconds(1)));
 }
 
 TEST_F(HotkeyWindowsTest, ModalWindowsAndTheMenuEntryHoldKeysBack) {

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <filesystem>
-#include <string>
 
 #include "QtFixture.h"
 #include "support/TempFolder.h"

@@ -5,7 +5,6 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 

@@ -1,35 +1,15 @@
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
-#include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
-#include <chrono>
-#include <string>
 
 #include "FormWindowsFixture.h"
 #include "addin/connect/Connect.h"
-#include "addin/connect/HotkeyProxy.h"
 #include "addin/connect/Updater.h"
-#include "addin/core/Globals.h"
-#include "addin/core/LanguageManager.h"
 #include "addin/dialogs/frmOption.h"
-#include "addin/settings/GlobalSetting.h"
-#include "base/Text.h"
-#include "chordtrap/Manager.h"
-#include "desktop/platform/QtText.h"
 #include "desktop/shell/AddInsMenu.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/shell/ToolDock.h"
-#include "desktop/views/ResultListView.h"
-#include "desktop/views/ResultView.h"
-#include "platform/forms/OwnerDrawList.h"
-#include "vbide/VBIDE.h"
 
 namespace quorvane::desktop {
 namespace {

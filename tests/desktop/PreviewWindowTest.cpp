@@ -1,20 +1,12 @@
 #include <QApplication>
 #include <QScreen>
-#include <QTest>
 #include <QTextBlock>
-#include <QTextDocument>
 #include <QTextLayout>
-#include <string>
 
 #include "FormWindowsFixture.h"
-#include "addin/core/Globals.h"
 #include "addin/dialogs/frmCodePreview.h"
-#include "addin/settings/GlobalSetting.h"
 #include "desktop/editor/CodeColors.h"
-#include "desktop/shell/MainWindow.h"
 #include "desktop/views/CodePreviewView.h"
-#include "desktop/views/ResultListView.h"
-#include "workbench/model/Module.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QStandardPaths>
 
 namespace quorvane::desktop {
 

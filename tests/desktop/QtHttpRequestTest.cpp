@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
-#include <chrono>
 #include <memory>
-#include <string>
 
 #include "HttpServer.h"
 #include "QtFixture.h"
 #include "base/Error.h"
-#include "base/Text.h"
 #include "desktop/platform/QtHttpRequest.h"
 
 namespace quorvane::desktop {

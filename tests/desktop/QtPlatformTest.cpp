@@ -9,8 +9,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <chrono>
-#include <string>
 #include <vector>
 
 #include "QtFixture.h"

@@ -1,23 +1,7 @@
 #include "SearchWindowsFixture.h"
 
-#include <QApplication>
-#include <QMenu>
-#include <QTest>
-
-#include "addin/core/Globals.h"
-#include "addin/core/LanguageManager.h"
-#include "addin/results/PageManager.h"
-#include "desktop/editor/CodeArea.h"
-#include "desktop/editor/CodeEdit.h"
-#include "desktop/editor/CodeWindow.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/shell/ToolDock.h"
-#include "desktop/views/DialogView.h"
 #include "desktop/views/FormWindow.h"
 #include "desktop/views/FormWindows.h"
-#include "desktop/views/ResultListView.h"
-#include "desktop/views/ResultView.h"
-#include "platform/forms/Forms.h"
 
 namespace quorvane::desktop {
 

@@ -1,15 +1,25 @@
 #pragma once
 
-#include <QPoint>
-#include <QString>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabBar>
 #include <QWidget>
-#include <stdexcept>
-#include <string>
 
 #include "DesktopFixture.h"
+#include "addin/connect/HotkeyProxy.h"
 #include "addin/dialogs/frmSearchDialog.h"
 #include "addin/results/Page.h"
+#include "addin/results/PageManager.h"
 #include "addin/results/ResultDialog.h"
+#include "addin/search/ResultCollection.h"
+#include "addin/search/TaskManager.h"
+#include "chordtrap/Manager.h"
+#include "desktop/views/DialogView.h"
+#include "desktop/views/ResultListView.h"
+#include "desktop/views/ResultView.h"
+#include "platform/forms/Forms.h"
+#include "platform/forms/OwnerDrawList.h"
+#include "vbide/VBIDE.h"
 
 class QMenu;
 

@@ -1,44 +1,19 @@
 #include <QAbstractButton>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMimeData>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QTabBar>
-#include <QTest>
 #include <QToolButton>
 #include <QUrl>
 #include <QWheelEvent>
 
 #include "SearchWindowsFixture.h"
-#include "addin/core/Globals.h"
 #include "addin/core/Utilities.h"
-#include "addin/results/PageManager.h"
-#include "addin/search/ResultCollection.h"
-#include "addin/search/TaskManager.h"
-#include "addin/settings/GlobalSetting.h"
-#include "base/Text.h"
-#include "desktop/editor/CodeArea.h"
-#include "desktop/editor/CodeEdit.h"
-#include "desktop/editor/CodeWindow.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/shell/ToolDock.h"
-#include "desktop/views/DialogView.h"
-#include "desktop/views/ResultListView.h"
-#include "desktop/views/ResultView.h"
 #include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
 #include "platform/forms/Label.h"
-#include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/TabControl.h"
-#include "vbide/VBIDE.h"
-#include "workbench/model/Module.h"
-#include "workbench/model/Project.h"
-#include "workbench/model/Workbench.h"
 
 namespace quorvane::desktop {
 namespace {

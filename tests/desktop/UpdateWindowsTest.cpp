@@ -1,21 +1,13 @@
 #include <QApplication>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QTest>
-#include <QTimer>
-#include <string>
 
 #include "FormWindowsFixture.h"
 #include "HttpServer.h"
-#include "addin/core/Globals.h"
 #include "addin/dialogs/frmAbout.h"
 #include "addin/dialogs/frmOption.h"
 #include "addin/dialogs/frmProcessing.h"
-#include "addin/settings/GlobalSetting.h"
-#include "desktop/platform/QtText.h"
-#include "desktop/shell/MainWindow.h"
 #include "platform/App.h"
 #include "platform/HttpRequest.h"
 #include "platform/Platform.h"

@@ -1,14 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
 #include "DialogWorld.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/dialogs/frmAbout.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/TempFolder.h"
 
 namespace quorvane {
 namespace {

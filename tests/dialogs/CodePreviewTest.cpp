@@ -1,15 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "DialogWorld.h"
 #include "addin/dialogs/frmCodePreview.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"
-#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
@@ -62,40 +57,17 @@ class CodePreviewTest : public test::DialogFixture {
 };
 
 TEST_F(CodePreviewTest, WhatItShowsByModeAndCondition) {
-  const struct {
-    std::int32_t mode;
-    gsMode search;
-    bool matchCase;
-    const char16_t* find;
-    const char16_t* replace;
-    const char* shown;
-  } rows[] = {
-      {0, gsCommon, false, u"foo", u"x", "A foo1 Foo2 b"},
-      {1, gsCommon, false, u"foo", u"x", "A {red:foo}1 Foo2 b"},
-      {2, gsCommon, false, u"foo", u"$&\\t", "A {red-:foo}{blue:$&\\t}1 Foo2 b"},
-      {2, gsCommon, false, u"foo", u"", "A {red-:foo}1 Foo2 b"},
-      {2, gsCommon, false, u"b", u"c", "A foo1 Foo2 {red-:b}{blue:c}"},
-      {2, gsPattern, false, u"f?o#", u"$1\\n", "A {red-:foo1}{blue:$1\\n} Foo2 b"},
-      {2, gsRegular, false, u"(f)o+(\\d)", u"$2\\\\[$1]", "A {red-:foo1}{blue:1\\[f]} Foo2 b"},
-      {2, gsRegular, true, u"f[fo]+", u"<$&>", "A {red-:foo}{blue:<foo>}1 Foo2 b"},
-      {2, gsRegular, false, u"F", u"x", "A {red-:f}{blue:x}oo1 Foo2 b"},
-      {2, gsRegular, false, u"foo(?=1)", u"x", "A {red-:foo}{blue:foo}1 Foo2 b"},  // not found again in "foo" alone
-      {2, gsRegular, false, u"foo1 foo2", u"", "A {red-:foo1 Foo2} b"},
-      {1, gsRegular, false, u"(?=foo1)", u"x", "A foo1 Foo2 b"},
-      {2, gsRegular, false, u"(?=foo1)", u"x", "A foo1 Foo2 b"},
-      {2, gsRegular, false, u"z*", u"x", "{blue:x}one"},
-  };
   Setting().mintRelativeLineCount = 0;
-  for (const auto& row : rows) {
-    Condition(gsAllProjects, row.search, row.find);
-    Setting().mblnMatchCase = row.matchCase;
+  for (const test::Row& row : test::Rows("dialogs/CodePreview.rows", "Shown")) {
+    Condition(gsAllProjects, static_cast<gsMode>(row.Number(2)), row.Text(3));
+    Setting().mblnMatchCase = row.Bytes(1) == "case";
     Setting().mstrReplaceStr = u"not yet typed";
     SearchAgain();
-    Preview().SetMode(row.mode);
-    Setting().mstrReplaceStr = row.replace;
+    Preview().SetMode(row.Number(0));
+    Setting().mstrReplaceStr = row.Text(4);
     Update();
-    EXPECT_EQ(Shown(*Preview().rtPreview), row.shown);
-    EXPECT_EQ(Preview().rtPreview->SelLength(), row.mode == 0 ? 3 : 0);
+    EXPECT_EQ(Shown(*Preview().rtPreview), row.Bytes(5)) << row.Where();
+    EXPECT_EQ(Preview().rtPreview->SelLength(), row.Number(0) == 0 ? 3 : 0) << row.Where();
   }
 }
 

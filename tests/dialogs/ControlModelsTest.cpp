@@ -1,16 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "DialogWorld.h"
-#include "base/Text.h"
 #include "platform/forms/RichTextBox.h"
 #include "platform/forms/TabStrip.h"
 #include "platform/forms/TextBox.h"
-#include "support/Raised.h"
 #include "support/Seed.h"
 
 namespace quorvane {

@@ -2,8 +2,6 @@
 
 #include "addin/connect/Updater.h"
 #include "addin/dialogs/RegisterDialogs.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/OwnerDrawList.h"
 #include "platform/forms/Screen.h"

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "addin/dialogs/frmSearchDialog.h"
 #include "addin/results/Page.h"
 #include "addin/results/PageManager.h"

@@ -1,19 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "DialogWorld.h"
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/connect/Updater.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/dialogs/frmOption.h"
-#include "base/Text.h"
 #include "chordtrap/Manager.h"
 #include "platform/forms/Forms.h"
-#include "support/Raised.h"
-#include "support/Rows.h"
 
 namespace quorvane {
 namespace {

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "DialogWorld.h"
 #include "addin/connect/Updater.h"
 #include "addin/dialogs/frmProcessing.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 
 namespace quorvane {

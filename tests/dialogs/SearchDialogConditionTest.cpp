@@ -1,14 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <set>
-#include <string>
-#include <vector>
-
 #include "DialogWorld.h"
 #include "addin/core/LanguageManager.h"
-#include "base/Error.h"
-#include "base/Text.h"
 
 namespace quorvane {
 namespace {
@@ -171,29 +164,18 @@ TEST_F(SearchDialogTest, EnablingRules) {
 }
 
 TEST_F(SearchDialogTest, TheSelectionOfTheActivePaneIsTakenOver) {
-  const struct {
-    const char* name;
-    vbide::Selection selection;
-    const char16_t* text;
-    gsArea area;
-  } rows[] = {
-      {"nothing selected", {1, 2, 1, 2}, u"before", gsAllProjects},
-      {"a word", {1, 5, 1, 8}, u"Foo", gsAllProjects},
-      {"a line with its break", {2, 1, 3, 1}, u"  Bar 1\r\n", gsAllProjects},
-      {"two lines", {1, 5, 2, 4}, u"before", gsSelection},
-      {"two lines with their breaks", {1, 1, 3, 1}, u"before", gsSelection},
-  };
   OpenGroup(Group{}.Project(u"P").Module(u"M", u"Sub Foo()\r\n  Bar 1\r\nEnd Sub"));
   Setting().menumArea = gsAllProjects;
   frmSearchDialog& d = Shown();
-  for (const auto& row : rows) {
+  for (const test::Row& row : test::Rows("dialogs/SearchDialog.rows", "Selections")) {
+    SCOPED_TRACE(row.Where());
     d.cmbSearch->SetText(u"before");
     d.optArea.SetValue(gsAllProjects, true);
-    Activate(u"M", row.selection);
+    Activate(u"M", row.Range(1));
     d.DoubleClick();
-    EXPECT_EQ(d.cmbSearch->Text(), row.text) << row.name;
-    EXPECT_EQ(Setting().menumArea, row.area) << row.name;
-    EXPECT_EQ(Setting().mstrSearchStr, frmSearchDialog::FilterSpecialChar(row.text)) << row.name;
+    EXPECT_EQ(d.cmbSearch->Text(), row.Text(2));
+    EXPECT_EQ(Setting().menumArea, row.Number(3));
+    EXPECT_EQ(Setting().mstrSearchStr, frmSearchDialog::FilterSpecialChar(row.Text(2)));
     EXPECT_EQ(d.cmbSearch->SelStart(), 0);
     EXPECT_EQ(d.cmbSearch->SelLength(), static_cast<std::int32_t>(d.cmbSearch->Text().size()));
   }

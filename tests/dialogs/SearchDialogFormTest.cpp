@@ -1,12 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "DialogWorld.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/Raised.h"
 
 namespace quorvane {
 namespace {
@@ -104,23 +99,10 @@ TEST_F(SearchDialogFormTest, AccessKeysReachEveryControl) {
   frmSearchDialog& d = Dialog();
   d.ShowEx();
   Type(*d.cmbSearch, u"x");
-  const struct {
-    char16_t key;
-    const char* focus;
-    const char* condition;
-  } rows[] = {
-      {u'L', "cmbReplace", "x||1|0|0|0|0|1"},       {u'f', "cmbSearch", "x||1|0|0|0|0|1"},
-      {u'r', "optArea(3)", "x||3|0|0|0|0|1"},       {u'm', "optArea(0)", "x||0|0|0|0|0|1"},
-      {u'g', "optArea(2)", "x||2|0|0|0|0|1"},       {u'o', "optArea(4)", "x||4|0|0|0|0|1"},
-      {u'p', "optArea(1)", "x||1|0|0|0|0|1"},       {u't', "optMode(1)", "x||1|1|0|0|0|1"},
-      {u'x', "optMode(2)", "x||1|2|0|0|0|1"},       {u'n', "optMode(0)", "x||1|0|0|0|0|1"},
-      {u'e', "chkMatchCase", "x||1|0|1|0|0|1"},     {u'w', "chkWholeWord", "x||1|0|1|1|0|1"},
-      {u'i', "chkIgnoreComment", "x||1|0|1|1|0|2"},
-  };
-  for (const auto& row : rows) {
-    EXPECT_TRUE(d.PressAccessKey(row.key));
-    EXPECT_EQ(ToUtf8(FocusOf(d)), row.focus);
-    EXPECT_EQ(Condition(), row.condition) << row.focus;
+  for (const test::Row& row : test::Rows("dialogs/SearchDialog.rows", "AccessKeys")) {
+    EXPECT_TRUE(d.PressAccessKey(row.Text(0)[0])) << row.Where();
+    EXPECT_EQ(FocusOf(d), row.Text(1)) << row.Where();
+    EXPECT_EQ(Condition(), row.Bytes(2)) << row.Where();
   }
   EXPECT_FALSE(d.PressAccessKey(u'c')) << "Cancel is not there";
   EXPECT_FALSE(d.PressAccessKey(u'a')) << "Replace All is disabled";

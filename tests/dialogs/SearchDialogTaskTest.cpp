@@ -1,16 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "DialogWorld.h"
 #include "addin/core/ErrorManager.h"
-#include "addin/search/TaskManager.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
@@ -99,13 +90,6 @@ TEST_F(SearchDialogTaskTest, WhichPageTakesASearch) {
   Globals::gobjPageManager->mcolPages->RemoveAll();
   d.cmdSearch->Press();
   EXPECT_EQ(Rows(), "Search3\nfoo 1") << "without a page one is made";
-}
-
-TEST_F(SearchDialogTaskTest, APageMadeBeforeTheDialogTakesTheSearch) {
-  Globals::gobjPageManager->AddNewPage();
-  Ready().cmdSearch->Press();
-  EXPECT_EQ(Rows(), "Search1\nfoo 1\nfoo 2\nfoo 3");
-  EXPECT_EQ(Pages(), 1);
 }
 
 TEST_F(SearchDialogTaskTest, ASearchReachesTheCurrentPageAlsoWhenItsTabWasNotTold) {

@@ -1,23 +1,12 @@
 #include "DisplayFixture.h"
 
-#include <QApplication>
 #include <QEventLoop>
-#include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QTreeWidget>
 #include <QWindow>
-#include <stdexcept>
 #include <thread>
 
-#include "addin/search/TaskManager.h"
-#include "desktop/editor/CodeArea.h"
-#include "desktop/editor/CodeWindow.h"
-#include "desktop/shell/MainWindow.h"
 #include "desktop/shell/ProjectTree.h"
-#include "desktop/views/DialogView.h"
-#include "desktop/views/ResultListView.h"
-#include "desktop/views/ResultView.h"
 #include "desktop/views/TabBarView.h"
 
 namespace quorvane::desktop {

@@ -2,13 +2,8 @@
 
 #include <QPoint>
 #include <QProcess>
-#include <QString>
 #include <QStringList>
-#include <chrono>
-#include <functional>
 #include <future>
-#include <memory>
-#include <string>
 #include <type_traits>
 
 #include "desktop/SearchWindowsFixture.h"

@@ -5,35 +5,17 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QWindow>
 
 #include "DisplayFixture.h"
-#include "addin/connect/HotkeyProxy.h"
-#include "addin/core/Globals.h"
 #include "addin/dialogs/frmCodePreview.h"
-#include "addin/search/ResultCollection.h"
-#include "addin/settings/GlobalSetting.h"
-#include "chordtrap/Manager.h"
-#include "desktop/editor/CodeArea.h"
-#include "desktop/editor/CodeEdit.h"
-#include "desktop/editor/CodeWindow.h"
 #include "desktop/shell/AddInsMenu.h"
-#include "desktop/shell/MainWindow.h"
-#include "desktop/views/DialogView.h"
 #include "desktop/views/FormWindow.h"
 #include "desktop/views/FormWindows.h"
-#include "desktop/views/ResultListView.h"
-#include "desktop/views/ResultView.h"
 #include "desktop/views/TabBarView.h"
-#include "platform/forms/Forms.h"
-#include "platform/forms/OwnerDrawList.h"
-#include "vbide/VBIDE.h"
-#include "workbench/model/Module.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
 
-#include "base/Error.h"
 #include "native/codepages/CodePages.h"
 #include "native/codepages/LikelyPages.h"
 #include "support/Raised.h"

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
 #include "native/settings/IniText.h"

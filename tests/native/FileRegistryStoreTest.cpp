@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "native/codepages/CodePages.h"
 #include "native/settings/FileRegistryStore.h"

@@ -1,12 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <random>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/settings/FileSettingsStore.h"
 #include "support/Raised.h"

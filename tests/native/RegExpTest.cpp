@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/regexp/PcreRegExp.h"
 #include "support/Raised.h"

@@ -1,11 +1,7 @@
 #include <gtest/gtest.h>
 #include <libxml/tree.h>
 
-#include <cstdlib>
 #include <memory>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "base/Error.h"
 #include "base/Text.h"

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/xml/LibXmlDocument.h"

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "base/Text.h"
 #include "native/xml/LibXmlTable.h"
 #include "support/Raised.h"

@@ -1,11 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "base/Error.h"
-#include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "support/Raised.h"

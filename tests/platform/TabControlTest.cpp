@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "base/Text.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"

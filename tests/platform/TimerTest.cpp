@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <vector>
-
 #include "platform/forms/Timer.h"
 #include "support/Raised.h"
 #include "support/TestPlatform.h"

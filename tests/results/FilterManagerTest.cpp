@@ -1,13 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "ResultWindowFixture.h"
-#include "addin/results/FilterManager.h"
-#include "addin/search/PositionInfo.h"
-#include "base/Error.h"
-#include "base/Text.h"
-#include "support/Raised.h"
-#include "support/SearchFixture.h"
-#include "support/TempFolder.h"
 
 namespace quorvane::test {
 
@@ -70,15 +63,6 @@ TEST_F(FilterManagerTest, ANewDocumentIsAnEmptyElement) {
   EXPECT_THROW(page->filter.Save(FromUtf8(folder / "no/such/folder.xml")), Error);
 }
 
-TEST_F(FilterManagerTest, AMatchWithoutAScreenColumnKeepsItsPlace) {
-  OpenModule(CrLf(u"x\n" + std::u16string(33000, u'a') + u"x\nx"));
-  Condition(gsAllProjects, gsRegular, u"x");
-  EXPECT_EQ(Search(), "");
-  EXPECT_EQ(Ids(), "1 2 3 ");
-  EXPECT_EQ(page->filter.Item(3).Number(MatchField::Y1), 3);
-  EXPECT_EQ(page->list.size(), 2u);
-}
-
 TEST(FilterManagerWide, AllAttributesInTheirOrder) {
   SearchWorld world("932");
   world.Open(Group{}.Project(u"Lager").Class(
@@ -99,14 +83,6 @@ TEST(FilterManagerWide, AllAttributesInTheirOrder) {
   EXPECT_EQ(world.page->filter.Item(1).Text(MatchField::MatchStr), u"\"<a & 'b'>\"\r\nEnd");
   EXPECT_EQ(Join(world.page->list), "1: Lager\\Ware\\Get\\名[3,7]  名 = \"<a & 'b'>\"")
       << "unescaped, and appended at once";
-}
-
-TEST_F(FilterManagerTest, HiddenLinesLeaveNoGapInTheDocument) {
-  Setting().SetXSL(kOddLines);
-  FindX(u"x\nx\nx\n\nx x");
-  EXPECT_EQ(List(), "1: 1:1\n3: 3:3\n4: 5:4\n5: 5:5");
-  EXPECT_EQ(Ids(), "1 2 3 4 5 ");
-  EXPECT_EQ(page->filter.Item(2).Number(MatchField::Y1), 2);
 }
 
 TEST_F(FilterManagerTest, ASearchWithAStylesheetThatFailsKeepsTheMatches) {
@@ -186,13 +162,6 @@ TEST_F(FilterManagerTest, AnErrorInOnClearIsShown) {
   page->results->Clear();
   ASSERT_EQ(platform.prompts.Shown.size(), 1u);
   EXPECT_EQ(platform.prompts.Shown[0].text, u"Error:13\r\nDescription:Type mismatch\r\nSource:VBQuorvane");
-}
-
-TEST_F(FilterManagerTest, OddCharactersComeBackExactly) {
-  const std::u16string odd = u"\"<&>'\t x \u00e9 ]]>";
-  FindX(odd);
-  EXPECT_EQ(page->filter.Item(1).Text(MatchField::Line), odd);
-  EXPECT_EQ(List(), "1: P\\M\\Proc\\(Declarations)[1,8]" + ToUtf8(odd));
 }
 
 TEST_F(FilterManagerTest, AfterTearDownItListensNoMore) {

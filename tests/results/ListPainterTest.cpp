@@ -1,7 +1,6 @@
 #include "ResultWindowFixture.h"
 #include "addin/results/ListPainter.h"
 #include "support/RecordedCanvas.h"
-#include "support/SearchFixture.h"
 
 namespace quorvane::test {
 
@@ -62,36 +61,11 @@ TEST_F(ListPainterTest, ASelectedRowIsOfOneColourAndShowsTheFocusWhileTheListHas
   EXPECT_EQ(Draw(0).find("focus"), std::string::npos);
 }
 
-TEST_F(ListPainterTest, TheLastOccurrenceOfTheLineCounts) {
-  SearchUnder(u"<xsl:value-of select='@Line'/>|<xsl:value-of select='@Line'/>|");
-  EXPECT_EQ(Draw(2),
-            "fill 0,20-400,36 ffffff\n"
-            "text 5,20 404000 on ffffff 'L ab c L|'\n"
-            "text 95,20 0 on ffffff 'L '\n"
-            "bold 115,20 0 on ffffff 'ab'\n"
-            "text 139,20 0 on ffffff ' c L|'\n");
-}
-
 TEST_F(ListPainterTest, ARowWithoutItsLineIsPlainAndWidensNothing) {
   SearchUnder(u"<xsl:value-of select='@ID'/>");
   EXPECT_EQ(Draw(0), "fill 0,20-400,36 ffffff\ntext 5,20 0 on ffffff '1'\n");
   EXPECT_EQ(Draw(1, true), "fill 0,20-400,36 d77800\ntext 5,20 ffffff on d77800 '2'\n");
   EXPECT_EQ(List().HorizontalExtent(), 0);
-}
-
-TEST_F(ListPainterTest, AMatchBehindTheEndOfItsLineEndsWithTheText) {
-  UseStylesheet(kIdAndLine);
-  Setting().menumArea = gsAllProjects;
-  Setting().menumMode = gsRegular;
-  Setting().mstrSearchStr = u"b\\r\\nL";
-  Pages().AddNewPage();
-  Active().mobjTask->Run(kTaskSearch);
-  EXPECT_EQ(Draw(0),
-            "fill 0,20-400,36 ffffff\n"
-            "text 5,20 404000 on ffffff '1:'\n"
-            "text 25,20 0 on ffffff 'ab = a'\n"
-            "bold 85,20 0 on ffffff 'b'\n"
-            "text 97,20 0 on ffffff ''\n");
 }
 
 TEST_F(ListPainterTest, TheRangeFollowsTheWidestRowUntilASearchStarts) {

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/results/PageManager.h"
-#include "base/Text.h"
 #include "support/ConnectionFixture.h"
 #include "support/Raised.h"
 #include "support/TestPlatform.h"

@@ -2,13 +2,7 @@
 #include "addin/core/LanguageManager.h"
 #include "addin/core/ObjStat.h"
 #include "addin/results/ListPainter.h"
-#include "addin/results/Page.h"
-#include "addin/search/ConditionSnap.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/Raised.h"
-#include "support/SearchFixture.h"
-#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

@@ -1,15 +1,8 @@
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "ResultWindowFixture.h"
-#include "addin/results/ResultDialog.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/ImageList.h"
-#include "support/SearchFixture.h"
-#include "support/TempFolder.h"
-#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

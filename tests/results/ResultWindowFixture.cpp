@@ -1,14 +1,8 @@
 #include "ResultWindowFixture.h"
 
-#include <utility>
-
 #include "addin/connect/Connect.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "platform/forms/Forms.h"
-#include "support/SearchFixture.h"
 #include "workbench/model/HostWindows.h"
-#include "workbench/model/WindowTable.h"
 
 namespace quorvane::test {
 

@@ -1,25 +1,12 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include "addin/core/Globals.h"
 #include "addin/core/ISearchDialog.h"
-#include "addin/results/FilterManager.h"
 #include "addin/results/ICodePreview.h"
 #include "addin/results/Page.h"
 #include "addin/results/PageManager.h"
 #include "addin/results/ResultDialog.h"
 #include "addin/search/ICondInfo.h"
 #include "addin/search/PositionInfo.h"
-#include "addin/search/ResultCollection.h"
-#include "addin/search/TaskManager.h"
-#include "addin/settings/GlobalSetting.h"
-#include "base/Text.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Menu.h"
@@ -27,11 +14,9 @@
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
-#include "support/TestPlatform.h"
+#include "support/SearchFixture.h"
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/ToolWindow.h"
-#include "workbench/model/Workbench.h"
-#include "workbench/project/GroupBuilder.h"
 
 namespace quorvane::test {
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "addin/search/PositionInfo.h"
-#include "support/Rows.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {

@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
-#include "addin/search/ConditionSnap.h"
 #include "addin/search/LiveCondition.h"
 #include "addin/search/PositionInfo.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
@@ -21,36 +17,16 @@ class ConditionSnapTest : public SearchFixture {
 
 TEST(ConditionSnap, DescribesEveryCondition) {
   SearchWorld world("932");
-  struct Row {
-    gsArea area;
-    gsMode mode;
-    bool matchCase;
-    gsCommentStat comments;
-    bool wholeWord;
-    bool singleLine;
-    const char* english;
-  };
-  const std::vector<Row> rows{
-      {gsAllProjects, gsCommon, false, gsIncludeComment, false, true, "project group,common,include comment"},
-      {gsCurModule, gsPattern, true, gsExcludeComment, true, false,
-       "current module<M>,pattern,match case,ignore comment,whole word"},
-      {gsCurProcedure, gsRegular, false, gsCommentOnly, true, false,
-       "current procedure<A>,regexp,comment only,multi line"},
-      {gsCurProject, gsRegular, true, gsIncludeComment, false, true,
-       "current project<P>,regexp,match case,include comment,single line"},
-      {gsSelection, gsCommon, false, gsIncludeComment, true, true,
-       "selection<M[2,3,3,4]>,common,include comment,whole word"},
-  };
   world.OpenModule(CrLf(u"Sub A()\n漢字\nabcd\nEnd Sub"));
   world.Activate(u"M", {2, 2, 3, 4});  // the start lies inside 漢 and moves behind it
-  for (const Row& row : rows) {
-    world.Condition(row.area, row.mode, u"x");
-    world.Setting().mblnMatchCase = row.matchCase;
-    world.Setting().menumIgnoreComment = row.comments;
-    world.Setting().mblnWholeWord = row.wholeWord;
-    world.Setting().mblnRegSingleLine = row.singleLine;
+  for (const Row& row : Rows("search/ConditionSnap.rows", "Descriptions")) {
+    world.Condition(static_cast<gsArea>(row.Number(0)), static_cast<gsMode>(row.Number(1)), u"x");
+    world.Setting().mblnMatchCase = row.Number(2) == 1;
+    world.Setting().menumIgnoreComment = static_cast<gsCommentStat>(row.Number(3));
+    world.Setting().mblnWholeWord = row.Number(4) == 1;
+    world.Setting().mblnRegSingleLine = row.Number(5) == 1;
     world.page->condSnap->TakeSnap();
-    EXPECT_EQ(ToUtf8(world.page->condSnap->Description()), row.english);
+    EXPECT_EQ(ToUtf8(world.page->condSnap->Description()), row.Bytes(6)) << row.Where();
   }
 }
 

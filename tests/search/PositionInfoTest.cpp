@@ -1,17 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <map>
-#include <string>
-
 #include "addin/core/ErrorManager.h"
-#include "addin/core/Globals.h"
 #include "addin/search/PositionInfo.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "search/NaiveModule.h"
 #include "support/PassingModule.h"
-#include "support/Raised.h"
-#include "support/Rows.h"
 #include "support/SearchFixture.h"
 #include "workbench/model/HostWindow.h"
 #include "workbench/model/Pane.h"

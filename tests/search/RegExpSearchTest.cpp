@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "addin/search/PositionInfo.h"
-#include "base/Text.h"
 #include "search/NaiveModule.h"
-#include "support/Rows.h"
 #include "support/SearchFixture.h"
 #include "support/Seen.h"
-#include "vbide/VBIDE.h"
 
 namespace quorvane::test {
 

@@ -1,12 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <optional>
-
 #include "addin/search/PositionInfo.h"
-#include "base/Text.h"
 #include "search/NaiveModule.h"
-#include "support/Rows.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {
@@ -53,39 +48,23 @@ TEST(Replace, OptionsThatCount) {
 class ReplaceAreas : public SearchFixture {};
 
 TEST_F(ReplaceAreas, EachAreaIsReplacedAndNoMore) {
-  struct AreaRow {
-    gsArea area;
-    std::string modules[3];
-    std::string events;
-  };
-  const std::string decl = "a\r\nSub S()\r\n a\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub";
-  const std::string all = "x\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n x\r\nEnd Sub";
-  const std::vector<AreaRow> rows{
-      {gsAllProjects, {all, "x", "x"}, "begin 2\nscan M\nscan C\nscan N\ndone 2"},
-      {gsCurProject, {all, "x", "a"}, "begin 2\nscan M\nscan C\ndone 2"},
-      {gsCurModule, {all, "a", "a"}, "begin 2\nscan M\ndone 2"},
-      {gsCurProcedure,
-       {"a\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub", "a", "a"},
-       "begin 2\nscan M\ndone 2"},
-      {gsSelection, {"a\r\nSub S()\r\n x\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub", "a", "a"}, "begin 2\nscan M\ndone 2"},
-  };
   for (const bool singleLine : {false, true}) {
-    for (const AreaRow& row : rows) {
+    for (const Row& row : Rows("search/Replace.rows", "Areas")) {
       Open(Group{}
                .Project(u"P")
-               .Module(u"M", FromUtf8(decl))
+               .Module(u"M", u"a\r\nSub S()\r\n a\r\nEnd Sub\r\nSub T()\r\n a\r\nEnd Sub")
                .Class(u"C", u"a")
                .Resource(u"R")
                .Project(u"Q")
                .Module(u"N", u"a"));
       Activate(u"M", {3, 1, 4, 2});
-      Condition(row.area, gsRegular, u"\\ba\\b");
+      Condition(static_cast<gsArea>(row.Number(1)), gsRegular, u"\\ba\\b");
       Setting().mstrReplaceStr = u"x";
       Setting().mblnRegSingleLine = singleLine;
       EXPECT_EQ(Replace(), "");
-      EXPECT_EQ(Events(), row.events);
-      const std::u16string names[] = {u"M", u"C", u"N"};
-      for (int i = 0; i < 3; ++i) EXPECT_EQ(ToUtf8(Module(names[i]).Text()), row.modules[i]) << row.area;
+      EXPECT_EQ(Events(), Join(row.List(5))) << row.Where();
+      EXPECT_EQ(Module(u"M").Text(), row.Text(2)) << row.Where();
+      EXPECT_EQ(Module(u"C").Text() + u" " + Module(u"N").Text(), row.Text(3) + u" " + row.Text(4)) << row.Where();
     }
   }
 }

@@ -2,11 +2,7 @@
 
 #include "addin/core/ErrorManager.h"
 #include "addin/search/PositionInfo.h"
-#include "addin/search/TaskManager.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "support/PassingModule.h"
-#include "support/Rows.h"
 #include "support/SearchFixture.h"
 
 namespace quorvane::test {

@@ -4,9 +4,8 @@
 #include "addin/connect/Updater.h"
 #include "addin/core/Globals.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -118,22 +117,13 @@ TEST_F(GlobalSettingTest, TheStylesheet) {
 }
 
 TEST_F(GlobalSettingTest, ADamagedValueEndsTheLoadAndStays) {
-  struct Row {
-    const char16_t* key;
-    const char16_t* text;
-    std::int32_t error;
-  };
-  const Row rows[] = {
-      {u"RelativeLineCount", u"twelve", 13}, {u"RelativeLineCount", u"40000", 6},   {u"AutoHideSearchDlg", u"", 13},
-      {u"DefaultSearchTo", u"x", 13},        {u"MaximizeWhenLocate", u"Maybe", 13}, {u"UpdateInterval", u"1w", 13},
-      {u"LastUpdate", u"yesterday", 13},     {u"UpdateSensibility", u"?", 13},      {u"RefreshResult", u"Ctrl+", 13}};
-  for (const Row& row : rows) {
-    Stored() = {{u"SearchItem", u"kept"}, {row.key, row.text}};
+  for (const Row& row : Rows("settings/GlobalSetting.rows", "Damaged")) {
+    Stored() = {{u"SearchItem", u"kept"}, {row.Text(0), row.Text(1)}};
     const MemorySettings::Sections before = platform.settings.Now;
     Setting().mcolSearchHistory.RemoveAll();
     const auto error = Raised([&] { Setting().Load(); });
-    EXPECT_EQ(error, row.error) << ToUtf8(row.key);
-    EXPECT_TRUE(error.Says(": " + ToUtf8(row.key) + " = \"" + ToUtf8(row.text) + "\"")) << error;
+    EXPECT_EQ(error, row.Number(2)) << row.Where();
+    EXPECT_TRUE(error.Says(": " + row.Bytes(0) + " = \"" + row.Bytes(1) + "\"")) << error;
     EXPECT_EQ(platform.settings.Now, before);
     EXPECT_EQ(Setting().mcolSearchHistory.Join(), u"kept") << "what stands before is taken";
   }

@@ -4,8 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <random>
 #include <stdexcept>
 
 #include "support/Seed.h"

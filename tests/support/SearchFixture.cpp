@@ -1,9 +1,6 @@
 #include "support/SearchFixture.h"
 
-#include "addin/core/Globals.h"
 #include "addin/search/PositionInfo.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "support/Seen.h"
 
 namespace quorvane::test {

@@ -2,12 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "addin/core/Globals.h"
 #include "addin/results/FilterManager.h"
 #include "addin/results/IListPage.h"
@@ -15,6 +9,9 @@
 #include "addin/search/ResultCollection.h"
 #include "addin/search/TaskManager.h"
 #include "addin/settings/GlobalSetting.h"
+#include "support/Raised.h"
+#include "support/Rows.h"
+#include "support/TempFolder.h"
 #include "support/TestPlatform.h"
 #include "workbench/model/Module.h"
 #include "workbench/model/WindowTable.h"

@@ -7,8 +7,6 @@
 #include "addin/core/LanguageManager.h"
 #include "addin/core/Utilities.h"
 #include "addin/settings/GlobalSetting.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "native/codepages/CodePages.h"
 #include "native/regexp/PcreRegExp.h"
 #include "native/xml/LibXmlDocument.h"

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <deque>
-#include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/App.h"
 #include "platform/CodePage.h"

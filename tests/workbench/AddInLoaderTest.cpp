@@ -1,11 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
 #include "support/Raised.h"

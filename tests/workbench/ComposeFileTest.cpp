@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <map>
-#include <random>
-#include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "support/Rows.h"
 #include "support/Seed.h"

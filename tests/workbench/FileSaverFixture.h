@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <string>
 #include <vector>
 
-#include "base/FilePath.h"
 #include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "workbench/save/FileSaver.h"

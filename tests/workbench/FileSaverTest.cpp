@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "native/files/NewFile.h"
 #include "workbench/FileSaverFixture.h"

@@ -2,11 +2,8 @@
 
 #include <optional>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "TextPages.h"
-#include "base/Error.h"
 #include "base/Text.h"
 #include "support/Raised.h"
 #include "support/Rows.h"

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
 #include "support/Raised.h"

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
 #include "native/codepages/CodePages.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/Seen.h"
 #include "workbench/model/CommandButton.h"
 #include "workbench/model/Component.h"
@@ -69,16 +69,9 @@ TEST_F(HostObjectsTest, SelectionIsClippedToTheText) {
   const auto host = test::Seen(*built);
   const auto pane = PaneOf(*host, 0, 0);
   const auto module = pane->CodeModule();
-  const struct {
-    Selection set, get;
-  } rows[] = {
-      {{1, 2, 2, 3}, {1, 2, 2, 3}}, {{1, 1, 2, 99}, {1, 1, 2, 4}},  // a wide character takes two columns
-      {{0, 7, 9, 9}, {1, 1, 2, 4}}, {{2, 3, 1, 1}, {1, 1, 2, 3}},          {{-5, -5, -4, -4}, {1, 1, 1, 1}},
-      {{7, 1, 8, 1}, {2, 4, 2, 4}}, {{1, 0, 1, 2147483647}, {1, 1, 1, 3}},
-  };
-  for (const auto& row : rows) {
-    pane->SetSelection(row.set);
-    EXPECT_EQ(pane->GetSelection(), row.get) << row.set.StartLine << "," << row.set.StartColumn;
+  for (const test::Row& row : test::Rows("workbench/HostObjects.rows", "Selections")) {
+    pane->SetSelection(row.Range(0));
+    EXPECT_EQ(pane->GetSelection(), row.Range(1)) << row.Where();
   }
   pane->SetSelection({2, 3, 2, 4});
   module->DeleteLines(1, 2);

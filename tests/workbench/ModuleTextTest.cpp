@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "TextPages.h"
-#include "base/Error.h"
 #include "base/Text.h"
 #include "support/Raised.h"
 #include "support/Seen.h"

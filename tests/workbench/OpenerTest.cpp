@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
 #include "support/Raised.h"

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <string>
-#include <vector>
 
 #include "support/Rows.h"
 #include "workbench/text/Sieve.h"

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdlib>
-#include <random>
-#include <string>
 #include <vector>
 
 #include "support/Seed.h"

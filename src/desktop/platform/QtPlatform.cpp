@@ -28,8 +28,7 @@ QtPlatform::QtPlatform(const Setup& setup)
       settings_(setup.configFolder + "/settings"),
       registry_(setup.configFolder + "/registry", *codePage_),
       profile_(setup.configFolder),
-      faults_(FaultQuestion(setup.faultQuestion)),
-      httpLimit_(setup.httpLimit) {
+      faults_(FaultQuestion(setup.faultQuestion)) {
   app_.Path = FromUtf8(setup.programFolder);
   InstallPlatform(this);
 }
@@ -51,7 +50,7 @@ std::unique_ptr<XmlTable> QtPlatform::NewXmlTable(const XmlTableShape& shape) {
 }
 
 std::unique_ptr<HttpRequest> QtPlatform::NewHttpRequest() {
-  return std::make_unique<QtHttpRequest>(httpLimit_);
+  return std::make_unique<QtHttpRequest>();
 }
 
 NativeWindows& QtPlatform::Windows() {

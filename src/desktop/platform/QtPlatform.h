@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -27,7 +26,6 @@ class QtPlatform final : public Platform {
     std::string dataFolder;     ///< where edits are kept that are not saved; empty: they are not
     std::string programFolder;  ///< where the files that come with the program lie
     std::string faultQuestion;  ///< program that asks the user what to do about a crash; empty: nobody is asked
-    std::chrono::milliseconds httpLimit = std::chrono::seconds(kHttpTimeLimit);  ///< of a web request
   };
 
   /// Raises for an unknown code page.
@@ -65,7 +63,6 @@ class QtPlatform final : public Platform {
   native::FilePrivateProfile profile_;
   native::LocaleClock clock_;
   native::FaultFilter faults_;
-  std::chrono::milliseconds httpLimit_;
   NativeWindows* windows_ = nullptr;
 };
 

@@ -1,10 +1,6 @@
 // What other programs, and a program that is killed, find of the settings.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
 #include "base/Text.h"
 #include "native/settings/FilePrivateProfile.h"
 #include "native/settings/FileSettingsStore.h"

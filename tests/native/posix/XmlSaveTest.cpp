@@ -4,8 +4,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <filesystem>
-#include <string>
 
 #include "base/Error.h"
 #include "base/Text.h"

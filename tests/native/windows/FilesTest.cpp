@@ -2,10 +2,7 @@
 #include <windows.h>
 
 #include <cerrno>
-#include <string>
-#include <vector>
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "native/files/AtomicFile.h"
 #include "native/files/FileAccess.h"
