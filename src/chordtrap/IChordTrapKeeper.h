@@ -5,7 +5,7 @@
 
 namespace quorvane::chordtrap {
 
-/// Handed through from the caller of Load and Save to the keeper; nothing when omitted.
+/// Handed through from the caller of Load and Save to the keeper; no value when omitted.
 using KeeperInfo = std::optional<std::u16string>;
 
 /// Stores keys in their text form.

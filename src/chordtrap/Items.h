@@ -20,7 +20,7 @@ class Items {
   std::int32_t Count() const { return static_cast<std::int32_t>(items_.size()); }
   /// 1-based; raises error 9 outside the list.
   const std::shared_ptr<Item>& operator[](std::int32_t index) const;
-  /// The first item with that key; nothing for no key.
+  /// The first item with that key; null for no key.
   std::shared_ptr<Item> Find(const KeyChord& key) const;
 
   auto begin() const { return items_.begin(); }

@@ -52,7 +52,7 @@ class Manager {
   void EndEdit() { before_.clear(); }
 
  private:
-  /// The command of a key that is to be called; nothing when there is none or the key is held back.
+  /// The command of a key that is to be called; null when there is none or the key is held back.
   std::shared_ptr<Item> CommandOf(const KeyChord& key);
 
   chordtrap::Items items_;

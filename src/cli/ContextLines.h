@@ -26,7 +26,7 @@ class ContextLines {
 
   /// What stands between the match before, if any, and `match`, whose own line is told next.
   std::string Before(const PositionInfo& match);
-  /// What stands behind the last match.
+  /// What stands after the last match.
   std::string Rest();
 
  private:

@@ -32,7 +32,7 @@ class Output {
   void Check(int error) const;  ///< raises for all but 0
 
   std::string path_;                     ///< empty: standard output
-  std::optional<native::NewFile> file_;  ///< nothing when written in place
+  std::optional<native::NewFile> file_;  ///< no value when written in place
   RawOutput raw_;
   std::string buffer_;
   bool closed_ = false;

@@ -26,7 +26,7 @@ class CodePage {
   /// and what was appended before it stays.
   virtual bool Encode(std::u16string_view text, std::string& out, std::size_t& failedAt) const = 0;
 
-  /// The bytes of `text`; nothing when the page lacks a character of it.
+  /// The bytes of `text`; no value when the page lacks a character of it.
   std::optional<std::string> Encoded(std::u16string_view text) const;
   /// The same with "?" for each unit that the page lacks.
   std::string EncodedOrAsked(std::u16string_view text) const;

@@ -86,7 +86,7 @@ class NativeWindows {
   /// The whole title.
   virtual std::u16string GetWindowText(WindowHandle window);
   virtual ScreenPoint GetCursorPos();
-  /// Nothing for no window.
+  /// No value for no window.
   virtual std::optional<ScreenRect> GetWindowRect(WindowHandle window);
 
   /// Colour of the screen, 0x00BBGGRR, by a SystemColor. A platform without colours of its own gives the classic ones,

@@ -44,7 +44,7 @@ class Platform {
   virtual Shell& TheShell();
   virtual Clock& TheClock();
   virtual ExceptionFilter& Faults();
-  /// Nothing on a platform that keeps no INI files: the language then starts as it is built in and is not written.
+  /// Null on a platform that keeps no INI files: the language then starts as it is built in and is not written.
   virtual PrivateProfile* Profile() { return nullptr; }
 };
 

@@ -47,7 +47,7 @@ class Prompts {
   /// `flags` is a sum of MsgBoxFlag, the answer a MsgBoxAnswer.
   virtual int MsgBox(const std::u16string& text, int flags, const std::u16string& caption) = 0;
 
-  /// The path that the user chose to save to, the default extension added where it is due; nothing for a cancel. Raises
+  /// The path that the user chose to save to, the default extension added where it is due; no value for a cancel. Raises
   /// error 445 where the platform has no file dialog.
   virtual std::optional<std::u16string> AskSaveFileName(const FileDialogSetup& setup);
 };

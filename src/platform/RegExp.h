@@ -26,7 +26,7 @@ class RegExp {
   bool IgnoreCase = false;
   std::u16string Pattern;
 
-  /// The matches from left to right, the first alone unless Global. Behind an empty match the search goes on one unit
+  /// The matches from left to right, the first alone unless Global. After an empty match the search goes on one unit
   /// further.
   virtual std::vector<RegExpMatch> Execute(std::u16string_view text) = 0;
   virtual bool Test(std::u16string_view text) = 0;

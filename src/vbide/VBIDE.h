@@ -122,7 +122,7 @@ class VBComponent {
 
   virtual std::u16string Name() const = 0;
   virtual ComponentType Type() const = 0;
-  /// Nothing for a component without code.
+  /// Null for a component without code.
   virtual std::shared_ptr<vbide::CodeModule> CodeModule() const = 0;
   virtual std::shared_ptr<VBComponents> Collection() const = 0;
   /// The first of FileNames: where its code is kept, for the user's eyes. Empty from a host that does not tell.
@@ -167,7 +167,7 @@ class CommandBars {
  public:
   virtual ~CommandBars() = default;
 
-  /// Nothing when there is no bar of that name.
+  /// Null when there is no bar of that name.
   virtual std::shared_ptr<CommandBar> Item(std::u16string_view name) = 0;
 };
 
@@ -241,8 +241,8 @@ class VBE {
  public:
   virtual ~VBE() = default;
 
-  virtual std::shared_ptr<CodePane> ActiveCodePane() const = 0;    ///< nothing when there is none
-  virtual std::shared_ptr<VBProject> ActiveVBProject() const = 0;  ///< nothing when there is none
+  virtual std::shared_ptr<CodePane> ActiveCodePane() const = 0;    ///< null when there is none
+  virtual std::shared_ptr<VBProject> ActiveVBProject() const = 0;  ///< null when there is none
   virtual std::vector<std::shared_ptr<VBProject>> VBProjects() const = 0;
   virtual std::shared_ptr<vbide::CommandBars> CommandBars() = 0;
   virtual std::shared_ptr<vbide::Windows> Windows() = 0;

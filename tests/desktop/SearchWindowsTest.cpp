@@ -28,33 +28,17 @@ QToolButton& AddOf(const ResultView& results) {
 
 constexpr int kNever = 2;  // the search dialog does not hide itself
 
-TEST_F(SearchWindowsTest, KeysAloneLeadToTheMatch) {
+/// The usual key of an editor searches for what is selected there.
+TEST_F(SearchWindowsTest, FindTakesTheSelectionOfTheEditor) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = 0;
-  ShowDialog();
-  EXPECT_TRUE(WidgetOf(*Dialog().cmbSearch).hasFocus());
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("nextorderno"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_G, Qt::AltModifier);
-  EXPECT_EQ(Globals::gobjSetting->menumArea, gsAllProjects);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_FALSE(Dialog().Visible());
-  ASSERT_TRUE(WaitUntil([this] { return Results().isVisible(); }, 1s));
-  ASSERT_GE(CurrentPage()->mcolResult->Count(), 3);
+  Search(QStringLiteral("nextorderno"));
   EXPECT_EQ(Results().Bar().tabText(0), QStringLiteral("Search 'nextorderno'"));
-
-  List().setFocus();
-  QTest::keyClick(&List(), Qt::Key_Down);
-  QTest::keyClick(&List(), Qt::Key_Down);
-  EXPECT_EQ(List().Model().ListIndex(), 1);
-  QTest::keyClick(&List(), Qt::Key_Return);
-  EXPECT_EQ(SelectedCode(), QStringLiteral("NextOrderNo"));
+  ClickRow(0, true);
   EXPECT_EQ(Window().focusWidget(), &Window().Code().Current()->Editor());
   List().setFocus();
   QTest::keyClick(&List(), Qt::Key_Escape);
   EXPECT_FALSE(Results().isVisible());
-  EXPECT_FALSE(Globals::gobjToolWindow->Visible());
-
-  // The usual key of an editor searches for what is selected there.
   QApplication::setActiveWindow(&Window());
   QTest::keyClick(&Window().Code().Current()->Editor(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_TRUE(WaitUntil([] { return Dialog().Visible(); }, 2s));

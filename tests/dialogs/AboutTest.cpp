@@ -37,9 +37,10 @@ TEST_F(AboutTest, CaptionsInBothLanguages) {
 
 TEST_F(AboutTest, TextsBesideTheProgram) {
   folder.Write("ReadMe.txt", "Gr\xFC\xDF\r\n\x1A end");
-  folder.Write("License.txt", "");
+  folder.Write("License.txt", "may");
   EXPECT_EQ(ToUtf8(Open().txt说明->Text()), "Grüß\r\n\x1A end") << "code page 1252";
-  EXPECT_EQ(About().txt许可->Text(), u"");
+  EXPECT_EQ(About().txt许可->Text(), u"may");
+  EXPECT_TRUE(About().txt说明->Locked() && About().txt许可->Locked());
   EXPECT_TRUE(About().Unload());
 
   std::filesystem::remove(folder / "ReadMe.txt");

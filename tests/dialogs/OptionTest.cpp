@@ -29,7 +29,7 @@ class OptionTest : public test::DialogFixture {
     s.mintRelativeLineCount = 7;
     s.menumAutoHideSearchDlg = 1;
     s.menumDefaultSearchTo = 2;
-    s.mblnMaximizeWhenLocate = false;
+    s.mblnMaximizeWhenLocate = true;
     s.SetXSL(kXsl);
     Globals::gobjUpdater->menumUpdateInterval = 3;
     Globals::gobjUpdater->menumSensibility = 0;
@@ -76,8 +76,8 @@ class OptionTest : public test::DialogFixture {
            ToUtf8(Setting().XSL());
   }
 
-  static constexpr const char* kBefore = "7 3 1 2 0 0 1 Ctrl+Q <!-- mine -->";
-  static constexpr const char* kEdited = "-3 4 0 1 1 1 0 Ctrl+Z <!-- yours -->";
+  static constexpr const char* kBefore = "7 3 1 2 1 0 1 Ctrl+Q <!-- mine -->";
+  static constexpr const char* kEdited = "-3 4 0 1 0 1 0 Ctrl+Z <!-- yours -->";
   int redraws = 0;
 
  private:
@@ -102,7 +102,7 @@ TEST_F(OptionTest, OkTakesAllEditsAndRenewsTheLanguageEverywhere) {
   const auto onChange = Globals::Language().Changed.Subscribe([&] { ++told; });
   Open();
   EditAll();
-  EXPECT_EQ(Memory(), "7 3 1 2 0 0 1 Ctrl+Z <!-- mine -->") << "before OK the keys alone";
+  EXPECT_EQ(Memory(), "7 3 1 2 1 0 1 Ctrl+Z <!-- mine -->") << "before OK the keys alone";
   Option().cmd确定->Press();
   EXPECT_EQ(Memory(), kEdited);
   EXPECT_EQ(redraws, 1);
@@ -135,7 +135,7 @@ TEST_F(OptionTest, LinesThatAreNoNumberDropAllEditsInSilence) {
     EditAll();
     Option().txt预览行数->Edit(lines);
     Option().cmd确定->Press();
-    EXPECT_EQ(Memory(), "7 3 1 2 0 0 1 Ctrl+Z <!-- mine -->") << ToUtf8(lines) << ": the keys stay";
+    EXPECT_EQ(Memory(), "7 3 1 2 1 0 1 Ctrl+Z <!-- mine -->") << ToUtf8(lines) << ": the keys stay";
     EXPECT_EQ(forms::TheForms().Count(), 0);
   }
   Open().txt预览行数->Edit(u"0");
@@ -210,8 +210,8 @@ TEST_F(OptionTest, CaptionsInBothLanguages) {
 TEST_F(OptionTest, AfterALoadThatFailsOkTakesWhatWasFilledAlone) {
   std::int32_t* const settings[] = {&Globals::gobjUpdater->menumUpdateInterval, &Setting().menumAutoHideSearchDlg,
                                     &Setting().menumDefaultSearchTo};
-  const char* const edited[] = {"7 9 1 2 0 0 1 Ctrl+Q <!-- mine -->", "7 4 9 2 0 0 1 Ctrl+Q <!-- mine -->",
-                                "-3 4 0 9 0 0 1 Ctrl+Q <!-- yours -->"};
+  const char* const edited[] = {"7 9 1 2 1 0 1 Ctrl+Q <!-- mine -->", "7 4 9 2 1 0 1 Ctrl+Q <!-- mine -->",
+                                "-3 4 0 9 1 0 1 Ctrl+Q <!-- yours -->"};
   for (std::size_t step = 0; step < std::size(settings); ++step) {
     for (const bool edits : {false, true}) {
       SCOPED_TRACE(std::to_string(step) + (edits ? " edited" : ""));

@@ -24,13 +24,13 @@ class Connect final : public vbide::AddInInstance,
   Connect();
   ~Connect() override;
 
-  std::shared_ptr<vbide::CommandBarControl> mcbMenuCommandBar;  ///< nothing when no entry was made
+  std::shared_ptr<vbide::CommandBarControl> mcbMenuCommandBar;  ///< null when no entry was made
 
   /// ShowEx of the one search dialog, made if needed.
   void Show();
   /// The name from which all ProgIDs are formed.
   std::u16string ProjectName() const { return u"QuorvaneForVB6"; }
-  /// Adds the menu entry; nothing when the host has no such bar. An error is shown; nothing then, too.
+  /// Adds the menu entry; null when the host has no such bar. An error is shown; null then, too.
   std::shared_ptr<vbide::CommandBarControl> AddToAddInCommandBar(const std::u16string& sCaption);
 
   /// AddinInstance_OnConnection. An error is shown and ends the start where it happened.

@@ -29,7 +29,7 @@ class LanguageManager {
   /// raises error 326.
   std::u16string GetString(StringId id, const std::vector<std::u16string>& args = {}) const;
 
-  /// The text as it stands in the table; nothing for an id without one. Allocates nothing, raises nothing.
+  /// The text as it stands in the table; no value for an id without one. Allocates nothing, raises nothing.
   std::optional<std::u16string_view> Entry(StringId id) const noexcept;
 
   /// Calls Update of an object that has captions; does nothing with any other, and with nothing.
@@ -58,7 +58,7 @@ class LanguageManager {
   Event<> Changed;  ///< for what has captions and is no form
 
  private:
-  std::optional<IniFile> mobjIni;  ///< nothing on a platform without INI files
+  std::optional<IniFile> mobjIni;  ///< no value on a platform without INI files
 };
 
 /// GetString of the shared manager; in English where there is none, or none for the language of the moment. For what

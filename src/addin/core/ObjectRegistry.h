@@ -17,7 +17,7 @@ class ObjectRegistry {
   struct Entry {
     std::string ClassName;
     std::shared_ptr<void> Object;
-    ILib* Lib = nullptr;  ///< the object's own, nothing when it implements none
+    ILib* Lib = nullptr;  ///< the object's own, null when it implements none
   };
 
   /// Raises error 457 for a class that is there.
@@ -30,7 +30,7 @@ class ObjectRegistry {
   std::vector<Entry> entries_;
 };
 
-/// The ILib of an object; nothing when it implements none.
+/// The ILib of an object; null when it implements none.
 template <class T>
 ILib* LibOf(T& object) {
   if constexpr (std::is_convertible_v<T*, ILib*>) {

@@ -11,7 +11,7 @@ namespace quorvane {
 /// Chinese (Simplified) texts stand at their id, English ones this much further.
 inline constexpr std::int32_t kEntriesPerLanguage = 1000;
 
-/// The text at an entry of the program's string table; nothing when there is none.
+/// The text at an entry of the program's string table; no value when there is none.
 std::optional<std::u16string_view> LoadResString(std::int32_t entry);
 
 }  // namespace quorvane

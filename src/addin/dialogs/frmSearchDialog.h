@@ -25,7 +25,7 @@ class TaskManager;
 
 /// The modeless dialog in which the user says what to search for. It keeps no condition of its own: every change in a
 /// control is written to the shared settings at once, from which the tasks read. It follows the task of the current
-/// page, or the replace that it has started, through that task's events, since a run ends only behind them.
+/// page, or the replace that it has started, through that task's events, since a run ends only after them.
 class frmSearchDialog final : public FramedDialog,
                               public SearchDialogControls,
                               public IVersionUI,

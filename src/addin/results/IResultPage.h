@@ -24,13 +24,13 @@ class IResultPage : public IListPage {
   virtual std::u16string Key() const = 0;
   virtual void SetKey(const std::u16string& key) = 0;
 
-  /// mobjTask: runs this page's tasks; nothing after TearDown.
+  /// mobjTask: runs this page's tasks; null after TearDown.
   virtual std::shared_ptr<TaskManager> Task() const = 0;
-  /// mobjFilter: the result document; nothing after TearDown.
+  /// mobjFilter: the result document; null after TearDown.
   virtual std::shared_ptr<FilterManager> Filter() const = 0;
   /// Window of the list; 0 while it is not shown. Error 91 after TearDown.
   virtual WindowHandle ListHWnd() const = 0;
-  /// mobjPanel: the container of the page's controls; nothing after TearDown.
+  /// mobjPanel: the container of the page's controls; null after TearDown.
   virtual std::shared_ptr<forms::Control> Panel() const = 0;
 
   /// Makes the controls and the engines of the page, for the new tab.

@@ -259,7 +259,7 @@ void Page::mobjTask_TaskBegin(std::int32_t taskType) {
   tooLong_.clear();
 }
 
-/// A line with more columns than a place can have costs the rest of its module. The user is told behind the search.
+/// A line with more columns than a place can have costs the rest of its module. The user is told after the search.
 void Page::mobjTask_OnModuleError(const PositionInfo& where, const Error& error, bool& goOn) {
   if (!error.Is(ErrorNumber::Overflow)) return;
   const vbide::VBComponent& component = Deref(where.component());

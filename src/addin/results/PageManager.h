@@ -38,7 +38,7 @@ class PageManager final : public ILib, private Counted<PageManager> {
   /// The tab after all page tabs cannot be closed, whatever the bar is.
   void SetBarEnabled(bool enabled);
 
-  /// The page of the selected tab; nothing when there is no page. The tab after all page tabs is no resting place:
+  /// The page of the selected tab; null when there is no page. The tab after all page tabs is no resting place:
   /// with it selected, the last page becomes the selected one first.
   std::shared_ptr<IResultPage> ActivePage();
   /// A new page of that name at the end, selected.

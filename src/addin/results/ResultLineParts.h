@@ -22,7 +22,7 @@ struct ResultLineParts {
   bool operator==(const ResultLineParts&) const = default;
 };
 
-/// Finds the last occurrence of `sourceLine` in `text`; nothing when there is none. `start` and `end` are the 1-based
+/// Finds the last occurrence of `sourceLine` in `text`; no value when there is none. `start` and `end` are the 1-based
 /// places of the match in the source line, the end exclusive. A place above 32767 raises error 6.
 std::optional<ResultLineParts> FindMatchInResultLine(std::u16string_view text, std::u16string_view sourceLine,
                                                      std::int32_t start, std::int32_t end);

@@ -39,7 +39,7 @@ class TaskManager : private Counted<TaskManager> {
   ~TaskManager();
 
   bool mblnCancel = false;      ///< set true by any party to stop the run; keeps its value after it
-  IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown; nothing for a replace all
+  IPage* mobjParent = nullptr;  ///< owner, from Setup to TearDown; null for a replace all
 
   GlobalSetting& Setting() const;
   bool Running() const { return mblnRunning; }

@@ -21,12 +21,12 @@ class CaretHistory {
     if (!isNew) seen->second.last = caret;
   }
 
-  /// Where it came to stand by the edit that made this state; nothing for a state without a caret.
+  /// Where it came to stand by the edit that made this state; no value for a state without a caret.
   std::optional<Caret> First(std::uint64_t state) const {
     const auto seen = seen_.find(state);
     return seen == seen_.end() ? std::nullopt : std::optional(seen->second.first);
   }
-  /// Where it stood when the next edit ended this state; nothing for a state without a caret.
+  /// Where it stood when the next edit ended this state; no value for a state without a caret.
   std::optional<Caret> Last(std::uint64_t state) const {
     const auto seen = seen_.find(state);
     return seen == seen_.end() ? std::nullopt : std::optional(seen->second.last);

@@ -29,7 +29,7 @@ class CodeArea final : public QMdiArea {
   CodeArea(workbench::Workbench& workbench, QtWindows& windows, const Texts& texts);
   ~CodeArea() override;
 
-  /// Nothing when no code window is in front.
+  /// Null when no code window is in front.
   CodeWindow* Current() const;
   std::vector<CodeWindow*> CodeWindows() const;
 

@@ -263,7 +263,7 @@ void CodeEdit::LeaveCover(const QTextCursor& begin, int rows) {
 void CodeEdit::showEvent(QShowEvent* event) {
   QPlainTextEdit::showEvent(event);
   if (placed_) return;
-  QMetaObject::invokeMethod(  // the window gets its size behind this
+  QMetaObject::invokeMethod(  // the window gets its size after this
       this,
       [this] {
         if (!placed_) Reveal();

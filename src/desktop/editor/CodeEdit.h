@@ -65,7 +65,7 @@ class CodeEdit final : public QPlainTextEdit {
 
  private:
   struct Typed {
-    std::uint64_t revision = 0;  ///< of the module behind the last typed character; 0: none
+    std::uint64_t revision = 0;  ///< of the module after the last typed character; 0: none
     int position = 0;
     bool blank = false;
   };

@@ -30,7 +30,7 @@ class CodeWindow final : public QMdiSubWindow {
 
   const std::shared_ptr<workbench::Pane>& ThePane() const { return pane_; }
   CodeEdit& Editor() { return *editor_; }
-  /// Nothing when the project is closed.
+  /// Null when the project is closed.
   std::shared_ptr<workbench::Component> TheComponent() const;
 
   /// Title and modified mark as they are now.

@@ -118,7 +118,7 @@ void ModuleBinding::Pull() {
   Pulled.Raise();
 }
 
-/// Puts `lines` in the place of `removed` blocks behind the first `head` ones; `tail` blocks follow.
+/// Puts `lines` in the place of `removed` blocks after the first `head` ones; `tail` blocks follow.
 void ModuleBinding::Show(int head, int removed, int tail, const Lines& lines) {
   QTextCursor cursor(&document_);
   const auto startOf = [&](int number) { return document_.findBlockByNumber(number).position(); };

@@ -32,7 +32,7 @@ class ModuleBinding final : public QObject {
 
   /// Takes over what happened to the module. Cheap when nothing did.
   void Pull();
-  /// 0-based place in the document behind the last change that Pull took over.
+  /// 0-based place in the document after the last change that Pull took over.
   int LastChange() const { return lastChange_; }
 
   const std::shared_ptr<workbench::Module>& TheModule() const { return module_; }

@@ -18,7 +18,7 @@ class KeyboardLayout {
 
   /// `keys[i]` is the key with scan code i.
   explicit KeyboardLayout(std::vector<Key> keys) : keys_(std::move(keys)) {}
-  /// That of the display at the moment, in the group that an event's native modifiers tell; nothing where the window
+  /// That of the display at the moment, in the group that an event's native modifiers tell; no value where the window
   /// system does not say.
   static std::optional<KeyboardLayout> Now(std::uint32_t nativeModifiers);
 

@@ -40,7 +40,7 @@ class QtWindows final : public NativeWindows {
   /// A code window was brought to the front, so that its selection is to be seen.
   Event<WindowHandle> BroughtForward;
 
-  /// Nothing for a handle without a widget.
+  /// Null for a handle without a widget.
   QWidget* WidgetOf(WindowHandle handle) const;
 
   WindowHandle FindWindow(std::u16string_view className, std::u16string_view windowName) override;

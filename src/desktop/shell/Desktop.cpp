@@ -46,7 +46,7 @@ namespace {
 constexpr int kEndAgain = 20;  // ms
 constexpr char16_t kAddIn[] = u"QuorvaneForVB6.Connect";
 
-/// Asks running searches to end; true when there were any. They end behind the event that is being handled now.
+/// Asks running searches to end; true when there were any. They end after the event that is being handled now.
 bool CancelTasks() {
   if (!Globals::gobjPageManager) return false;
   bool any = false;

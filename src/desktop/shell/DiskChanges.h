@@ -32,7 +32,7 @@ class DiskChanges {
   /// `window` is the parent of all boxes. All three outlive this.
   DiskChanges(workbench::Workbench& workbench, QWidget& window, const Texts& texts);
 
-  /// Listens to the files of all open modules; to be called when others are open, and behind each save.
+  /// Listens to the files of all open modules; to be called when others are open, and after each save.
   void Watch();
   /// Looks at all of them now. A file that is gone is asked about once.
   void Check();

@@ -71,7 +71,7 @@ class FileCommands {
   Event<> Opened;              ///< other files than before
   Event<> Saved;               ///< the modified marks may have changed
   Event<const QString&> Told;  ///< a line that needs no answer
-  /// Behind each opening: a line for each listed file that could not be opened, or none.
+  /// After each opening: a line for each listed file that could not be opened, or none.
   Event<const QStringList&> Missed;
 
  private:

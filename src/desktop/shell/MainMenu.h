@@ -30,7 +30,7 @@ class MainMenu {
   /// The words in the language of the moment.
   void UpdateTexts();
 
-  /// Nothing when there is none with these words.
+  /// Null when there is none with these words.
   QAction* Find(Text text) const;
 
  private:

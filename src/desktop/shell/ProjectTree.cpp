@@ -54,7 +54,7 @@ Text FolderTitle(ComponentType type) {
   return Text::FolderRelated;
 }
 
-/// The name, and behind it the file where that has another one.
+/// The name, and after it the file where that has another one.
 QString NameAndFile(const std::u16string& name, const std::string& path, const QString& mark) {
   const QFileInfo file(QString::fromStdString(path));
   const QString shown = ToQString(name);

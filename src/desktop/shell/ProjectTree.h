@@ -44,9 +44,9 @@ class ProjectTree final : public QWidget {
   void TakeFocus();
 
   QTreeWidget& Tree() { return *tree_; }
-  /// Nothing for the item of a folder or project.
+  /// Null for the item of a folder or project.
   std::shared_ptr<workbench::Component> ComponentOf(const QTreeWidgetItem* item) const;
-  /// The project that an item is, or lies in; nothing for the group.
+  /// The project that an item is, or lies in; null for the group.
   std::shared_ptr<workbench::Project> ProjectOf(const QTreeWidgetItem* item) const;
 
   /// The user asks for the code of a component.

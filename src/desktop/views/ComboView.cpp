@@ -76,7 +76,7 @@ void ComboView::FollowList() {
   if (same) return;
   clear();
   for (int i = 0; i < combo_.ListCount(); ++i) addItem(ToQString(combo_.List(i)));
-  setCurrentIndex(combo_.ListIndex());  // the toolkit picks the first by itself, and Down would begin behind that
+  setCurrentIndex(combo_.ListIndex());  // the toolkit picks the first by itself, and Down would begin after that
 }
 
 void ComboView::FollowText() {

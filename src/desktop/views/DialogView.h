@@ -33,7 +33,7 @@ class DialogView : public QWidget {
   DialogView(forms::Dialog& dialog, QWidget* parent);
   ~DialogView() override;
 
-  /// The widget of a control; nothing for one that is not shown.
+  /// The widget of a control; null for one that is not shown.
   QWidget* WidgetOf(const forms::Control& control) const;
 
  protected:

@@ -26,7 +26,7 @@ class FormWindows {
   FormWindows(const ViewFactory& views, QtWindows& windows, QWidget& owner);
   ~FormWindows();
 
-  /// Nothing for a form without a window.
+  /// Null for a form without a window.
   FormWindow* WindowOf(const forms::Form& form) const;
 
  private:

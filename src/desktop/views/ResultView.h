@@ -34,7 +34,7 @@ class ResultView final : public QWidget {
   ~ResultView() override;
 
   TabBarView& Bar() { return *bar_; }
-  /// The list of the visible panel; nothing when there is none.
+  /// The list of the visible panel; null when there is none.
   ResultListView* CurrentList() const;
 
  protected:

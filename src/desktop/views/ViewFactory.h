@@ -43,7 +43,7 @@ class ViewFactory {
     });
   }
 
-  /// Nothing for a model of a type that nobody registered.
+  /// Null for a model of a type that nobody registered.
   QWidget* MakeView(vbide::Document& document, QWidget* parent) const { return First(documents_, document, parent); }
   QWidget* MakeView(forms::Form& form, QWidget* parent) const { return First(forms_, form, parent); }
 

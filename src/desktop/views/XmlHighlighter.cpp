@@ -30,7 +30,7 @@ XmlHighlighter::XmlHighlighter(QTextDocument* document, bool dark)
       value_(Format(dark ? QColor(0x9B, 0xD0, 0x8C) : QColor(0x1E, 0x6B, 0x2B))),
       comment_(Format(dark ? QColor(0x8E, 0x95, 0x9C) : QColor(0x6E, 0x76, 0x7E))) {}
 
-/// From inside a tag to behind its end, or to the end of the line; the state says which.
+/// From inside a tag to after its end, or to the end of the line; the state says which.
 int XmlHighlighter::Tag(const QString& text, int at) {
   const int length = static_cast<int>(text.size());
   while (at < length) {

@@ -16,7 +16,7 @@ class Charset {
   Charset(const Charset&) = delete;
   Charset& operator=(const Charset&) = delete;
 
-  /// The unit that `bytes` stand for; nothing when they are no single character of the basic plane.
+  /// The unit that `bytes` stand for; no value when they are no single character of the basic plane.
   std::optional<char16_t> Decode(std::string_view bytes) const;
   /// The bytes of a unit, empty when the page lacks it.
   std::string Encode(char16_t unit) const;

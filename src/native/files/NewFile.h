@@ -22,7 +22,7 @@ class NewFile {
   /// Gives it what the target has, or else what a new file usually gets: the permissions, and owner and group as far as
   /// the user may. Where the system carries these over by itself, TakePlace does.
   int Dress();
-  /// Behind this all bytes are on the disk and the file is closed.
+  /// After this all bytes are on the disk and the file is closed.
   int Finish();
   int TakePlace();
 

@@ -336,7 +336,7 @@ void PatternTranslator::TranslateDecimalEscape() {
   Emit(u"}");
 }
 
-/// Behind a backslash: the unit that the escape stands for.
+/// After a backslash: the unit that the escape stands for.
 char16_t PatternTranslator::ParseCharacterEscape() {
   const char16_t c = pattern_[pos_];
   if (IsOctal(c)) return ParseOctal();

@@ -46,7 +46,7 @@ std::uint32_t CompileOptions(bool multiline, bool ignoreCase, bool unicodeCase) 
 
 /// Version 10.42 of the engine looks for the start of a match by what its first characters can be, and its machine code
 /// is wrong about that for some alternatives of different lengths: (?:a|)a+a does not find "aa". All such patterns that
-/// random ones brought to light have a repeat behind an alternative that stands in a group. The others keep the search
+/// random ones brought to light have a repeat after an alternative that stands in a group. The others keep the search
 /// for a start, which is what makes them fast; where it is not plain which kind a pattern is, it is taken for the
 /// former.
 std::uint32_t StartOptions(std::u16string_view pattern) {
@@ -55,7 +55,7 @@ std::uint32_t StartOptions(std::u16string_view pattern) {
   int depth = 0;
   bool any = false;
   bool inGroup = false;
-  bool repeated = false;  // behind such an alternative, or around it
+  bool repeated = false;  // after such an alternative, or around it
   for (std::size_t i = 0; i < pattern.size(); ++i) {
     const char16_t c = pattern[i];
     if (c == u'\\') {
@@ -156,7 +156,7 @@ bool PcrePattern::Find(std::u16string_view text, std::size_t from) {
   return false;
 }
 
-/// Behind a run that met the limit, with `left` units of the text before it.
+/// After a run that met the limit, with `left` units of the text before it.
 void PcrePattern::RaiseLimit(std::size_t left) {
   const std::size_t highest = kHighestLimit + kStepsPerUnit * left;
   budget_.Charge(0);

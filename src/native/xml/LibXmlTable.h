@@ -70,7 +70,7 @@ class LibXmlTable final : public XmlTable {
   std::size_t nextColumn_ = 0;                 ///< of the last row
   std::deque<std::uint32_t> cells_;            ///< row by row: a number, or where its text begins in texts_
   std::map<std::size_t, std::size_t> narrow_;  ///< rows that lack columns, with how many they have
-  std::string texts_;                          ///< each with its length before and a NUL behind
+  std::string texts_;                          ///< each with its length before and a NUL after
   std::string utf8_;
   mutable std::vector<char> digits_;  ///< of the numbers of the row that was last looked at
   /// A piece of a straight stylesheet: a text as it is written, or a column.

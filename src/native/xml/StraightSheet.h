@@ -21,7 +21,7 @@ struct StraightSheet {
   std::vector<Piece> Pieces;
 };
 
-/// What `document`, as it was parsed, says; nothing when it is not surely such a stylesheet. Output method and
+/// What `document`, as it was parsed, says; no value when it is not surely such a stylesheet. Output method and
 /// declaration are not looked at.
 std::optional<StraightSheet> ReadStraightSheet(const _xmlDoc* document);
 

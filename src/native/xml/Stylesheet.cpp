@@ -140,7 +140,7 @@ Stylesheet::Stylesheet(const std::string& xml) {
   // The output becomes UTF-16 text, whatever the stylesheet names.
   xmlFree(mobjStyle->encoding);
   mobjStyle->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-  // Without this the library writes a line break behind every result for which no indentation is asked either way.
+  // Without this the library writes a line break after every result for which no indentation is asked either way.
   if (mobjStyle->indent < 0) mobjStyle->indent = 0;
   FitStraightToOutput();
 }

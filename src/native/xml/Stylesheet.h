@@ -49,7 +49,7 @@ class Stylesheet {
   std::optional<StraightSheet> mvarStraight;
 };
 
-/// Parses UTF-8 without reading anything but `xml`; an encoding named in it plays no part. Nothing when it is not
+/// Parses UTF-8 without reading anything but `xml`; an encoding named in it plays no part. Null when it is not
 /// well-formed. `name` stands for the text in the library's complaints. The caller frees the document. Complaints go to
 /// the XmlErrorCapture that must be alive.
 _xmlDoc* ParseXml(const std::string& xml, const char* name);

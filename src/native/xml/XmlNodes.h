@@ -20,7 +20,7 @@ _xmlNode* NewTextNode(_xmlDoc* document, std::string_view value);
 /// An attribute of no element yet, with `text` as its value; it takes `text` over.
 _xmlAttr* NewAttributeNode(const unsigned char* name, _xmlNode* text);
 
-/// Puts `attribute` behind `last`, the last of `element`, or at the front when that is null.
+/// Puts `attribute` after `last`, the last of `element`, or at the front when that is null.
 void LinkAttribute(_xmlNode* element, _xmlAttr* last, _xmlAttr* attribute);
 
 }  // namespace quorvane::native

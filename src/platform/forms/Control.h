@@ -27,7 +27,7 @@ class Control {
   /// Whether the control and all that it lies in are enabled and visible.
   bool IsOpen() const;
 
-  /// The control in which this one lies; nothing when it lies in the form or document itself.
+  /// The control in which this one lies; null when it lies in the form or document itself.
   std::shared_ptr<Control> Container() const { return container_.lock(); }
   void SetContainer(const std::shared_ptr<Control>& container);
 

@@ -53,14 +53,14 @@ class Dialog : public Form {
   /// Runs Form_Resize when it is another size, by whomever. A width or height below 0 counts as 0.
   void SetSize(std::int32_t width, std::int32_t height);
 
-  /// The control that has the focus; nothing when none has.
+  /// The control that has the focus; null when none has.
   std::shared_ptr<Control> ActiveControl() const { return active_.lock(); }
   /// Error 5 while the form is not visible or the control is invisible or disabled.
   void SetFocus(const std::shared_ptr<Control>& control);
 
-  /// Enter presses it wherever the focus is, but on another button; nothing when there is none.
+  /// Enter presses it wherever the focus is, but on another button; null when there is none.
   const std::shared_ptr<CommandButton>& DefaultButton() const { return defaultButton_; }
-  /// Esc presses it; nothing when there is none.
+  /// Esc presses it; null when there is none.
   const std::shared_ptr<CommandButton>& CancelButton() const { return cancelButton_; }
 
   // Gestures

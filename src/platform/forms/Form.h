@@ -37,7 +37,7 @@ class Form : public std::enable_shared_from_this<Form> {
   bool Visible() const { return visible_; }
   /// Whether Show(Modal) is waiting for this form.
   bool ShownModal() const { return modal_; }
-  /// The form that the last Show named as owner; nothing when there is none or it is gone.
+  /// The form that the last Show named as owner; null when there is none or it is gone.
   std::shared_ptr<Form> Owner() const { return owner_.lock(); }
 
   /// Runs Form_Load unless the form is loaded. The form stands in the list of open forms from before Form_Load on; when

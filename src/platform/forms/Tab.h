@@ -41,7 +41,7 @@ class Tab {
   void ShowPanel() const;
   void Tell() const;
 
-  TabControl* owner_;  ///< nothing after the removal
+  TabControl* owner_;  ///< null after the removal
   std::u16string key_;
   std::u16string caption_;
   std::u16string toolTipText_;

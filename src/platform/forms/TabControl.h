@@ -38,7 +38,7 @@ class TabControl final : public Control {
   std::int32_t Count() const { return static_cast<std::int32_t>(tabs_.size()); }
   const std::vector<std::shared_ptr<Tab>>& Tabs() const { return tabs_; }
 
-  /// Nothing when there is no tab.
+  /// Null when there is no tab.
   const std::shared_ptr<Tab>& SelectedTab() const { return selected_; }
 
   const std::shared_ptr<ImageList>& Images() const { return images_; }
@@ -68,7 +68,7 @@ class TabControl final : public Control {
   std::size_t PositionOfKey(std::u16string_view key) const;
 
   std::vector<std::shared_ptr<Tab>> tabs_;
-  std::shared_ptr<Tab> selected_;  ///< invariant: one of tabs_, nothing only when there is none
+  std::shared_ptr<Tab> selected_;  ///< invariant: one of tabs_, null only when there is none
   std::shared_ptr<ImageList> images_;
 };
 

@@ -28,7 +28,7 @@ class Component final : public vbide::VBComponent {
     std::string path;
     bool listedAbsolute = false;             ///< its project lists it by an absolute path
     native::FileStamp stamp;                 ///< of that file when it was read
-    std::shared_ptr<const SourceFile> file;  ///< what it held; nothing for a component without code
+    std::shared_ptr<const SourceFile> file;  ///< what it held; null for a component without code
     const CodePage* page = nullptr;          ///< in which it is written; null: that of the workbench
   };
 

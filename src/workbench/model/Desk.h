@@ -27,7 +27,7 @@ class Desk {
 
   /// The open panes, the frontmost first, visible or not.
   std::vector<std::shared_ptr<Pane>> Panes() const;
-  /// Nothing when no pane is visible.
+  /// Null when no pane is visible.
   std::shared_ptr<Pane> ActivePane() const;
 
   /// Called when the order or the visibility may have changed; raises ActivePaneChanged when they did.

@@ -214,7 +214,7 @@ bool Module::FindInLine(const Search& search, std::int32_t line, const Bounds& b
   return true;
 }
 
-/// Behind the first line, in a text that is the file's.
+/// After the first line, in a text that is the file's.
 bool Module::FindInFile(const Search& search, const Bounds& bounds, vbide::Selection& found) const {
   const SourceFile& file = text_.Opened();
   const SourceFile::Line first = file.LineAt(static_cast<std::size_t>(bounds.startLine) - 1);
@@ -235,7 +235,7 @@ bool Module::FindInFile(const Search& search, const Bounds& bounds, vbide::Selec
   return false;
 }
 
-/// Behind the first line, in any text.
+/// After the first line, in any text.
 bool Module::FindByLines(const Search& search, const Bounds& bounds, vbide::Selection& found) const {
   for (std::int32_t line = bounds.startLine + 1; line <= bounds.endLine; ++line) {
     const bool sieved = search.scanner.Usable() && text_.IsSpan(line - 1) &&

@@ -36,7 +36,7 @@ class Module final : public vbide::CodeModule {
   void SetPaneMaker(std::function<std::shared_ptr<vbide::CodePane>()> maker) { paneMaker_ = std::move(maker); }
 
   std::shared_ptr<vbide::VBComponent> Parent() const override { return parent_.lock(); }
-  /// Nothing when there is no maker.
+  /// Null when there is no maker.
   std::shared_ptr<vbide::CodePane> CodePane() override;
   std::int32_t CountOfLines() const override { return text_.Count(); }
   std::int32_t CountOfDeclarationLines() const override;

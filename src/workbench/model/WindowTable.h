@@ -38,7 +38,7 @@ class WindowTable final : public NativeWindows {
   std::u16string GetWindowText(WindowHandle window) override;
 
  private:
-  /// Nothing for the client area and for no window.
+  /// Null for the client area and for no window.
   std::shared_ptr<HostWindow> WindowOf(WindowHandle handle) const;
   std::shared_ptr<Pane> PaneOf(WindowHandle handle) const;
 

@@ -71,7 +71,7 @@ class Workbench final : public vbide::VBE {
   std::shared_ptr<HostWindows> windows_;
   std::shared_ptr<HostAddins> addins_;
   std::vector<std::shared_ptr<Project>> projects_;
-  std::shared_ptr<Project> active_;  ///< invariant: one of projects_, nothing only when there is none
+  std::shared_ptr<Project> active_;  ///< invariant: one of projects_, null only when there is none
   Subscription paneChanged_;
 
  public:

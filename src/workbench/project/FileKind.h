@@ -15,14 +15,14 @@ struct FileKind {
   Role role = Role::Component;
   vbide::ComponentType type = vbide::ComponentType::StdModule;  ///< of a component
 
-  /// Nothing when the extension is none of the usual ones. Case plays no part.
+  /// No value when the extension is none of the usual ones. Case plays no part.
   static std::optional<FileKind> OfName(std::string_view path);
   /// Anything that is neither group, project, class nor form is a standard module.
   static FileKind OfContent(std::string_view bytes);
 };
 
 /// The type that the header of a form file tells: VBForm, VBMDIForm, or MSForm for a form of another library.
-/// UserControl, PropPage and DocObject for files of those kinds; nothing when no object begins there.
+/// UserControl, PropPage and DocObject for files of those kinds; no value when no object begins there.
 std::optional<vbide::ComponentType> TypeOfObject(std::string_view header);
 
 /// False for resource files and related documents.

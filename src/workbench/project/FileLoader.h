@@ -13,7 +13,7 @@
 namespace quorvane::workbench {
 
 struct LoadedFile {
-  std::shared_ptr<const SourceFile> source;  ///< nothing when the file could not be read
+  std::shared_ptr<const SourceFile> source;  ///< null when the file could not be read
   native::FileStamp stamp;
   int error = 0;  ///< as of native::FileBytes
 };

@@ -24,7 +24,7 @@ bool IsContinued(std::basic_string_view<Char> line) {
   return line.size() >= 2 && line.back() == '_' && (line[line.size() - 2] == ' ' || line[line.size() - 2] == '\t');
 }
 
-/// The small letter at `at`; 0 behind the end.
+/// The small letter at `at`; 0 after the end.
 template <class Char>
 Char LetterAt(std::basic_string_view<Char> line, std::size_t at) {
   if (at >= line.size()) return 0;
@@ -230,7 +230,7 @@ class MapBuilder {
     inBody_ = false;
   }
 
-  /// Lines behind the last procedure belong to it.
+  /// Lines after the last procedure belong to it.
   void Close() {
     if (!procedures_.empty()) End(count_);
   }
@@ -242,7 +242,7 @@ class MapBuilder {
   std::vector<Procedure> procedures_;
   std::int32_t declarationLines_ = 0;
   std::int32_t nextStart_ = 1;  ///< where the next procedure starts
-  bool inBody_ = false;         ///< behind a header, before its End
+  bool inBody_ = false;         ///< after a header, before its End
   std::vector<bool> blocks_;    ///< the open blocks of the compiler: does one hold a declaration?
   std::u16string buffer_;
   std::u16string logical_;

@@ -23,7 +23,7 @@ struct Procedure {
 
 /// Which lines of a module belong to which procedure, as of the moment of building.
 ///
-/// Behind the declarations every line belongs to exactly one procedure: the procedures follow each other without a gap
+/// After the declarations every line belongs to exactly one procedure: the procedures follow each other without a gap
 /// and the last one reaches to the end of the module.
 class ProcedureMap {
  public:
@@ -34,7 +34,7 @@ class ProcedureMap {
   std::int32_t CountOfDeclarationLines() const { return declarationLines_; }
   const std::vector<Procedure>& Procedures() const { return procedures_; }
 
-  /// The procedure that holds `line`; nothing in the declarations and outside of the module.
+  /// The procedure that holds `line`; null in the declarations and outside of the module.
   const Procedure* AtLine(std::int32_t line) const;
   /// The procedure of that name and kind; letters of either case are the same. A name can stand more than once, in the
   /// branches of #If or in two cases beyond ASCII: of several, one spelt exactly so goes before the others, then

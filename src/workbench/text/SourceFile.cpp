@@ -179,7 +179,7 @@ bool SourceFile::TakeHidden(const FileLineSpan& span, std::size_t linesAbove) {
   AttributeLine attribute;
   const std::string_view all = bytes_;
   if (!ReadAttributeLine(all.substr(span.begin, span.end - span.begin), attribute)) return false;
-  // Behind another hidden line, the line of code above is not continued either.
+  // After another hidden line, the line of code above is not continued either.
   const std::size_t above = hidden_.empty() ? codeBegin_ : hidden_.back().end;
   if (EndsContinued(WithoutLineEnd(all.substr(above, span.begin - above)))) return false;
   hidden_.push_back({static_cast<std::int32_t>(linesAbove), static_cast<std::uint32_t>(span.begin),

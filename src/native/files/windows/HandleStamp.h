@@ -6,7 +6,7 @@
 
 namespace quorvane::native {
 
-/// Of an open file; nothing when the system does not tell.
+/// Of an open file; no value when the system does not tell.
 std::optional<FileStamp> StampOf(void* file);
 
 }  // namespace quorvane::native
