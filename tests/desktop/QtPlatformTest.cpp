@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <map>
 #include <vector>
 
 #include "QtFixture.h"
@@ -17,6 +18,7 @@
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtMessageLoop.h"
 #include "desktop/platform/QtPrompts.h"
+#include "support/Rows.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -119,56 +121,18 @@ TEST_F(QtPlatformTest, KeysHaveThePlatformsCodes) {
 }
 
 TEST_F(QtPlatformTest, SignsHaveTheKeysOfTheLayout) {
-  struct Case {
-    std::uint32_t scanCode, plain, shifted;  // the keysyms
-    int code;
-  };
-  const std::vector<Case> layouts[] = {
-      // us, de, fr, ru: what stands on the keys that bear signs in one of them
-      {{20, '-', '_', 189},
-       {21, '=', '+', 187},
-       {47, ';', ':', 186},
-       {48, '\'', '"', 222},
-       {59, ',', '<', 188},
-       {60, '.', '>', 190},
-       {61, '/', '?', 191},
-       {51, '\\', '|', 220},
-       {10, '1', '!', 49}},
-      {{20, 0xDF, '?', 0},
-       {35, '+', '*', 187},
-       {34, 0xFC, 0xDC, 0},
-       {51, '#', '\'', 222},
-       {59, ',', ';', 188},
-       {60, '.', ':', 190},
-       {61, '-', '_', 189},
-       {94, '<', '>', 0},
-       {16, '7', '/', 55},
-       {49, 0xFE52, 0xB0, 0}},
-      {{10, '&', '1', 49},
-       {15, '-', '6', 54},
-       {20, ')', 0xB0, 0},
-       {21, '=', '+', 187},
-       {58, ',', '?', 188},
-       {59, ';', '.', 190},
-       {60, ':', '/', 191},
-       {61, '!', 0xA7, 0},
-       {19, 0xE0, '0', 48}},
-      {{59, 0x6C2, 0x6E2, 188},
-       {60, 0x6C0, 0x6E0, 190},
-       {61, '.', ',', 190},
-       {49, 0x6A3, 0x6B3, 192},
-       {24, 0x6CA, 0x6EA, 'Q'},
-       {34, 0x6C8, 0x6E8, 219},
-       {51, '\\', '/', 220},
-       {11, '2', '"', 50}},
-  };
-  for (const auto& layout : layouts) {
-    std::vector<KeyboardLayout::Key> keys(128);
-    for (const Case& row : layout) keys[row.scanCode] = {row.plain, row.shifted};
-    for (const Case& row : layout) {
-      EXPECT_EQ(KeyboardLayout(keys).CodeOf(row.scanCode), row.code) << &layout - layouts << " " << row.scanCode;
-    }
-    EXPECT_EQ(KeyboardLayout(keys).CodeOf(200), 0);
+  std::map<std::string, std::vector<KeyboardLayout::Key>> layouts;
+  const std::vector<test::Row> rows = test::Rows("desktop/QtPlatform.rows", "Signs");
+  for (const test::Row& row : rows) {
+    auto& keys = layouts[row.Bytes(0)];
+    keys.resize(128);
+    keys[static_cast<std::size_t>(row.Number(1))] = {static_cast<std::uint32_t>(row.Number(2)),
+                                                     static_cast<std::uint32_t>(row.Number(3))};
+  }
+  for (const test::Row& row : rows) {
+    const KeyboardLayout layout(layouts[row.Bytes(0)]);
+    EXPECT_EQ(layout.CodeOf(static_cast<std::uint32_t>(row.Number(1))), row.Number(4)) << row.Where();
+    EXPECT_EQ(layout.CodeOf(200), 0);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "native/codepages/CodePages.h"
 #include "native/settings/FileRegistryStore.h"
 #include "platform/CodePage.h"
+#include "support/Rows.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
@@ -47,38 +48,16 @@ class FileRegistryStoreTest : public ::testing::Test {
 };
 
 TEST_F(FileRegistryStoreTest, ValuesOfAnyBytesLast) {
-  const std::string every = [] {
-    std::string bytes;
-    for (int i = 0; i < 100; ++i) bytes += static_cast<char>(i * 37);
-    return bytes;
-  }();
-  // The second byte of these two characters is an ASCII letter, once in each case, and that of the third a backslash.
-  const std::string wide = "\x81\x61\\\x81\x41\\\x81\x5C";
-  struct Row {
-    RegistryKey root;
-    std::string key;
-    std::string name;
-    std::int32_t type;
-    std::string bytes;
-  };
-  const Row rows[] = {
-      {kUser, "Software\\Quorvane", "Text", 1, std::string("caf\xE9\0", 5)},
-      {kUser, "Software\\Quorvane", "", 3, every},
-      {kUser, "Software\\Quorvane", "[a]=/#b", -7, ""},
-      {kMachine, "Software\\Quorvane", "Text", 4, "\1\2\3\4"},
-      {kUser, wide, "\x81\x61", 1, "small"},
-      {kUser, wide, "\x81\x41", 1, "other"},
-      {kUser, "a/b\n]", "\r\n", 2, "x"},
-      {kMachine, "", "of the root", 1, "r"},
-  };
+  const std::vector<Row> rows = Rows("native/FileRegistryStore.rows", "Values");
+  const auto root = [](const Row& row) { return row.Bytes(0) == "user" ? kUser : kMachine; };
   for (const Row& row : rows) {
-    const RegistryKey key = Create(row.key, row.root);
-    EXPECT_EQ(store.SetValue(key, row.name, 1, "before"), 0);
-    EXPECT_EQ(store.SetValue(key, row.name, row.type, row.bytes), 0);
+    const RegistryKey key = Create(row.Bytes(1), root(row));
+    EXPECT_EQ(store.SetValue(key, row.Bytes(2), 1, "before"), 0);
+    EXPECT_EQ(store.SetValue(key, row.Bytes(2), row.Number(3), row.Bytes(4)), 0);
     EXPECT_EQ(store.CloseKey(key), 0);
   }
   for (const Row& row : rows) {
-    EXPECT_EQ(Stored(row.key, row.name, row.root), std::to_string(row.type) + ":" + row.bytes) << row.key;
+    EXPECT_EQ(Stored(row.Bytes(1), row.Bytes(2), root(row)), row.Bytes(3) + ":" + row.Bytes(4)) << row.Where();
   }
   EXPECT_EQ(Stored("SOFTWARE\\quorvane", "tEXT"), std::string("1:caf\xE9\0", 7));
   EXPECT_EQ(Stored("Software", "Text"), "2");

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <libxml/tree.h>
 
+#include <map>
 #include <memory>
 
 #include "base/Error.h"
@@ -130,48 +131,18 @@ class RandomTable {
 
   /// One that strings texts and values together, or nearly.
   std::u16string StraightSheetText() {
-    static constexpr std::u16string_view pieces[] = {
-        u"<xsl:value-of select='@a'/>",
-        u"<xsl:value-of select='@b' disable-output-escaping='yes'/>",
-        u"<xsl:value-of disable-output-escaping='no' select=\"@c\"/>",
-        u"<xsl:value-of select='@long-name'/>",
-        u"<xsl:value-of select='@d'> </xsl:value-of>",
-        u"<xsl:value-of select='@missing'/>",
-        u"<xsl:value-of select='@b'/>",
-        u"<xsl:text> \r\n</xsl:text>",
-        u"<xsl:text/>",
-        u"<xsl:text disable-output-escaping='yes'>&lt;&amp;&#13;</xsl:text>",
-        u"<xsl:text><![CDATA[<]]> </xsl:text>",
-        u"&lt;中&#13;&gt;",
-        u" \t\n ",
-        u"<!-- remark -->",
-        u"text<![CDATA[ & ]]>",
-        u"]"};
-    static constexpr std::u16string_view odd[] = {u"<xsl:value-of select=' @a'/>",
-                                                  u"<xsl:value-of select='a'/>",
-                                                  u"<xsl:value-of select='@a' disable-output-escaping='maybe'/>",
-                                                  u"<?pi?>",
-                                                  u"<b/>",
-                                                  u"<xsl:text>a<b/></xsl:text>",
-                                                  u"<xsl:value-of/>",
-                                                  u"<xsl:if test='@a'>x</xsl:if>",
-                                                  u"<xsl:text xml:space='default'> </xsl:text>",
-                                                  u"<xsl:text x='1'> </xsl:text>"};
-    static constexpr std::u16string_view outputs[] = {
-        u"<xsl:output omit-xml-declaration='yes'/>",
-        u"<xsl:output method='text'/>",
-        u"<xsl:output omit-xml-declaration='yes' method='xml' indent='yes'/>",
-        u"<xsl:output method='html'/>",
-        u"<!-- none -->",
-        u"<xsl:output method='text'/><xsl:output method='xml'/>"};
-    static constexpr std::u16string_view roots[] = {u"version='1.0'", u"version='1.0' xml:space='preserve'",
-                                                    u"version='1.1'"};
-    static constexpr std::u16string_view templates[] = {u"match='e'", u"match='f'", u"match='*'", u"match='e' mode='m'",
-                                                        u"name='e'"};
+    const auto some = [this](const char* table, std::size_t count = SIZE_MAX) {
+      static std::map<std::string, std::vector<std::u16string>> tables;
+      std::vector<std::u16string>& texts = tables[table];
+      if (texts.empty()) {
+        for (const test::Row& row : test::Rows("native/Transform.rows", table)) texts.push_back(row.Text(0));
+      }
+      return texts[Pick(std::min(count, texts.size()))];
+    };
     std::u16string text = u"<xsl:stylesheet xmlns:xsl='http://www.w3.org/1999/XSL/Transform' ";
-    text.append(roots[Pick(9) == 0 ? Pick(3) : 0]).append(u"> ").append(outputs[Pick(3) == 0 ? Pick(6) : Pick(3)]);
-    text.append(u"<xsl:template ").append(templates[Pick(8) == 0 ? Pick(5) : 0]).append(u">");
-    for (std::size_t count = Pick(9); count > 0; --count) text.append(Pick(30) == 0 ? Pick(odd) : Pick(pieces));
+    text += some("Roots", Pick(9) == 0 ? 3 : 1) + u"> " + some("Outputs", Pick(3) == 0 ? 6 : 3);
+    text += u"<xsl:template " + some("Templates", Pick(8) == 0 ? 5 : 1) + u">";
+    for (std::size_t count = Pick(9); count > 0; --count) text += some(Pick(30) == 0 ? "OddPieces" : "Pieces");
     return text.append(u"</xsl:template></xsl:stylesheet>");
   }
 

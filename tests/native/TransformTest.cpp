@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "native/xml/LibXmlDocument.h"
@@ -9,27 +10,6 @@
 
 namespace quorvane::native {
 namespace {
-
-const std::u16string kDefaultStylesheet =
-    u"<?xml version='1.0' encoding='gb2312'?>\r\n"
-    u"<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>\r\n"
-    u"    <xsl:output omit-xml-declaration='yes' />\r\n"
-    u"    <xsl:template match='MatchItem'>\r\n"
-    u"        <xsl:value-of select='@ProjectName' />\r\n"
-    u"        <xsl:text>\\</xsl:text>\r\n"
-    u"        <xsl:value-of select='@ComponentName' />\r\n"
-    u"        <xsl:text>\\</xsl:text>\r\n"
-    u"        <xsl:value-of select='@ProcType' />\r\n"
-    u"        <xsl:text>\\</xsl:text>\r\n"
-    u"        <xsl:value-of select='@ProcName' />\r\n"
-    u"        <xsl:text>[</xsl:text>\r\n"
-    u"        <xsl:value-of select='@Y1' />\r\n"
-    u"        <xsl:text>,</xsl:text>\r\n"
-    u"        <xsl:value-of select='@X1' />\r\n"
-    u"        <xsl:text>]</xsl:text>\r\n"
-    u"        <xsl:value-of disable-output-escaping='yes' select='@Line' />\r\n"
-    u"    </xsl:template>\r\n"
-    u"</xsl:stylesheet>\r\n";
 
 /// A stylesheet without XML declaration in its output, with `top` at the top level and `body` in the template of `e`.
 std::u16string Sheet(std::u16string_view body, std::u16string_view top = {}) {
@@ -84,7 +64,7 @@ TEST_F(TransformTest, DefaultStylesheet) {
                       {"Y1", true},
                       {"X1", true},
                       {"Line", false}}});
-  ASSERT_TRUE(mobjSheet.LoadXml(kDefaultStylesheet));
+  ASSERT_TRUE(mobjSheet.LoadXml(GlobalSetting::DefaultXSL()));
   for (const std::u16string_view line : {u"    If a < b And c > d & \"x\" Then ' 中\t", u"", u"\x01"}) {
     table.BeginRow();
     for (const std::u16string_view name : {u"P<1>", u"Form1", u"Proc", u"Command1_Click"}) table.AddText(name);
@@ -111,7 +91,7 @@ TEST_F(TransformTest, TheElementStandsInItsDocument) {
 
 /// Each stylesheet run over the elements forth and back gives what a document and a stylesheet of their own give.
 TEST_F(TransformTest, RunsLeaveNoTrace) {
-  std::vector<std::u16string> sheets = {kDefaultStylesheet};
+  std::vector<std::u16string> sheets = {GlobalSetting::DefaultXSL()};
   for (const test::Row& row : test::Rows("native/Transform.rows", "Traces")) {
     sheets.push_back(row.Text(2).empty() ? Sheet(row.Text(0), row.Text(1)) : row.Text(2));
   }

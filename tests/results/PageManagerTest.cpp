@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
+
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/results/PageManager.h"
 #include "support/ConnectionFixture.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane {
@@ -92,63 +96,25 @@ TEST_F(PageManagerTest, ThePlusTabMakesAPageAndIsNoRestingPlace) {
 }
 
 TEST(PageManagerClosingTest, EachWayOfClosing) {
-  const struct {
-    const char* name;
-    std::function<void(World&)> close;
-    std::string state;
-    Log log;
-  } rows[] = {
-      {"middle button",
-       [](World& w) { w.doc_->tabControl->PressTab(w.TabOf(u"Search1"), 4, 0, 0, 0); },
-       "Search2 [Search3] AddNewTab | Search2 Search3",
-       {"Search1 TearDown"}},
-      {"double click",
-       [](World& w) { w.doc_->tabControl->DoubleClickTab(w.TabOf(u"Search1")); },
-       "Search2 [Search3] AddNewTab | Search2 Search3",
-       {"Search1 TearDown"}},
-      {"close button",
-       [](World& w) { w.doc_->tabControl->PressClose(w.TabOf(u"Search1")); },
-       "Search2 [Search3] AddNewTab | Search2 Search3",
-       {"Search1 TearDown"}},
-      {"the selected tab, beside the plus tab",
-       [](World& w) { w.doc_->tabControl->PressClose(w.TabOf(u"Search3")); },
-       "Search1 [Search2] AddNewTab | Search1 Search2",
-       {"Search3 TearDown", "change Search2", "change Search2", "change Search2"}},
-      {"the selected tab, by code",
-       [](World& w) { w.manager_.mcolPages->Remove(u"Search3"); },
-       "Search1 [Search2] AddNewTab | Search1 Search2",
-       {"Search3 TearDown", "change Search2", "change Search2", "change Search2"}},
-      {"the plus tab, by double click",
-       [](World& w) { w.doc_->tabControl->DoubleClickTab(w.TabOf(u"AddNewTab")); },
-       "Search1 Search2 [Search3] AddNewTab | Search1 Search2 Search3",
-       {}},
-      {"the plus tab, by code",
-       [](World& w) { w.manager_.mcolPages->Remove(std::u16string(kAddNewTab)); },
-       "Search1 Search2 [Search3] AddNewTab | Search1 Search2 Search3",
-       {}},
-      {"all but one",
-       [](World& w) { w.manager_.mcolPages->RemoveExcept(u"Search3"); },
-       "[Search3] AddNewTab | Search3",
-       {"Search1 TearDown", "Search2 TearDown"}},
+  const std::map<std::string, std::function<void(World&, const std::u16string&)>> ways = {
+      {"middle button", [](World& w, const auto& key) { w.doc_->tabControl->PressTab(w.TabOf(key), 4, 0, 0, 0); }},
+      {"double click", [](World& w, const auto& key) { w.doc_->tabControl->DoubleClickTab(w.TabOf(key)); }},
+      {"close button", [](World& w, const auto& key) { w.doc_->tabControl->PressClose(w.TabOf(key)); }},
+      {"by code", [](World& w, const auto& key) { w.manager_.mcolPages->Remove(key); }},
+      {"all but", [](World& w, const auto& key) { w.manager_.mcolPages->RemoveExcept(key); }},
       {"all",
-       [](World& w) {
-         w.manager_.mcolPages->RemoveAll();
-         w.manager_.mcolPages->RemoveAll();
-       },
-       "[AddNewTab] |",
-       {"Search1 TearDown", "Search2 TearDown", "Search3 TearDown", "change nothing"}},
-      {"all, at the end",
-       [](World& w) { w.manager_.TearDown(); },
-       "[AddNewTab] |",
-       {"Search1 TearDown", "Search2 TearDown", "Search3 TearDown", "change nothing"}},
+       [](World& w, const auto&) {
+         for (int twice = 0; twice < 2; ++twice) w.manager_.mcolPages->RemoveAll();
+       }},
+      {"at the end", [](World& w, const auto&) { w.manager_.TearDown(); }},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+  for (const test::Row& row : test::Rows("results/PageManager.rows", "Closing")) {
+    SCOPED_TRACE(row.Where());
     World world;
     world.Pages(3);
-    row.close(world);
-    EXPECT_EQ(world.State(), row.state);
-    EXPECT_EQ(world.log_, row.log);
+    ways.at(row.Bytes(0))(world, row.Text(1));
+    EXPECT_EQ(world.State(), row.Bytes(2));
+    EXPECT_EQ(world.log_, row.List(3));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/TempFolder.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Module.h"
@@ -41,6 +42,16 @@ class OpenerTest : public testing::Test {
     const WorkingDirectory here(folder.Path());
     return Describe(OpenFiles(files, *codePage, choice));
   }
+  /// Writes the files of a table and holds what their opening gives against it.
+  void Expect(const std::string& table, const std::vector<std::string>& files, const std::string& page = "1252",
+              const OpenChoice& choice = {}) {
+    for (const test::Row& row : test::Rows("workbench/Opener.rows", table + "Files")) {
+      folder.Write(row.Bytes(0), row.Bytes(1));
+    }
+    std::string opened;
+    for (const test::Row& row : test::Rows("workbench/Opener.rows", table + "Opened")) opened += row.Bytes(0) + "\n";
+    EXPECT_EQ(Open(files, page, choice), opened);
+  }
   std::string FailureOf(const std::vector<std::string>& files) {
     return test::Raised([&] { Open(files); }).what();
   }
@@ -48,105 +59,23 @@ class OpenerTest : public testing::Test {
   TempFolder folder;
 };
 
-std::string Form(const std::string& kind, const std::string& name) {
-  return "VERSION 5.00\r\nBegin " + kind + " " + name + " \r\n   Begin VB.Label L \r\n   End\r\nEnd\r\n" +
-         "Attribute VB_Name = \"" + name + "\"\r\nOption Explicit\r\n";
-}
-
 TEST_F(OpenerTest, OpensEveryKindOfComponentInTheOrderOfTheProjectFile) {
-  folder.Write("all.vbp",
-               "Type=Exe\r\nReference=*\\G{0}#2.0#0#x.tlb#OLE\r\n"
-               "  Module = InList ;  Code\\Bare.bas \r\n"
-               "Module=Wrong; Code\\Named.bas\r\n"
-               "class=C; C.cls\r\nFORM=\"F.frm\"\r\nForm=Mdi.frm\r\nForm=Ms.frm\r\n"
-               "UserControl=U.ctl\r\nPropertyPage=P.pag\r\nUserDocument=D.dob\r\nDesigner=Ds.dsr\r\n"
-               "RelatedDoc=Notes.TXT\r\nResFile32=\"App.RES\r\n"
-               "Startup=\"Sub Main\"\r\nName=\"All\"\r\n"
-               "[MS Transaction Server]\r\nModule=No; Code\\Named.bas\r\n");
-  folder.Write("Code/Bare.bas", "Sub A()\nEnd Sub\n");
-  folder.Write("Code/Named.bas", "Attribute VB_Name = \"Named\"\r\n");
-  folder.Write("C.cls", "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1\r\nEND\r\nAttribute VB_Name = \"C\"\r\n'x");
-  folder.Write("F.frm", Form("VB.Form", "F"));
-  folder.Write("Mdi.frm", Form("VB.MDIForm", "Mdi"));
-  folder.Write("Ms.frm", Form("{C62A69F0-16DC-11CE-9E98-00AA00574A4F}", "Ms"));
-  folder.Write("U.ctl", Form("VB.UserControl", "U"));
-  folder.Write("P.pag", Form("VB.PropertyPage", "P"));
-  folder.Write("D.dob", Form("VB.UserDocument", "D"));
-  folder.Write("Ds.dsr", Form("{78E93846-85FD-11D0-8487-00A0C90DC8A9}", "Ds"));
-  folder.Write("Notes.TXT", "a\r\nb\r\n");
-  folder.Write("App.RES", "\x01");
-  EXPECT_EQ(Open({"all.vbp"}),
-            "*All all.vbp\n"
-            "  1 InList Code/Bare.bas 2\n"
-            "  1 Named Code/Named.bas 0\n"
-            "  2 C C.cls 1\n"
-            "  5 F F.frm 1\n"
-            "  6 Mdi Mdi.frm 1\n"
-            "  3 Ms Ms.frm 1\n"
-            "  8 U U.ctl 1\n"
-            "  7 P P.pag 1\n"
-            "  9 D D.dob 1\n"
-            "  11 Ds Ds.dsr 1\n"
-            "  10 Notes.TXT Notes.TXT -\n"
-            "  4 App.RES App.RES -\n");
+  Expect("Kinds", {"all.vbp"});
 }
 
 TEST_F(OpenerTest, WarnsOfWhatIsNotThereAndOpensTheRest) {
-  folder.Write("g/G.vbg",
-               "VBGROUP 5.0\nProject=a\\A.VBP\nStartupProject=..\\b\\b.vbp\nProject=gone.vbp\nProject=sub\n");
-  folder.Write("g/a/a.vbp",
-               "Form=Gone.frm\rModule=M; ..\\..\\SHARED\\m.BAS\rModule=X; C:\\x\\y.bas\rModule=S; \\\\srv\\s.bas\r"
-               "Module=D; Folder.bas\rModule=M; ..\\..\\shared\\M.bas\rModule=broken\rName=A");
-  folder.Write("b/b.vbp", "Module=M; ..\\shared\\M.bas\n");
-  folder.Write("shared/M.bas", "Attribute VB_Name = \"M\"\r\n'1\r\n");
   std::filesystem::create_directories(folder.Path() / "g/a/Folder.bas");
   std::filesystem::create_directories(folder.Path() / "g/sub");
-  EXPECT_EQ(Open({"g/G.vbg"}),
-            "A g/a/a.vbp\n"
-            "  1 M shared/M.bas 1\n"
-            "*b b/b.vbp\n"
-            "  1 M shared/M.bas 1\n"
-            "! g/a/a.vbp: Gone.frm: not found\n"
-            "! g/a/a.vbp: C:\\x\\y.bas: not found\n"
-            "! g/a/a.vbp: \\\\srv\\s.bas: not found\n"
-            "! g/a/a.vbp: ..\\..\\shared\\M.bas: listed twice, opened once\n"
-            "! g/a/a.vbp: broken: not found\n"
-            "! g/G.vbg: gone.vbp: not found\n"
-            "! g/G.vbg: sub: Is a directory\n"
-            "! g/a/a.vbp: Folder.bas: Is a directory\n");
+  Expect("Missing", {"g/G.vbg"});
 }
 
 TEST_F(OpenerTest, EachProjectOpensOnceAndTheFirstStartUpProjectIsActive) {
-  for (const char* name : {"one", "two", "three"}) folder.Write(std::string(name) + ".vbp", "Type=Exe\n");
-  folder.Write("G.vbg", "VBGROUP 5.0\nStartupProject=gone.vbp\nProject=one.vbp\nProject=two.vbp\n");
-  folder.Write("H.vbg", "VBGROUP 5.0\nProject=one.vbp\nStartupProject=THREE.vbp\n");
-  folder.Write("I.vbg", "VBGROUP 5.0\nStartupProject=one.vbp\n");
-  EXPECT_EQ(Open({"two.vbp", "./G.vbg", "H.vbg", "I.vbg", "two.vbp"}),
-            "two two.vbp\none one.vbp\n*three three.vbp\n! G.vbg: gone.vbp: not found\n");
+  Expect("Once", {"two.vbp", "./G.vbg", "H.vbg", "I.vbg", "two.vbp"});
 }
 
 TEST_F(OpenerTest, ModuleFilesFormAProjectOfTheirOwn) {
-  folder.Write("x.vbp", "Name=\"project1\"\n");
-  folder.Write("M.BAS", "Attribute VB_Name = \"M\"\n'\n");
-  folder.Write("named.frm", Form("VB.MDIForm", "F"));
-  folder.Write("oracle.frm", "rem create table\nselect 1;\n");
-  folder.Write("class.txt", "VERSION 1.0 CLASS\nBEGIN\nEND\nAttribute VB_Name = \"K\"\n");
-  folder.Write("page.old", Form("VB.PropertyPage", "P"));
-  folder.Write("plain", "Sub A()\nEnd Sub");
-  folder.Write("project.bak", "Type=Exe\nModule=M; m.bas\n");
-  folder.Write("group.bak", "VBGROUP 5.0\nProject=x.vbp\n");
-  EXPECT_EQ(Open({"M.BAS", "project.bak", "./M.BAS", "named.frm", "oracle.frm", "class.txt", "page.old", "plain",
-                  "group.bak"}),
-            "*Project2 \n"
-            "  1 M M.BAS 1\n"
-            "  6 F named.frm 1\n"
-            "  5 oracle oracle.frm 2\n"
-            "  2 K class.txt 0\n"
-            "  7 P page.old 1\n"
-            "  1 plain plain 2\n"
-            "project project.bak\n"
-            "  1 M M.BAS 1\n"
-            "project1 x.vbp\n");
+  Expect("Modules",
+         {"M.BAS", "project.bak", "./M.BAS", "named.frm", "oracle.frm", "class.txt", "page.old", "plain", "group.bak"});
 }
 
 TEST_F(OpenerTest, AFileThatIsNamedMustBeReadable) {
@@ -164,22 +93,12 @@ TEST_F(OpenerTest, AFileThatIsNamedMustBeReadable) {
 
 #ifndef _WIN32  // names are no bytes there
 TEST_F(OpenerTest, PathsInTheCodePageOfTheProject) {
-  const std::string hyou = "\x95\x5C";  // a character whose second byte is a backslash
-  const std::string hyouUtf8 = "\xE8\xA1\xA8";
-  folder.Write("p.vbp", "Form=" + hyou + "\\" + hyou + ".frm\r\nModule=M; \x82\x60.bas\r\nModule=R; raw\\" + hyou +
-                            ".BAS\r\nName=\"" + hyou + "\"\r\n");
-  folder.Write(hyouUtf8 + "/" + hyouUtf8 + ".frm",
-               "VERSION 5.00\r\nBegin VB.Form F\r\nEnd\r\nAttribute VB_Name = \"" + hyou + "F\"\r\n'" + hyou + "\r\n");
-  folder.Write("\xEF\xBD\x81.bas", "");  // the full-width letter in its other case
-  folder.Write("raw/" + hyou + ".bas", "");
-  const std::string all = "*" + hyouUtf8 + " p.vbp\n" + "  5 " + hyouUtf8 + "F " + hyouUtf8 + "/" + hyouUtf8 +
-                          ".frm 1\n" + "  1 M \xEF\xBD\x81.bas 0\n" + "  1 R raw/" + hyou + ".bas 0\n";
-  EXPECT_EQ(Open({"p.vbp"}, "932"), all);
-  OpenChoice choice;
+  Expect("Page", {"p.vbp"}, "932");
+  OpenChoice choice;  // for this project
   choice.pageOf = [](const std::string& project, const std::string&) {
     return project == "p.vbp" ? &native::SharedCodePage("932") : nullptr;
   };
-  EXPECT_EQ(Open({"p.vbp"}, "1252", choice), all) << "chosen for this project";
+  Expect("Page", {"p.vbp"}, "1252", choice);
 }
 
 /// Whoever asks for columns counts in the page of the workbench, whatever that of the file is.
@@ -201,19 +120,7 @@ TEST_F(OpenerTest, ColumnsAreThoseOfTheWorkbench) {
 
 #ifndef _WIN32  // no such names can stand side by side
 TEST_F(OpenerTest, NamesThatDifferInCaseAlone) {
-  folder.Write("p.vbp",
-               "Module=A; SRC\\a.bas\nModule=B; src\\b.bas\nModule=C; Src\\c.bas\nModule=D; SRC\\..\\D.bas\n"
-               "Module=E; TWO.bas\n");
-  folder.Write("src/A.bas", "");
-  folder.Write("Src/B.bas", "");
-  folder.Write("Src/C.bas", "'upper");
-  folder.Write("Src/c.bas", "");
-  folder.Write("src/c.bas", "'other folder");
-  folder.Write("d.bas", "");
-  folder.Write("two.bas", "");
-  folder.Write("Two.bas", "");
-  EXPECT_EQ(Open({"p.vbp"}),
-            "*p p.vbp\n  1 A src/A.bas 0\n  1 B Src/B.bas 0\n  1 C Src/c.bas 0\n  1 D d.bas 0\n  1 E Two.bas 0\n");
+  Expect("Case", {"p.vbp"});
 }
 #endif
 

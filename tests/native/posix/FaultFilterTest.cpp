@@ -5,6 +5,7 @@
 
 #include "native/system/FaultFilter.h"
 #include "native/system/LocaleClock.h"
+#include "support/Rows.h"
 #include "support/TempFolder.h"
 
 namespace quorvane::test {
@@ -118,22 +119,10 @@ TEST_F(FaultFilterTest, GivesTheSignalsBack) {
 }
 
 TEST(LocaleClock, TakesOrderAndSeparatorFromTheLocale) {
-  struct Row {
-    const char* pattern;
-    DateOrder order;
-    char16_t separator;
-  };
-  const Row rows[] = {{"%m/%d/%y", DateOrder::MonthDayYear, u'/'},
-                      {"%d.%m.%Y", DateOrder::DayMonthYear, u'.'},
-                      {"%Y-%m-%d", DateOrder::YearMonthDay, u'-'},
-                      {"%e/%m/%y", DateOrder::DayMonthYear, u'/'},
-                      {"%Y年%m月%d日", DateOrder::YearMonthDay, u'/'},
-                      {"%D", DateOrder::MonthDayYear, u'/'},
-                      {"%x", DateOrder::YearMonthDay, u'-'}};
-  for (const Row& row : rows) {
-    const DateFormat format = native::LocaleClock::FormatOf(row.pattern);
-    EXPECT_EQ(format.Order, row.order) << row.pattern;
-    EXPECT_EQ(format.Separator, row.separator) << row.pattern;
+  for (const Row& row : Rows("native/LocaleClock.rows", "Formats")) {
+    const DateFormat format = native::LocaleClock::FormatOf(row.Bytes(0));
+    EXPECT_EQ(format.Order, static_cast<DateOrder>(row.Number(1))) << row.Where();
+    EXPECT_EQ(format.Separator, row.Text(2)[0]) << row.Where();
   }
   EXPECT_GT(native::LocaleClock().Now().Day, DateTime::Of(2024, 1, 1).Day);
 }
