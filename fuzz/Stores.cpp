@@ -16,7 +16,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   ini.RemoveKey("S", "k");
   ini.RemoveSection("T");
 
-  static const test::TempFolder folder;
+  const test::TempFolder folder;  // a new one: a file that is no store leaves a copy
   const std::string path = folder.Write("settings", text);
   try {
     native::FileSettingsStore(path).GetSetting(u"App", u"S", u"k", u"none");

@@ -44,20 +44,13 @@ class ErrorManagerTest : public ::testing::Test {
 };
 
 TEST_F(ErrorManagerTest, ShowsAllButCancelling) {
-  struct Row {
-    std::int32_t number;
-    const char* text;
-  };
-  const std::vector<Row> rows{
-      {5, "Error:5\r\nDescription:words\r\nSource:VBQuorvane"},
-      {kErrReplaceMode, "Error:-2147220992\r\nDescription:words\r\nSource:VBQuorvane"},
-      {0, ""},
-      {kErrUserCanceled, ""},
-      {static_cast<std::int32_t>(ErrorNumber::DialogCanceled), ""},
-  };
-  for (const Row& row : rows) {
-    if (*row.text != '\0') platform.prompts.Answers.push_back(1);
-    EXPECT_EQ(Shown(Error(row.number, u"words")), row.text);
+  for (const std::int32_t number : {5, kErrReplaceMode}) {
+    platform.prompts.Answers.push_back(1);
+    EXPECT_EQ(Shown(Error(number, u"words")),
+              "Error:" + std::to_string(number) + "\r\nDescription:words\r\nSource:VBQuorvane");
+  }
+  for (const std::int32_t number : {0, kErrUserCanceled, static_cast<std::int32_t>(ErrorNumber::DialogCanceled)}) {
+    EXPECT_EQ(Shown(Error(number, u"words")), "");
   }
   errors.ShowErr();  // no error is being handled
   platform.prompts.Answers.push_back(1);

@@ -67,16 +67,14 @@ TEST_F(WindowUtilitiesTest, TheEdgesOfAWindowAreOutside) {
 }
 
 TEST_F(WindowUtilitiesTest, ATitleIsCutAtTheBytesOfItsBuffer) {
-  const struct {
-    std::u16string title, text;
-  } rows[] = {{u"Project1 - Form1 (Code)", u"Project1 - Form1 (Code)"},
-              {std::u16string(300, u'a'), std::u16string(254, u'a')},
-              {u"x\u6587y", u"x?y"},
-              {std::u16string(u"ab\0\0", 4), u"ab"},
-              {u"", u""}};
-  for (const auto& row : rows) {
-    windows_.Windows[1] = {u"", row.title, 0, {}};
-    EXPECT_EQ(ToUtf8(U().GetWindowText(1)), ToUtf8(row.text));
+  const std::pair<std::u16string, std::u16string> rows[] = {{u"Project1 - Form1 (Code)", u"Project1 - Form1 (Code)"},
+                                                            {std::u16string(300, u'a'), std::u16string(254, u'a')},
+                                                            {u"x\u6587y", u"x?y"},
+                                                            {std::u16string(u"ab\0\0", 4), u"ab"},
+                                                            {u"", u""}};
+  for (const auto& [title, text] : rows) {
+    windows_.Windows[1] = {u"", title, 0, {}};
+    EXPECT_EQ(ToUtf8(U().GetWindowText(1)), ToUtf8(text));
   }
 }
 

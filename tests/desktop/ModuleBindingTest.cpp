@@ -14,6 +14,7 @@
 #include "desktop/platform/QtText.h"
 #include "native/codepages/CodePages.h"
 #include "platform/CodePage.h"
+#include "support/Rows.h"
 #include "support/Seed.h"
 #include "workbench/model/Module.h"
 #include "workbench/text/SourceFile.h"
@@ -57,24 +58,11 @@ class ModuleBindingTest : public QtTest {
 };
 
 TEST_F(ModuleBindingTest, TypedEditsReachTheModule) {
-  struct Case {
-    const char16_t* text;
-    int from;
-    int to;
-    const char16_t* typed;
-    const char* result;
-  };
-  const Case cases[] = {
-      {u"one\r\ntwo\r\nthree", 0, 13, u"", ""},
-      {u"one\r\ntwo\r\nthree", 7, 13, u"", "one|two"},
-      {u"one\r\ntwo\r\nthree", 1, 6, u"A\nB\nC", "oA|B|Co|three"},
-      {u"x", 0, 1, u"", ""},
-  };
-  for (const Case& row : cases) {
-    Open(row.text);
-    Replace(row.from, row.to, row.typed);
-    EXPECT_EQ(Text(), row.result) << row.result;
-    EXPECT_EQ(Blocks(), row.result);
+  for (const test::Row& row : test::Rows("desktop/ModuleBinding.rows", "TypedEdits")) {
+    Open(row.Text(0).c_str());
+    Replace(row.Number(1), row.Number(2), row.Text(3).c_str());
+    EXPECT_EQ(Text(), row.Bytes(4)) << row.Where();
+    EXPECT_EQ(Blocks(), row.Bytes(4)) << row.Where();
   }
 }
 

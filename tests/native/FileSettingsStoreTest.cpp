@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "native/settings/FileSettingsStore.h"
 #include "support/Raised.h"
+#include "support/Rows.h"
 #include "support/Seed.h"
 #include "support/TempFolder.h"
 
@@ -47,39 +48,35 @@ TEST_F(FileSettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
 /// section anew, as the program does at its end.
 TEST_F(FileSettingsStoreTest, ProgramsKeepWhatOthersWrote) {
   using Values = std::map<std::u16string, std::u16string>;
-  struct Case {
-    const char* name;
-    Values first;
-    Values second;
-    Values kept;
+  const auto values = [](const std::vector<std::string>& settings) {
+    Values all;
+    for (const std::string& setting : settings) {
+      const std::size_t at = setting.find('=');
+      all[FromUtf8(setting.substr(0, at))] = FromUtf8(setting.substr(at + 1));
+    }
+    return all;
   };
-  const Values start = {{u"a", u"1"}, {u"b", u"2"}, {u"list", u"x\r\ny"}};
-  const Case cases[] = {
-      {"other keys", {{u"a", u"9"}, {u"b", u"2"}}, {{u"a", u"1"}, {u"b", u"8"}}, {{u"a", u"9"}, {u"b", u"8"}}},
-      {"one key", {{u"a", u"9"}}, {{u"a", u"8"}}, {{u"a", u"8"}}},
-      {"new and gone", {{u"a", u"1"}, {u"n", u"5"}}, {{u"b", u"2"}}, {{u"a", u"none"}, {u"b", u"none"}, {u"n", u"5"}}},
-      {"lists", {{u"list", u"p\r\nx\r\ny"}}, {{u"list", u"q\r\nx\r\ny"}}, {{u"list", u"q\r\nx\r\ny\r\np"}}},
-      {"a list of one", {{u"list", u"x\r\ny"}}, {{u"list", u"q"}}, {{u"list", u"q"}}},
-  };
-  const auto rewrite = [](FileSettingsStore& store, const Values& values) {
+  const auto rewrite = [](FileSettingsStore& store, const Values& all) {
     store.DeleteSetting(u"App", u"S");
-    for (const auto& [key, value] : values) store.SaveSetting(u"App", u"S", key, value);
+    for (const auto& [key, value] : all) store.SaveSetting(u"App", u"S", key, value);
     store.Commit();
   };
-  for (const Case& row : cases) {
+  for (const Row& row : Rows("native/FileSettingsStore.rows", "TwoPrograms")) {
+    SCOPED_TRACE(row.Where());
     std::filesystem::remove(path);
     FileSettingsStore before(path);
-    for (const auto& [key, value] : start) before.SaveSetting(u"App", u"S", key, value);
+    for (const auto& [key, value] : values({"a=1", "b=2", "list=x\r\ny"})) before.SaveSetting(u"App", u"S", key, value);
     before.Commit();
     FileSettingsStore first(path, {u"list"});
     FileSettingsStore second(path, {u"list"});
     for (FileSettingsStore* store : {&first, &second}) store->GetSetting(u"App", u"S", u"a", u"");
-    rewrite(first, row.first);
-    rewrite(second, row.second);
-    for (const auto& [key, value] : row.kept) EXPECT_EQ(Stored(key), value) << row.name << " " << ToUtf8(key);
-    rewrite(first, row.first);  // and once more, on what is now there
-    if (row.kept.contains(u"b")) {
-      EXPECT_EQ(Stored(u"b"), row.kept.at(u"b")) << row.name;
+    rewrite(first, values(row.List(1)));
+    rewrite(second, values(row.List(2)));
+    const Values kept = values(row.List(3));
+    for (const auto& [key, value] : kept) EXPECT_EQ(Stored(key), value) << ToUtf8(key);
+    rewrite(first, values(row.List(1)));  // and once more, on what is now there
+    if (kept.contains(u"b")) {
+      EXPECT_EQ(Stored(u"b"), kept.at(u"b"));
     }
   }
 }

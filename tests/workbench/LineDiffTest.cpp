@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "support/Rows.h"
 #include "support/Seed.h"
 #include "workbench/text/LineDiff.h"
 
@@ -76,27 +77,13 @@ std::size_t CheckedEqualLines(const Lines& before, const Lines& after, const std
 }
 
 TEST(LineDiff, FindsTheHunks) {
-  struct Case {
-    std::string_view before, after;
-    std::vector<DiffHunk> hunks;
-  };
-  const std::vector<Case> cases = {
-      {"", "", {}},
-      {"abc", "abc", {}},
-      {"", "ab", {{0, 0, 0, 2}}},
-      {"ab", "", {{0, 2, 0, 0}}},
-      {"abc", "aXc", {{1, 2, 1, 2}}},
-      {"abc", "Xbc", {{0, 1, 0, 1}}},
-      {"abc", "abcX", {{3, 3, 3, 4}}},
-      {"abcde", "aXcYZe", {{1, 2, 1, 2}, {3, 4, 3, 5}}},
-      {"aaaa", "aaa", {{3, 4, 3, 3}}},
-      // The lines that occur once hold, though the blank ones would make a longer match.
-      {"a___b", "b___a", {{0, 4, 0, 0}, {5, 5, 1, 5}}},
-      // Without a line that occurs once the longest match counts.
-      {"xyxyx", "yxyxy", {{0, 1, 0, 0}, {5, 5, 4, 5}}},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(DiffLines(Letters(c.before), Letters(c.after)), c.hunks) << c.before << " -> " << c.after;
+  for (const test::Row& row : test::Rows("workbench/LineDiff.rows", "Hunks")) {
+    std::string hunks;
+    for (const DiffHunk& hunk : DiffLines(Letters(row.Bytes(0)), Letters(row.Bytes(1)))) {
+      hunks += (hunks.empty() ? "" : " ") + std::to_string(hunk.beforeBegin) + "-" + std::to_string(hunk.beforeEnd) +
+               ">" + std::to_string(hunk.afterBegin) + "-" + std::to_string(hunk.afterEnd);
+    }
+    EXPECT_EQ(hunks, row.Bytes(2)) << row.Where();
   }
 }
 

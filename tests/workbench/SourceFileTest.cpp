@@ -118,35 +118,23 @@ TEST(SourceFile, CountsTheLinesOfLongFiles) {
 
 /// A file that a sieve keeps out is the same file to whoever looks at it, and is read again only then.
 TEST(SourceFile, KeptOutByASieve) {
-  const struct {
-    const char* title;
-    std::string bytes;
-    bool keptOut;
-  } rows[] = {
-      {"no hit", "Attribute VB_Name = \"M\"\r\nOption Explicit\r\nx = 1\r\n", true},
-      {"hit in the code, other case", "Attribute VB_Name = \"M\"\r\nNEEDle\r\n", false},
-      {"no name in the header", "x = 1\r\nAttribute VB_Name = \"M\"\r\n", false},
-      {"no line of code", "Attribute VB_Name = \"M\"\r\n\r\nAttribute a.VB_b = 1\r\n", true},
-      {"nothing but the header", "Attribute VB_Name = \"M\"\r\n", false},
-      {"hidden lines first", "Attribute VB_Name = \"M\"\r\nAttribute VB_x = \"y\"\r\nAttribute a.VB_b = 1\r\nz = 2\r\n",
-       false},
-      {"a last line too long for a column", "Attribute VB_Name = \"M\"\r\n" + std::string(20000, 'x') + "\r\n", false},
-  };
   const auto sieve = std::make_shared<const Sieve>(std::vector<std::string>{"Needle", "other"}, false);
-  for (const auto& row : rows) {
+  for (const test::Row& row : test::Rows("workbench/SourceFile.rows", "KeptOut")) {
+    SCOPED_TRACE(row.Where());
+    const std::string bytes = row.Bytes(1) + std::string(static_cast<std::size_t>(row.Number(3)), 'x');
+    const bool keptOut = row.Bytes(2) == "out";
     int again = 0;
-    const SourceFile file(std::string_view(row.bytes), sieve, [&] {
+    const SourceFile file(std::string_view(bytes), sieve, [&] {
       ++again;
-      return row.bytes;
+      return bytes;
     });
-    EXPECT_EQ(file.Lacks(*sieve), row.keptOut) << row.title;
-    EXPECT_EQ(file.Lacks(Sieve({"%"}, false)), SourceFile(row.bytes).CountOfLines() > 0 && row.bytes.size() < 20000)
-        << row.title;
-    EXPECT_EQ(again, row.keptOut) << row.title;
-    EXPECT_EQ(Describe(file), Describe(SourceFile(row.bytes))) << row.title;
-    EXPECT_EQ(file.CountOfLines(), SourceFile(row.bytes).CountOfLines()) << row.title;
+    EXPECT_EQ(file.Lacks(*sieve), keptOut);
+    EXPECT_EQ(file.Lacks(Sieve({"%"}, false)), SourceFile(bytes).CountOfLines() > 0 && bytes.size() < 20000);
+    EXPECT_EQ(again, keptOut);
+    EXPECT_EQ(Describe(file), Describe(SourceFile(bytes)));
+    EXPECT_EQ(file.CountOfLines(), SourceFile(bytes).CountOfLines());
     ExpectWhole(file);
-    EXPECT_EQ(again, row.keptOut) << row.title;
+    EXPECT_EQ(again, keptOut);
   }
 }
 

@@ -3,33 +3,19 @@
 #include <cstdlib>
 
 #include "native/codepages/CodePages.h"
+#include "support/Rows.h"
 
 namespace quorvane::native {
 namespace {
 
 TEST(CodePageOfLocaleTest, GoesByTheLanguage) {
-  struct Case {
-    const char* All;
-    const char* Type;
-    const char* Lang;
-    const char* Page;
-  };
-  const Case cases[] = {
-      {nullptr, nullptr, nullptr, "1252"},      {nullptr, nullptr, "C", "1252"},
-      {nullptr, nullptr, "zh_CN.UTF-8", "936"}, {nullptr, nullptr, "zh_TW.Big5", "950"},
-      {nullptr, nullptr, "zh_HK", "950"},       {nullptr, "ja_JP.eucJP", "de_DE", "932"},
-      {"ko_KR.UTF-8", "ja_JP", "ru_RU", "949"}, {"", "", "ru_RU.KOI8-R", "1251"},
-      {nullptr, nullptr, "pl_PL@euro", "1250"}, {nullptr, nullptr, "de_DE.UTF-8", "1252"},
-      {"POSIX", nullptr, "ja_JP", "1252"},      {nullptr, nullptr, "el", "1253"},
-  };
-  const auto set = [](const char* name, const char* value) {
-    return value != nullptr ? setenv(name, value, 1) : unsetenv(name);
-  };
-  for (const Case& c : cases) {
-    set("LC_ALL", c.All);
-    set("LC_CTYPE", c.Type);
-    set("LANG", c.Lang);
-    EXPECT_EQ(CodePageOfLocale(), c.Page) << (c.All ? c.All : "-") << (c.Lang ? c.Lang : "-");
+  for (const test::Row& row : test::Rows("native/CodePages.rows", "Locales")) {
+    std::size_t cell = 0;
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+      const std::string value = row.Bytes(cell++);
+      value == "(none)" ? unsetenv(name) : setenv(name, value.c_str(), 1);
+    }
+    EXPECT_EQ(CodePageOfLocale(), row.Bytes(3)) << row.Where();
   }
 }
 
