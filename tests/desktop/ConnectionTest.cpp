@@ -217,7 +217,7 @@ TEST_F(ConnectionTest, TheToolWindowGoesWithTheAddInAndComesBackOnce) {
   Globals::gobjToolWindow->SetVisible(true);
   desktop->Stop();
   EXPECT_TRUE(Window().ToolDocks().empty());
-  EXPECT_EQ(Window().findChildren<QDockWidget*>().size(), 1) << "that of the project tree alone";
+  EXPECT_EQ(Window().findChildren<QDockWidget*>().size(), 2) << "those of the project tree and the changes alone";
   EXPECT_EQ(entries(), before - 1);
   // The slot is still filled, and what it does is seen by nobody.
   EXPECT_FALSE(Globals::gobjToolWindow->Visible());

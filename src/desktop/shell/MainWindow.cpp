@@ -23,6 +23,7 @@
 #include "desktop/platform/Icons.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/review/ChangesView.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/EncodingMenu.h"
 #include "desktop/shell/FileCommands.h"
@@ -45,6 +46,7 @@ namespace {
 
 constexpr QSize kFirstSize(1180, 780);
 constexpr int kFirstTreeWidth = 270;
+constexpr int kFirstChangesHeight = 260;
 constexpr int kMessageTime = 8000;  // ms
 constexpr int kCloseAgain = 20;     // ms
 
@@ -94,6 +96,8 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       start_(new StartPage(texts_, *code_)),
       tree_(new ProjectTree(workbench, texts_)),
       treeDock_(new QDockWidget(this)),
+      changes_(new ChangesView(workbench, texts_)),
+      changesDock_(new QDockWidget(this)),
       treeWidth_(*this, *treeDock_),
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
       layout_(settings, *this, *code_),
@@ -109,6 +113,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
   windows_.Bind(workbench_.TheMainWindow()->Handle(), *this);
   windows_.Bind(windows_.GetTopWindow(workbench_.TheMainWindow()->Handle()), *code_->viewport());
   BuildTree();
+  BuildChanges();
   BuildFileMenu();
   BuildEditMenu();
   BuildViewMenu();
@@ -139,6 +144,21 @@ void MainWindow::BuildTree() {
   addDockWidget(Qt::LeftDockWidgetArea, treeDock_);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   resizeDocks({treeDock_}, {kFirstTreeWidth}, Qt::Horizontal);
+}
+
+void MainWindow::BuildChanges() {
+  changesDock_->setObjectName(QStringLiteral("Changes"));
+  changesDock_->setWidget(changes_);
+  addDockWidget(Qt::BottomDockWidgetArea, changesDock_);
+  resizeDocks({changesDock_}, {kFirstChangesHeight}, Qt::Vertical);
+  changesDock_->hide();
+  const auto listen = [this](auto& event, auto handler) { subscriptions_.push_back(event.Subscribe(handler)); };
+  listen(changes_->SaveAllWanted, [this] { files_->SaveAll(); });
+  listen(changes_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
+  listen(changes_->LineWanted, [this](workbench::Component& component, std::int32_t line) {
+    component.TheModule()->CodePane()->Show();
+    if (CodeEdit* editor = CurrentEditor()) editor->GoToLine(line);
+  });
 }
 
 CodeEdit* MainWindow::CurrentEditor() const {
@@ -182,6 +202,7 @@ void MainWindow::Listen() {
   listen(files_->Saved, [this] {
     code_->UpdateTitles();
     tree_->UpdateMarks();
+    if (changes_->isVisible()) changes_->Changes().Update();
     UpdateStatus();
   });
   listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
@@ -236,6 +257,9 @@ void MainWindow::UpdateTexts() {
   start_->UpdateTexts();
   treeDock_->setWindowTitle(texts_(Text::Projects));
   treeDock_->toggleViewAction()->setText(texts_(Text::ViewProjects));
+  changes_->UpdateTexts();
+  changesDock_->setWindowTitle(texts_(Text::Changes));
+  changesDock_->toggleViewAction()->setText(texts_(Text::ViewChanges));
   code_->viewport()->update();
   UpdateTitle();
   UpdateStatus();

@@ -27,6 +27,7 @@ namespace desktop {
 
 class AddInsMenu;
 class CodeArea;
+class ChangesView;
 class CodeEdit;
 class FileCommands;
 class NoticeBar;
@@ -54,6 +55,8 @@ class MainWindow final : public QMainWindow {
   void OpenFiles(const QStringList& files);
   NoticeBar& Notice() { return *notice_; }
   StartPage& Start() { return *start_; }
+  ChangesView& Changes() { return *changes_; }
+  QDockWidget& ChangesDock() { return *changesDock_; }
   const Texts& Words() const { return texts_; }
   /// 0 Chinese, 1 English: the words of the workbench's own windows.
   void SetLanguage(std::int32_t language);
@@ -84,6 +87,7 @@ class MainWindow final : public QMainWindow {
  private:
   void BuildCentre();
   void BuildTree();
+  void BuildChanges();
   void BuildFileMenu();
   void BuildEditMenu();
   void BuildViewMenu();
@@ -120,6 +124,8 @@ class MainWindow final : public QMainWindow {
   StartPage* start_;
   ProjectTree* tree_;
   QDockWidget* treeDock_;
+  ChangesView* changes_;
+  QDockWidget* changesDock_;
   DockWidth treeWidth_;
   AddInsMenu* addIns_;
   WindowLayout layout_;

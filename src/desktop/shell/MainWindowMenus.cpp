@@ -12,6 +12,7 @@
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
 #include "desktop/platform/Icons.h"
+#include "desktop/review/ChangesView.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/EncodingMenu.h"
 #include "desktop/shell/FileCommands.h"
@@ -104,6 +105,13 @@ void MainWindow::BuildViewMenu() {
   QMenu& menu = menu_.AddMenu(Text::MenuView);
   viewMenu_ = &menu;
   menu.addAction(treeDock_->toggleViewAction());
+  menu.addAction(changesDock_->toggleViewAction());
+  changesDock_->toggleViewAction()->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R));
+  connect(changesDock_->toggleViewAction(), &QAction::triggered, this, [this](bool shown) {
+    if (!shown) return;
+    changesDock_->raise();
+    changes_->setFocus();
+  });
   QAction& tabs = menu_.AddCheck(menu, Text::ViewTabs, [this](bool wanted) { code_->SetTabs(wanted); });
   menu.addSeparator();
   QMenu& theme = menu_.AddMenu(menu, Text::ViewTheme);
