@@ -52,7 +52,8 @@ class ReviewTest : public DesktopTest {
   void Select(const char* row) {
     for (int i = 0; i < View().Rows().rowCount(); ++i) {
       const QModelIndex index = View().Rows().index(i);
-      if (index.data(Qt::AccessibleTextRole).toString() == QLatin1String(row)) return View().List().setCurrentIndex(index);
+      if (index.data(Qt::AccessibleTextRole).toString() == QLatin1String(row))
+        return View().List().setCurrentIndex(index);
     }
     ADD_FAILURE() << "no such row: " << row;
   }

@@ -7,13 +7,19 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QWheelEvent>
+#include <functional>
+#include <map>
+#include <numeric>
 
 #include "SearchWindowsFixture.h"
 #include "addin/core/Utilities.h"
+#include "desktop/review/TaskMenu.h"
 #include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/TabControl.h"
+#include "workbench/model/Component.h"
+#include "workbench/model/Project.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -27,6 +33,62 @@ QToolButton& AddOf(const ResultView& results) {
 }
 
 constexpr int kNever = 2;  // the search dialog does not hide itself
+
+TEST_F(SearchWindowsTest, AReplaceAllIsTakenBackAndDoneAgainInAllModules) {
+  StartWithGroup();
+  const auto texts = [this] {
+    std::map<std::u16string, std::u16string> all;
+    for (const auto& project : desktop->Host().Projects()) {
+      for (const auto& component : project->Components()) {
+        if (component->TheModule()) all[component->FullName()] = component->TheModule()->Text();
+      }
+    }
+    return all;
+  };
+  TaskMenu& entries = Window().TaskEntries();
+  EXPECT_FALSE(entries.UndoEntry().isEnabled());
+  ModuleNamed(u"modMain").InsertLines(1, u"' total, not saved when the task begins");
+  const auto before = texts();
+  ShowDialog();
+  Dialog().optModeButtons[gsRegular]->Press();
+  TypeSearch(QStringLiteral("total"));
+  QTest::keyClicks(&WidgetOf(*Dialog().cmbReplace), QStringLiteral("sum"));
+  Dialog().optAreaButtons[2]->Press();
+  AnswerNext(QMessageBox::Yes);
+  Dialog().cmdReplace->Press();
+  const auto after = texts();
+  int lines = 0, modules = 0;
+  for (const auto& [name, text] : before) {
+    const auto was = Split(text, kCrLf), is = Split(after.at(name), kCrLf);
+    ASSERT_EQ(was.size(), is.size());
+    const int differ = std::inner_product(was.begin(), was.end(), is.begin(), 0, std::plus<>(), std::not_equal_to<>());
+    lines += differ;
+    modules += differ > 0;
+  }
+  ASSERT_GT(modules, 3);
+  EXPECT_EQ(entries.UndoEntry().text().toStdString(),
+            "Undo Replace All (" + std::to_string(lines) + " lines in " + std::to_string(modules) + " modules)");
+  EXPECT_FALSE(entries.RedoEntry().isEnabled());
+  entries.UndoEntry().trigger();
+  EXPECT_EQ(texts(), before);
+  entries.RedoEntry().trigger();
+  EXPECT_EQ(texts(), after);
+
+  // What was edited since is named, and stays.
+  desktop->Host().Turns().Next();
+  ModuleNamed(u"modMain").InsertLines(1, u"' mine");
+  const auto edited = texts();
+  QString told;
+  AnswerNext(QMessageBox::Cancel, &told);
+  entries.UndoEntry().trigger();
+  EXPECT_TRUE(told.contains(QStringLiteral("Shop.modMain"))) << told.toStdString();
+  EXPECT_EQ(texts(), edited);
+  AnswerNext(QMessageBox::Yes);
+  entries.UndoEntry().trigger();
+  auto expected = before;
+  expected[u"Shop.modMain"] = edited.at(u"Shop.modMain");
+  EXPECT_EQ(texts(), expected);
+}
 
 /// The usual key of an editor searches for what is selected there.
 TEST_F(SearchWindowsTest, FindTakesTheSelectionOfTheEditor) {

@@ -52,12 +52,23 @@ void TaskManager::TearDown() {
   mobjCondSnap.reset();
 }
 
+Event<std::int32_t>& TaskManager::AnyBegin() {
+  static Event<std::int32_t> begin;
+  return begin;
+}
+
+Event<std::int32_t>& TaskManager::AnyDone() {
+  static Event<std::int32_t> done;
+  return done;
+}
+
 void TaskManager::Run(std::int32_t tt) {
   const std::shared_ptr<ConditionSnap> kept = mobjCondSnap;  // mobjCond points at it, also after a TearDown
   try {
     mblnRunning = true;
     mblnCancel = false;
     mlngTaskType = tt;
+    AnyBegin().Raise(tt);
     TaskBegin.Raise(tt);
     if (tt == kTaskSearch) Deref(mobjCondSnap).TakeSnap();
     mobjCond = tt == kTaskReplaceAll ? static_cast<ICondInfo*>(&live_) : mobjCondSnap.get();
@@ -68,10 +79,12 @@ void TaskManager::Run(std::int32_t tt) {
     error.Save();
     mblnRunning = false;
     TaskDone.Raise(tt);
+    AnyDone().Raise(tt);
     error.Raise();
   }
   mblnRunning = false;
   TaskDone.Raise(tt);
+  AnyDone().Raise(tt);
 }
 
 void TaskManager::ScanArea() {

@@ -49,6 +49,10 @@ class TaskManager : private Counted<TaskManager> {
   void Setup(IPage& p);
   void TearDown();
 
+  /// Of every task, whoever runs it: before its TaskBegin, and after its TaskDone, also when it failed.
+  static Event<std::int32_t>& AnyBegin();
+  static Event<std::int32_t>& AnyDone();
+
   Event<std::int32_t> TaskBegin;              ///< TaskType
   Event<std::int32_t> TaskDone;               ///< TaskType
   Event<bool&> Query;                         ///< Cancel; after each match

@@ -164,6 +164,18 @@ constexpr std::array kWords = {
           u"Copied. To apply it, run patch --binary -p0 in %1"},
     Words{Text::ChangesPatchWritten, u"已写入 %1。在 %2 中运行 patch --binary -p0 即可应用",
           u"Wrote %1. To apply it, run patch --binary -p0 in %2"},
+    Words{Text::TaskUndo, u"撤消全部替换（%2中的%1）", u"Undo Replace All (%1 in %2)"},
+    Words{Text::TaskRedo, u"重做全部替换（%2中的%1）", u"Redo Replace All (%1 in %2)"},
+    Words{Text::TaskUndoNone, u"撤消全部替换", u"Undo Replace All"},
+    Words{Text::TaskRedoNone, u"重做全部替换", u"Redo Replace All"},
+    Words{Text::TaskEdited, u"有 %1 个模块此后已被编辑，将保持不变。是否处理其余模块？",
+          u"%1 module was edited since and stays as it is. Go on with the others?|"
+          u"%1 modules were edited since and stay as they are. Go on with the others?"},
+    Words{
+        Text::TaskAllEdited, u"有 %1 个模块此后已被编辑，没有其余模块可以处理。",
+        u"%1 module was edited since, and there are no others.|%1 modules were edited since, and there are no others."},
+    Words{Text::TaskUndoRest, u"撤消其余(&U)", u"&Undo in the others"},
+    Words{Text::TaskRedoRest, u"重做其余(&R)", u"&Redo in the others"},
     Words{Text::StartRecent, u"最近打开", u"Recent"},
     Words{Text::StartSample, u"试用示例(&T)", u"&Try a sample"},
     Words{Text::StartSampleMore, u"在您的文件夹中放置一份小商店示例并打开",

@@ -117,6 +117,13 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
     if (!ending_) edits_->Drop();
     Stop();
   });
+  const auto replaces = [](std::int32_t taskType) { return (taskType & kTaskReplaceAll) != 0; };
+  taskBegin_ = TaskManager::AnyBegin().Subscribe([this, replaces](std::int32_t taskType) {
+    if (replaces(taskType)) window_->Tasks().Begin();
+  });
+  taskDone_ = TaskManager::AnyDone().Subscribe([this, replaces](std::int32_t taskType) {
+    if (replaces(taskType)) window_->Tasks().Done();
+  });
   sampleWanted_ = window_->SampleWanted.Subscribe([this] { OpenSample(); });
   sessionEnding_ = window_->SessionEnding.Subscribe([this] { edits_->Keep(); });
 }

@@ -72,6 +72,8 @@ class Desktop {
   Subscription languageAsked_;
   Subscription formClosed_;
   Subscription sampleWanted_;
+  Subscription taskBegin_;
+  Subscription taskDone_;
   Subscription closeAsked_;
   Subscription closing_;
   Subscription sessionEnding_;

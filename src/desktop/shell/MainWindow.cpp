@@ -90,6 +90,8 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       windows_(windows),
       recent_(settings),
       menu_(*this, texts_),
+      tasks_(workbench),
+      taskMenu_(tasks_, texts_, *this),
       files_(std::make_unique<FileCommands>(workbench, *this, texts_, settings)),
       code_(new CodeArea(workbench, windows, texts_)),
       notice_(new NoticeBar(texts_)),
@@ -252,6 +254,7 @@ void MainWindow::UpdateTexts() {
   QCoreApplication::removeTranslator(&toolkitTexts_);
   if (texts_.Language == 0) QCoreApplication::installTranslator(&toolkitTexts_);
   menu_.UpdateTexts();
+  taskMenu_.UpdateTexts();
   tree_->UpdateTexts();
   notice_->UpdateTexts();
   start_->UpdateTexts();

@@ -7,6 +7,8 @@
 #include "base/Event.h"
 #include "desktop/platform/Texts.h"
 #include "desktop/platform/ToolkitTexts.h"
+#include "desktop/review/TaskHistory.h"
+#include "desktop/review/TaskMenu.h"
 #include "desktop/shell/CursorStatus.h"
 #include "desktop/shell/DockWidth.h"
 #include "desktop/shell/EncodingStatus.h"
@@ -57,6 +59,8 @@ class MainWindow final : public QMainWindow {
   StartPage& Start() { return *start_; }
   ChangesView& Changes() { return *changes_; }
   QDockWidget& ChangesDock() { return *changesDock_; }
+  TaskHistory& Tasks() { return tasks_; }
+  TaskMenu& TaskEntries() { return taskMenu_; }
   const Texts& Words() const { return texts_; }
   /// 0 Chinese, 1 English: the words of the workbench's own windows.
   void SetLanguage(std::int32_t language);
@@ -118,6 +122,8 @@ class MainWindow final : public QMainWindow {
   ToolkitTexts toolkitTexts_;
   RecentFiles recent_;
   MainMenu menu_;
+  TaskHistory tasks_;
+  TaskMenu taskMenu_;
   std::unique_ptr<FileCommands> files_;
   CodeArea* code_;
   NoticeBar* notice_;

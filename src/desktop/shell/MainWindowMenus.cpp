@@ -90,6 +90,7 @@ void MainWindow::BuildEditMenu() {
     if (CodeEdit* editor = CurrentEditor()) editor->Redo();
   });
   redo.setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  taskMenu_.AddTo(menu);
   menu.addSeparator();
   menu_.Add(menu, Text::EditCut, QKeySequence::Cut, [] { ToFocus("cut"); });
   menu_.Add(menu, Text::EditCopy, QKeySequence::Copy, [] { ToFocus("copy"); });
