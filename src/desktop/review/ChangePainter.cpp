@@ -105,6 +105,7 @@ void ChangePainter::PaintTitle(QPainter& painter, const QStyleOptionViewItem& op
                      metrics.elidedText(path, Qt::ElideMiddle, place.width() - kMargin));
   }
   if (!selected && !hovered) return;
+  painter.fillRect(revert, palette.color(module ? QPalette::Window : QPalette::AlternateBase));
   painter.setPen(palette.color(QPalette::Link));
   painter.drawText(revert, Qt::AlignCenter, texts_(Text::ChangesPutBack));
 }

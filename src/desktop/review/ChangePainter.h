@@ -17,7 +17,7 @@ class ChangePainter final : public QStyledItemDelegate {
 
   /// Where a click on a row's rectangle means "put back"; empty for rows without that.
   QRect RevertPlace(const QRect& row, int number, const QFontMetrics& metrics) const;
-  /// Pixels that the longest of the first rows takes.
+  /// One line high; as wide as the list.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 

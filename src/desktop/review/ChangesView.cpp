@@ -76,9 +76,9 @@ void ChangesView::Build() {
   empty_->setAlignment(Qt::AlignCenter);
   empty_->setForegroundRole(QPalette::PlaceholderText);
   empty_->setWordWrap(true);
+  empty_->setFocusPolicy(Qt::ClickFocus);
   stack_->addWidget(empty_);
   stack_->addWidget(list_);
-  setFocusProxy(list_);
 
   auto* head = new QHBoxLayout;
   head->setContentsMargins(8, 2, 8, 2);
@@ -113,7 +113,11 @@ void ChangesView::UpdateSummary() {
                                  : texts_.Counted(Text::ChangesModules, modules) + QStringLiteral("  \u00B7  ") +
                                        texts_.Counted(Text::ChangesLines, lines));
   for (const Command& command : actions_) command.action->setEnabled(modules > 0);
-  stack_->setCurrentIndex(modules > 0 ? 1 : 0);
+  QWidget* shown = modules > 0 ? static_cast<QWidget*>(list_) : empty_;
+  const bool focused = stack_->currentWidget()->hasFocus();
+  stack_->setCurrentWidget(shown);
+  setFocusProxy(shown);  // keys of the list never reach the code behind it
+  if (focused) shown->setFocus();
 }
 
 /// The selection stays at its hunk, or at what is now in its place, and as far from the upper edge.

@@ -210,7 +210,9 @@ void MainWindow::Listen() {
   listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
   listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
   listen(workbench_.TheWindows()->Created, [this](const auto& window) {
-    viewMenu_->insertAction(treeDock_->toggleViewAction(), docks_.Add(window).toggleViewAction());
+    ToolDock& dock = docks_.Add(window);
+    if (dockWidgetArea(changesDock_) == Qt::BottomDockWidgetArea) tabifyDockWidget(&dock, changesDock_);
+    viewMenu_->insertAction(treeDock_->toggleViewAction(), dock.toggleViewAction());
   });
   listen(workbench_.TheWindows()->Removed, [this](const auto& window) { docks_.Remove(*window); });
   connect(
