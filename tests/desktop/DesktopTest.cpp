@@ -1,7 +1,4 @@
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QClipboard>
 #include <QListWidget>
@@ -10,13 +7,10 @@
 #include <QDialog>
 #include <QDockWidget>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QStatusBar>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QUrl>
@@ -25,12 +19,10 @@
 #include "base/Error.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/shell/AddInsMenu.h"
-#include "desktop/shell/DifferenceBox.h"
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/welcome/NoticeBar.h"
 #include "desktop/welcome/StartPage.h"
-#include "native/files/NewFile.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Desk.h"
 #include "workbench/model/HostCommandBar.h"
@@ -41,7 +33,6 @@
 #include "workbench/model/Project.h"
 #include "workbench/model/ToolWindow.h"
 #include "workbench/project/Opener.h"
-#include "workbench/save/FileSaver.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -177,89 +168,6 @@ TEST_F(DesktopTest, SelectionIsTheSameInPaneAndEditor) {
     editor.Select(position, anchor);
     EXPECT_EQ(pane->GetSelection(), row.selection) << row.selected;
   }
-}
-
-/// A comment in Big5: "set the title of the window, then write the data into the file and close it".
-constexpr char kBig5[] =
-    "' \xB3\x5D\xA9\x77\xB5\xF8\xB5\xA1\xAA\xBA\xBC\xD0\xC3\x44\xA1\x41\xA8\xC3\xB1\x4E\xB8\xEA\xAE\xC6\xBC\x67\xA4\x4A"
-    "\xC0\xC9\xAE\xD7\r\n";
-constexpr char16_t kTitle[] = u"' \u8A2D\u5B9A\u8996\u7A97\u7684\u6A19\u984C";
-
-class EncodingTest : public DesktopTest {
- protected:
-  EncodingTest() {
-    folder.Write("t/t.vbp", "Module=M; m.bas\r\nModule=N; n.bas\r\nName=\"T\"\r\n");
-    for (const char* name : {"M", "N"}) {
-      folder.Write(std::string("t/") + name + ".bas", std::string("Attribute VB_Name = \"") + name + "\"\r\n" + kBig5);
-    }
-  }
-  bool Reads(const std::u16string& module) { return ModuleNamed(module).Lines(1, 1).starts_with(kTitle); }
-  std::string Shown() {
-    return Window().statusBar()->findChild<QToolButton*>(QStringLiteral("CodePage"))->text().toStdString();
-  }
-};
-
-TEST_F(EncodingTest, APageThatCannotReadAProjectIsReplacedByALikelyOne) {
-  QString told;
-  AnswerNext(QMessageBox::Yes, &told);
-  Start();
-  Window().SetLanguage(1);
-  Open("t/t.vbp");
-  EXPECT_TRUE(told.contains(QStringLiteral("T")) && told.contains(QStringLiteral("1252"))) << told.toStdString();
-  EXPECT_TRUE(Reads(u"M"));
-  CodeEdit& editor = EditorOf(u"M");
-  EXPECT_TRUE(editor.toPlainText().startsWith(QString::fromUtf16(kTitle)));
-  EXPECT_EQ(Shown(), "Code page 950");
-
-  // What is typed is written in that page; a module alone may have another one, and the next run knows both.
-  QTest::keyClicks(&editor, QStringLiteral("x"));
-  Window().Menu().Find(Text::FileSave)->trigger();
-  EXPECT_EQ(folder.Read("t/M.bas"), std::string("Attribute VB_Name = \"M\"\r\nx") + kBig5);
-  const EncodingScope n{desktop->Host().Projects()[0], ComponentNamed(u"N")};
-  EXPECT_TRUE(Window().Files().Reopen(n, QStringLiteral("1252")));
-  EXPECT_FALSE(Reads(u"N"));
-  Stop();
-  Start();
-  Open("t/t.vbp");
-  EXPECT_TRUE(ModuleNamed(u"M").Lines(1, 1).starts_with(u"x" + std::u16string(kTitle)));
-  EXPECT_FALSE(Reads(u"N"));
-  EXPECT_TRUE(Window().Files().Reopen({}, QStringLiteral("950")));
-  EXPECT_TRUE(Reads(u"N"));
-}
-
-TEST_F(EncodingTest, EditsAreAskedAboutAndAKeptPageIsNotAskedAboutAgain) {
-  AnswerNext(QMessageBox::No);
-  Start();
-  Open("t/t.vbp");
-  EXPECT_FALSE(Reads(u"M"));
-  const EncodingScope m{desktop->Host().Projects()[0], ComponentNamed(u"M")};
-  ModuleNamed(u"M").InsertLines(1, u"typed");
-  AnswerNext(QMessageBox::Cancel);
-  EXPECT_FALSE(Window().Files().Reopen(m, QStringLiteral("950")));
-  EXPECT_EQ(ModuleNamed(u"M").Lines(1, 1), u"typed");
-  EXPECT_TRUE(Window().Files().Reopen({m.project, ComponentNamed(u"N")}, QStringLiteral("950"))) << "not edited";
-  AnswerNext(QMessageBox::Discard);
-  EXPECT_TRUE(Window().Files().Reopen(m, QStringLiteral("950")));
-  EXPECT_TRUE(Reads(u"M"));
-  Stop();
-  Start();
-  Open("t/t.vbp");
-  EXPECT_TRUE(Reads(u"M"));
-}
-
-/// Where the names in the lists are in that page too, all is opened anew, with the windows that were open.
-TEST_F(EncodingTest, NamesInTheListsComeAnewWithTheirFiles) {
-  folder.Write("t/t.vbp", "Module=M; m.bas\r\nModule=N; \xA4\xA4\xA4\xE5.bas\r\nName=\"T\"\r\n");
-  std::filesystem::rename(folder / "t/N.bas", folder / "t/\u4E2D\u6587.bas");
-  Start("950");
-  Open("t/t.vbp");
-  EditorOf(u"M");
-  EXPECT_TRUE(Window().Files().Reopen({}, QStringLiteral("1252")));
-  EXPECT_EQ(desktop->Host().Projects()[0]->Components().size(), 1U);
-  EXPECT_TRUE(Window().Files().Reopen({desktop->Host().Projects()[0], nullptr}, QStringLiteral("950")));
-  EXPECT_TRUE(Reads(u"N"));
-  ASSERT_NE(Window().Code().Current(), nullptr);
-  EXPECT_EQ(Window().Code().Current()->TheComponent()->Name(), u"M");
 }
 
 TEST_F(ShopTest, TreeThatATinyWindowSqueezedComesBack) {
@@ -445,154 +353,6 @@ TEST_F(ShopTest, SavesOneFileOrAll) {
   Window().Menu().Find(Text::FileSaveAll)->trigger();
   EXPECT_EQ(folder.Read(order).size(), before.size() + 1);
   EXPECT_EQ(Window().Files().ModifiedCount(), 0);
-}
-
-TEST_F(ShopTest, ReloadsWhatChangedOnDisk) {
-  CodeEdit& editor = EditorOf(u"modMain");
-  const std::string before = folder.Read(kMain);
-  const auto change = [&](const std::string& line) {
-    std::string bytes = before;
-    bytes.insert(bytes.find("Option Explicit"), line + "\r\n");
-    folder.Write(kMain, bytes);
-    return bytes;
-  };
-  QApplication::setActiveWindow(&Window());
-  change("' from outside");
-  EXPECT_TRUE(WaitUntil([&] { return ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)) == "' from outside"; }, 5s));
-  EXPECT_FALSE(ModuleNamed(u"modMain").Modified());
-
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  EXPECT_TRUE(Window().Files().Save(*ComponentNamed(u"modMain")));
-
-  // With edits of one's own it is a question; the edits come back by undo.
-  editor.GoToLine(1);
-  QTest::keyClicks(&editor, QStringLiteral("mine"));
-  change("' again, longer");
-  AnswerNext(QMessageBox::Yes);
-  Window().Files().CheckDisk();
-  EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)), "' again, longer");
-  EXPECT_FALSE(ModuleNamed(u"modMain").Modified());
-  editor.Undo();
-  EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)).substr(0, 4), "mine");
-
-  const std::string outside = change("' a third time, and longer");
-  AnswerNext(QMessageBox::No);
-  Window().Files().CheckDisk();
-  EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)).substr(0, 4), "mine");
-  Window().Files().CheckDisk();  // answered once and for all
-  EXPECT_EQ(folder.Read(kMain), outside);
-  Window().Menu().Find(Text::FileSave)->trigger();
-  EXPECT_NE(folder.Read(kMain).find("mine"), std::string::npos);
-}
-
-TEST_F(ShopTest, AHalfSaveIsSettledAndNothingIsWrittenElsewhereUnasked) {
-  const std::vector<workbench::FileToSave> files = {
-      {folder / kMain, "new", native::FileStamp::Of(folder / kMain).value()},
-      {folder / "samples/Shop/App/frmDesk.frm", "new",
-       native::FileStamp::Of(folder / "samples/Shop/App/frmDesk.frm").value()}};
-  const std::string before = folder.Read(kMain);
-  for (const auto& [button, main] : {std::pair(QMessageBox::Discard, before), std::pair(QMessageBox::Save, before)}) {
-    const pid_t child = fork();
-    if (child == 0) {
-      workbench::SaveFiles(files, [](const char* from, const char* to) {
-        if (std::string(to).ends_with("frmDesk.frm")) raise(SIGKILL);
-        return native::MoveOver(from, to);
-      });
-    }
-    waitpid(child, nullptr, 0);
-    QString question;
-    AnswerNext(button, &question);
-    Open("samples/Shop/Shop.vbg");
-    EXPECT_TRUE(question.contains(QStringLiteral("modMain.bas"))) << question.toStdString();
-    EXPECT_EQ(folder.Read(kMain), button == QMessageBox::Save ? "new" : main);
-  }
-  EXPECT_EQ(folder.Read("samples/Shop/App/frmDesk.frm"), "new");
-
-  const std::string far = folder.Write("far/Far.bas", "Attribute VB_Name = \"Far\"\r\n");
-  folder.Write("P/P.vbp", "Type=Exe\r\nName=\"P\"\r\nModule=Far; " + far + "\r\n");
-  Open("P/P.vbp");
-  QTest::keyClicks(&EditorOf(u"Far"), QStringLiteral("'"));
-  QString question;
-  AnswerNext(QMessageBox::Cancel, &question);
-  EXPECT_FALSE(Window().Files().SaveAll());
-  EXPECT_TRUE(question.contains(QStringLiteral("Far.bas"))) << question.toStdString();
-  AnswerNext(QMessageBox::Save);
-  EXPECT_TRUE(Window().Files().Save(*ComponentNamed(u"Far")));
-  EXPECT_NE(folder.Read("far/Far.bas").find("'"), std::string::npos);
-}
-
-TEST_F(ShopTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {
-  CodeEdit& editor = EditorOf(u"modMain");
-  const auto component = ComponentNamed(u"modMain");
-  const std::string before = folder.Read(kMain);
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  folder.Write(kMain, before + "' outside\r\n");
-  QString question;
-  AnswerNext(QMessageBox::No, &question);
-  EXPECT_TRUE(Window().Files().Save(*component));
-  EXPECT_TRUE(question.contains(QStringLiteral("modMain.bas"))) << question.toStdString();
-  EXPECT_EQ(folder.Read(kMain).size(), before.size() + 1);
-
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  folder.Write(kMain, before + "' outside\r\n");
-  AnswerNext(QMessageBox::Yes);
-  EXPECT_FALSE(Window().Files().Save(*component)) << "it was loaded instead";
-  EXPECT_FALSE(component->TheModule()->Modified());
-  EXPECT_EQ(folder.Read(kMain), before + "' outside\r\n");
-
-  // Whoever wants to see first what the difference is, is asked again; nothing is lost by Escape.
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  const std::string outside = before + "' again outside\r\n";
-  folder.Write(kMain, outside);
-  QString difference;
-  QTimer closer;
-  QObject::connect(&closer, &QTimer::timeout, &closer, [&] {
-    auto* box = dynamic_cast<DifferenceBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    difference = box->findChild<QPlainTextEdit*>()->toPlainText();
-    box->reject();
-  });
-  closer.start(5);
-  AnswerNext(QMessageBox::Retry);
-  AnswerNext(QMessageBox::Cancel);
-  EXPECT_FALSE(Window().Files().Save(*component));
-  EXPECT_TRUE(difference.contains(QStringLiteral("-' again outside"))) << difference.toStdString();
-  EXPECT_EQ(folder.Read(kMain), outside);
-  AnswerNext(QMessageBox::Yes);
-  Window().Files().CheckDisk();
-
-  // A file that is gone is told once, when it goes, and asked about again by each save.
-  QApplication::setActiveWindow(&Window());
-  question.clear();
-  AnswerNext(QMessageBox::No, &question);
-  std::filesystem::remove(folder / kMain);
-  EXPECT_TRUE(WaitUntil([&] { return question.contains(QStringLiteral("modMain.bas")); }, 5s));
-  Window().Files().CheckDisk();
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  AnswerNext(QMessageBox::No);
-  EXPECT_FALSE(Window().Files().SaveAll());
-  EXPECT_FALSE(std::filesystem::exists(folder / kMain));
-  AnswerNext(QMessageBox::Yes);
-  EXPECT_TRUE(Window().Files().SaveAll());
-  EXPECT_EQ(folder.Read(kMain).size(), outside.size() + 1);
-
-  // Or it becomes another file.
-  std::filesystem::remove(folder / kMain);
-  QObject::connect(&closer, &QTimer::timeout, &closer, [&] {
-    auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-    if (asked == nullptr) return;
-    asked->selectFile(QString::fromStdString(folder / "elsewhere.bas"));
-    static_cast<QDialog*>(asked)->accept();
-  });
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  AnswerNext(QMessageBox::Open);
-  EXPECT_FALSE(Window().Files().SaveAll()) << "nothing was left";
-  EXPECT_FALSE(component->TheModule()->Modified());
-  EXPECT_EQ(folder.Read("elsewhere.bas").size(), outside.size() + 2);
-  EXPECT_FALSE(std::filesystem::exists(folder / kMain));
-  QTest::keyClicks(&editor, QStringLiteral("'"));
-  EXPECT_TRUE(Window().Files().Save(*component));
-  EXPECT_EQ(folder.Read("elsewhere.bas").size(), outside.size() + 3);
 }
 
 TEST_F(DesktopTest, DroppedFilesAreOpened) {
