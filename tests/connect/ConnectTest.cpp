@@ -13,6 +13,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
 #include "support/ConnectionFixture.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/HostCommandBars.h"
@@ -140,6 +141,11 @@ class ConnectTest : public testing::Test {
     return boxes;
   }
 
+  static Log LogOf(const std::string& table) {
+    Log log;
+    for (const test::Row& row : test::Rows("connect/Connect.rows", table)) log.push_back(row.Bytes(0));
+    return log;
+  }
   bool HotkeysTake(std::int32_t key) { return Globals::gobjHotkeyProxy->Manager->KeyDown(key, 2); }
   void Store(const std::u16string& key, const std::u16string& value) {
     platform_.settings.Now[{u"Quorvane插件", u"Settings"}][key] = value;
@@ -175,8 +181,6 @@ class ConnectTest : public testing::Test {
   Subscription onBar_, onLoad_, onSave_;
 };
 
-// In the state: f filter, V host, C connection, U utilities, E errors, S settings, P pages (p without tab bar),
-// T update check, H hotkeys, D document, W tool window.
 TEST_F(ConnectTest, TheWholeLifeInItsOrder) {
   platform_.settings.Now[{u"Quorvane插件", u"Settings"}][u"UpdateInterval"] = u"0";
   Load();
@@ -185,23 +189,7 @@ TEST_F(ConnectTest, TheWholeLifeInItsOrder) {
   Globals::gobjPageManager->AddNewPage();
   Unload();
   Note("disconnected");
-  EXPECT_EQ(log_, (Log{
-                      "document made: fVCUESpTH - 0 Quorvane插件",
-                      "document Setup: fVCUESPTHDW - 0 Quorvane插件",
-                      "LoadSetting: fVCUESPTHDW keys 0 Quorvane插件",
-                      "menu: fVCUESPTHDW keys 2 [] Quorvane插件",
-                      "connected: fVCUESPTHDW keys 2 [Quorvan&e] Quorvane add-in",
-                      "ShowEx: fVCUESPTHDW keys 2 [Quorvan&e] Quorvane add-in",
-                      "Form_Load: fVCUESPTHDW keys 2 [Quorvan&e] Quorvane add-in",
-                      "Search1 Setup",
-                      "SaveSetting: fVCUESPTHDW - 2 [Quorvan&e] Quorvane add-in",
-                      "Form_QueryUnload 1: fVCUESPTHDW - 2 [Quorvan&e] Quorvane add-in",
-                      "Form_Unload: fVCUESPTHDW - 2 [Quorvan&e] Quorvane add-in",
-                      "Search1 TearDown",
-                      "document TearDown: fVCUESpTHDW - 2 [Quorvan&e] Quorvane add-in",
-                      "menu: fVCW - 2 Quorvane add-in",
-                      "disconnected: fVCW - 2 Quorvane add-in",
-                  }));
+  EXPECT_EQ(log_, LogOf("WholeLife"));
   for (const char* name : {"PageManager", "PageCollection", "Updater", "HotkeyProxy", "GlobalSetting", "Utilities"}) {
     EXPECT_EQ(ObjStat::Count(name), 0) << name;
   }
@@ -211,8 +199,7 @@ TEST_F(ConnectTest, LoadedFromOutsideItShowsTheDialogAndMakesNoEntry) {
   Load(ConnectMode::External);
   Note("connected");
   log_.erase(log_.begin(), log_.begin() + 3);  // as in the whole life
-  EXPECT_EQ(log_, (Log{"ShowEx: fVCUESPTHDW keys 0 Quorvane插件", "Form_Load: fVCUESPTHDW keys 0 Quorvane插件",
-                       "connected: fVCUESPTHDW keys 0 Quorvane add-in"}));
+  EXPECT_EQ(log_, LogOf("FromOutside"));
 }
 
 TEST_F(ConnectTest, AHostWithoutTheBarGetsNoEntryAndNoError) {
@@ -243,49 +230,38 @@ TEST_F(ConnectTest, TheTextsFollowTheLanguage) {
 
 TEST_F(ConnectTest, AFailureOnTheWayInIsShownAndEndsTheStartWhereItHappened) {
   const auto fail = [] { RaiseError(ErrorNumber::Overflow); };
-  const struct {
-    const char* name;
-    std::function<void()> arrange;
-    std::string box;
-    std::string state;
-    bool loaded = false;
-  } rows[] = {
-      {"no document", [this] { TakeAwayTheDocument(); },
-       "Error:13\r\nDescription:Type mismatch: QuorvaneForVB6.ResultDialog is no result list",
-       "fVCUESpTHW - 0 Quorvane插件"},
-      {"a language without texts", [] { Globals::Language().Language = 7; },
-       "326: Resource with identifier '7213' not found", "fVCUESpT - 0 Quorvane插件"},
-      {"a Setup", [&] { onSetup = fail; }, "Error:6\r\nDescription:Overflow", "fVCUESPTHDW - 0 Quorvane插件"},
-      {"a stored number", [this] { Store(u"RelativeLineCount", u"many"); }, "Error:13",
-       "fVCUESPTHDW keys 0 Quorvane插件"},
-      {"a stored key", [this] { Store(u"RefreshResult", u"Ctrl+"); }, "Error:13", "fVCUESPTHDW keys 0 Quorvane插件"},
+  const std::map<std::string, std::function<void()>> arrange = {
+      {"no document", [this] { TakeAwayTheDocument(); }},
+      {"a language without texts", [] { Globals::Language().Language = 7; }},
+      {"a Setup", [&] { onSetup = fail; }},
+      {"a stored number", [this] { Store(u"RelativeLineCount", u"many"); }},
+      {"a stored key", [this] { Store(u"RefreshResult", u"Ctrl+"); }},
       {"the request",
        [this] {
          Store(u"UpdateInterval", u"0");
          platform_.web.RefuseSend = 5;
-       },
-       "Error:5\r\nDescription:refused", "fVCUESPTHDW keys 2 Quorvane插件", true},
+       }},
       {"the dialog",
        [&] {
          mode_ = ConnectMode::External;
          onShow = fail;
-       },
-       "Error:6\r\nDescription:Overflow", "fVCUESPTHDW keys 0 Quorvane插件", true},
+       }},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+  for (const test::Row& row : test::Rows("connect/Connect.rows", "WayIn")) {
+    SCOPED_TRACE(row.Where());
+    const bool loaded = row.Bytes(3) == "loaded";
     StartOver();
     Store(u"XSL", u"<mine/>");
-    row.arrange();
+    arrange.at(row.Bytes(0))();
     const auto before = platform_.settings.Now;
     platform_.prompts.Answers = {1};
     Load(mode_);
     EXPECT_EQ(Boxes().size(), 1U);
-    EXPECT_EQ(Boxes().back().substr(0, row.box.size()), row.box);
-    EXPECT_EQ(Boxes().back().ends_with("\r\nA copy of your settings as they were is kept in (the copy)"), !row.loaded);
-    EXPECT_EQ(State(), row.state);
+    EXPECT_TRUE(Boxes().back().starts_with(row.Bytes(1))) << Boxes().back();
+    EXPECT_EQ(Boxes().back().ends_with("\r\nA copy of your settings as they were is kept in (the copy)"), !loaded);
+    EXPECT_EQ(State(), row.Bytes(2));
     Unload();
-    EXPECT_EQ(platform_.settings.Kept, row.loaded ? test::MemorySettings::Sections() : before);
+    EXPECT_EQ(platform_.settings.Kept, loaded ? test::MemorySettings::Sections() : before);
     EXPECT_EQ(State(), (Globals::gobjToolWindow ? "fVCW - " : "fVC - ") + std::to_string(platform_.web.Calls.size()) +
                            " Quorvane插件")
         << "the stop reaches its end all the same";
@@ -300,13 +276,7 @@ TEST_F(ConnectTest, AFailureOnTheWayOutIsSkipped) {
   onUnload = onTearDown = [] { RaiseError(ErrorNumber::Overflow); };
   log_.clear();
   Unload();
-  EXPECT_EQ(log_, (Log{
-                      "Form_QueryUnload 1: fVCUESPTHDW - 0 [Quorvan&e] Quorvane add-in",
-                      "Form_Unload: fVCUESPTHDW - 0 [Quorvan&e] Quorvane add-in",
-                      "Search1 TearDown",
-                      "document TearDown: fVCUESpTHDW - 0 [Quorvan&e] Quorvane add-in",
-                      "menu: fVCW - 0 Quorvane add-in",
-                  }));
+  EXPECT_EQ(log_, LogOf("WayOut"));
   EXPECT_EQ(platform_.settings.Commits, 1);
   onUnload = onTearDown = nullptr;
   forms::TheForms().Item(0)->Unload();

@@ -3,9 +3,7 @@
 #include <QTreeWidget>
 
 #include "FormWindowsFixture.h"
-#include "addin/dialogs/frmCodePreview.h"
 #include "addin/dialogs/frmOption.h"
-#include "addin/search/ConditionSnap.h"
 #include "desktop/views/KeyEditorView.h"
 #include "desktop/views/TabBarView.h"
 #include "platform/forms/Tab.h"

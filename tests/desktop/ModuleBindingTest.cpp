@@ -5,8 +5,6 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "QtFixture.h"
 #include "base/Text.h"

@@ -10,7 +10,6 @@
 #include <QTest>
 #include <QTimer>
 #include <map>
-#include <vector>
 
 #include "QtFixture.h"
 #include "desktop/platform/KeyboardLayout.h"

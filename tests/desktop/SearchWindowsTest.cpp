@@ -7,7 +7,6 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QWheelEvent>
-#include <functional>
 #include <map>
 #include <numeric>
 

@@ -3,7 +3,6 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
-#include <string>
 
 #include "QtFixture.h"
 #include "desktop/editor/VbHighlighter.h"

@@ -204,21 +204,12 @@ TEST(TextBoxTest, AnEditKeepsTheKindOfLineBreak) {
   forms::TextBox box(forms::TextBox::Lines::Many);
   int changes = 0;
   const auto onChange = box.Change.Subscribe([&] { ++changes; });
-  const struct {
-    const char16_t* before;
-    const char16_t* typed;
-    const char16_t* after;
-    int changes;
-  } rows[] = {
-      {u"a\r\nb", u"a\nb", u"a\r\nb", 0}, {u"a\nb", u"a\nb", u"a\nb", 0},   {u"a\nb", u"a\r\nb\r\n", u"a\nb\n", 1},
-      {u"a", u"a\nb", u"a\r\nb", 1},      {u"", u"\r\n\n", u"\r\n\r\n", 1},
-  };
-  for (const auto& row : rows) {
-    box.SetText(row.before);
+  for (const test::Row& row : test::Rows("dialogs/ControlModels.rows", "Breaks")) {
+    box.SetText(row.Text(0));
     changes = 0;
-    box.Edit(row.typed);
-    EXPECT_EQ(ToUtf8(box.Text()), ToUtf8(row.after));
-    EXPECT_EQ(changes, row.changes) << ToUtf8(row.after);
+    box.Edit(row.Text(1));
+    EXPECT_EQ(ToUtf8(box.Text()), row.Bytes(2)) << row.Where();
+    EXPECT_EQ(changes, row.Number(3)) << row.Where();
   }
   box.SetLocked(true);
   box.Edit(u"typed");

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "DialogWorld.h"
-#include "addin/core/ErrorManager.h"
 #include "platform/forms/Forms.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
@@ -122,29 +121,22 @@ TEST_F(SearchDialogTaskTest, TheFirstShowFindsATaskThatIsRunning) {
 }
 
 TEST_F(SearchDialogTaskTest, HidesAsConfigured) {
-  const struct {
-    std::int32_t autoHide;
-    bool cancel;
-    const char* during;
-    bool visibleBehind;
-  } rows[] = {
-      {0, false, "cancel [M] hidden", false}, {0, true, "cancel [M] hidden", false}, {1, false, "cancel [M]", false},
-      {1, true, "cancel [M]", true},          {2, false, "cancel [M]", true},        {2, true, "cancel [M]", true},
-  };
-  for (const auto& row : rows) {
+  for (const test::Row& row : test::Rows("dialogs/SearchDialog.rows", "Hides")) {
+    SCOPED_TRACE(row.Where());
+    const bool cancel = row.Bytes(1) == "cancelled";
     frmSearchDialog& d = Ready();
-    Setting().menumAutoHideSearchDlg = row.autoHide;
+    Setting().menumAutoHideSearchDlg = row.Number(0);
     std::string during;
     InTheFirstTurn([&] {
       during = Commands();
-      if (row.cancel) d.cmdCancel->Press();
-      if (row.cancel && d.Visible()) {
+      if (cancel) d.cmdCancel->Press();
+      if (cancel && d.Visible()) {
         EXPECT_TRUE(ActivePage()->mobjTask->mblnCancel);
       }
     });
     d.cmdSearch->Press();
-    EXPECT_EQ(during, row.during);
-    EXPECT_EQ(d.Visible(), row.visibleBehind) << row.autoHide << row.cancel;
+    EXPECT_EQ(during, row.Bytes(2));
+    EXPECT_EQ(d.Visible(), row.Bytes(3) == "shown");
     EXPECT_TRUE(d.cmdSearch->Enabled());
   }
 }

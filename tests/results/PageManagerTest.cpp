@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
-
 #include "addin/core/Globals.h"
 #include "addin/core/LanguageManager.h"
 #include "addin/results/PageManager.h"

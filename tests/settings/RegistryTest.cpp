@@ -2,6 +2,7 @@
 
 #include "addin/core/ErrorManager.h"
 #include "addin/settings/Registry.h"
+#include "support/Rows.h"
 #include "support/TestPlatform.h"
 
 namespace quorvane::test {
@@ -17,6 +18,14 @@ class RegistryTest : public ::testing::Test {
     return registry.SetValue(1, u"Key", u"v", type, theValue, &number, &description);
   }
 
+  /// "#7" is a number, "(none)" no value.
+  static Registry::Value ValueOf(const Row& row, std::size_t cell) {
+    const std::string text = row.Bytes(cell);
+    if (text == "(none)") return {};
+    if (text.starts_with('#')) return std::stoi(text.substr(1));
+    return row.Text(cell);
+  }
+
   TestPlatform platform;
   Registry registry;
   Registry::Value value = u"before";
@@ -25,50 +34,27 @@ class RegistryTest : public ::testing::Test {
 };
 
 TEST_F(RegistryTest, ReadsByType) {
-  struct Row {
-    std::int32_t type;
-    std::string bytes;
-    Registry::Value value;
-  };
-  const Row rows[] = {
-      {1, std::string("caf\xE9\0", 5), u"café"},
-      {1, std::string(254, 'x') + '\0', std::u16string(254, u'x')},
-      {1, std::string("a\0b\0", 4), u"a"},
-      {1, "no zero", u"no zero"},
-      {2, std::string(3000, 'x') + '\0', std::u16string(3000, u'x')},
-      {2, std::string("%HOME%\0", 7), u"%HOME%"},
-      {3, std::string("\x01\x02\x00\x80\x09\x09", 6), std::int32_t(0x80000201)},
-      {3, std::string("\x07", 1), 7},
-      {4, std::string("\xFF\xFF\xFF\xFF", 4), -1},
-      {7, std::string("many\0\0", 6), u"before"},
-  };
-  for (const Row& row : rows) {
-    Put(row.type, row.bytes);
+  for (const Row& row : Rows("settings/Registry.rows", "Read")) {
+    Put(row.Number(0), row.Bytes(1));
     value = u"before";
     EXPECT_TRUE(Get());
-    EXPECT_EQ(value, row.value) << row.type;
+    EXPECT_EQ(value, ValueOf(row, 2)) << row.Where();
     EXPECT_EQ(number, 0);
     EXPECT_EQ(description, u"");
+  }
+  for (const auto& [type, length] : {std::pair(1, 254), std::pair(2, 3000)}) {
+    Put(type, std::string(static_cast<std::size_t>(length), 'x') + '\0');
+    EXPECT_TRUE(Get());
+    EXPECT_EQ(value, Registry::Value(std::u16string(static_cast<std::size_t>(length), u'x')));
   }
   EXPECT_EQ(platform.registry.LastAccess, 0x20019u);
   EXPECT_EQ(platform.registry.OpenKeys(), 0u);
 }
 
 TEST_F(RegistryTest, WritesByType) {
-  struct Row {
-    std::int32_t type;
-    Registry::Value value;
-    std::string bytes;
-  };
-  const Row rows[] = {{1, u"café", std::string("caf\xE9\0", 5)},
-                      {2, 12, std::string("12\0", 3)},
-                      {1, {}, std::string(1, '\0')},
-                      {3, -2, "\xFE\xFF\xFF\xFF"},
-                      {4, u" 258 ", std::string("\x02\x01\0\0", 4)},
-                      {4, {}, std::string(4, '\0')}};
-  for (const Row& row : rows) {
-    EXPECT_TRUE(Set(row.type, row.value));
-    EXPECT_EQ((platform.registry.Values[{"Key", "v"}]), std::pair(row.type, row.bytes));
+  for (const Row& row : Rows("settings/Registry.rows", "Written")) {
+    EXPECT_TRUE(Set(row.Number(0), ValueOf(row, 1)));
+    EXPECT_EQ((platform.registry.Values[{"Key", "v"}]), std::pair(row.Number(0), row.Bytes(2))) << row.Where();
   }
   EXPECT_EQ(platform.registry.LastAccess, 0x20006u);
   EXPECT_EQ(platform.registry.OpenKeys(), 0u);

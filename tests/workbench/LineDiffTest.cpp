@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <ctime>
 #include <ostream>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "support/Rows.h"
 #include "support/Seed.h"
