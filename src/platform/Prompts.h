@@ -5,6 +5,8 @@
 
 namespace quorvane {
 
+class Error;
+
 /// What a file dialog shows.
 struct FileDialogSetup {
   std::u16string FileName;    ///< offered; a path or a name, may be empty
@@ -46,6 +48,9 @@ class Prompts {
 
   /// `flags` is a sum of MsgBoxFlag, the answer a MsgBoxAnswer.
   virtual int MsgBox(const std::u16string& text, int flags, const std::u16string& caption) = 0;
+
+  /// Tells the user of `error`; `report` is the full text of what there is to say, which a box shows by default.
+  virtual void ShowError(const Error& error, const std::u16string& report, const std::u16string& caption);
 
   /// The path that the user chose to save to, the default extension added where it is due; no value for a cancel. Raises
   /// error 445 where the platform has no file dialog.

@@ -1,18 +1,23 @@
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QLabel>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QToolButton>
 #include <QUrl>
 #include <QWheelEvent>
+#include <cstring>
 #include <map>
 #include <numeric>
 
 #include "SearchWindowsFixture.h"
 #include "addin/core/Utilities.h"
 #include "desktop/review/TaskMenu.h"
+#include "desktop/views/EmptyListNote.h"
 #include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
 #include "platform/forms/Label.h"
@@ -104,6 +109,87 @@ TEST_F(SearchWindowsTest, FindTakesTheSelectionOfTheEditor) {
   QTest::keyClick(&Window().Code().Current()->Editor(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_TRUE(WaitUntil([] { return Dialog().Visible(); }, 2s));
   EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"NextOrderNo");
+}
+
+TEST_F(SearchWindowsTest, TheEndOfATaskIsTold) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  Globals::gobjSetting->menumSearchTo = 1;
+  const auto key = [this](Qt::Key wanted) {
+    Window().statusBar()->clearMessage();
+    QApplication::setActiveWindow(&Window());
+    QTest::keyClick(&Window(), wanted, Qt::ControlModifier);
+    return Window().statusBar()->currentMessage().toStdString();
+  };
+  EXPECT_EQ(key(Qt::Key_Period), "There are no search results yet");
+
+  const struct {
+    gsArea area;
+    gsMode mode;
+    const char* text;
+    const char* replacement;  ///< null: a search
+    std::vector<int> answers;
+    const char* asked;  ///< how the last box begins, without its number
+    const char* note;   ///< in the dialog
+    int rows;
+    const char* line;  ///< in the bar below
+  } cases[] = {
+      {gsAllProjects, gsCommon, "NextOrderNo", nullptr, {}, "", "", 3, ""},
+      {gsAllProjects, gsRegular, "Next(", nullptr, {QMessageBox::Ok}, "Expected ')' in regular", "", 3, ""},
+      {gsAllProjects, gsRegular, "Next(", "x", {QMessageBox::Ok}, "Expected ')' in regular", "", 3, ""},
+      {gsAllProjects, gsRegular, "no such", "x", {QMessageBox::Yes}, "Are you", "", 3, "There was nothing to replace"},
+      {gsAllProjects,
+       gsRegular,
+       "NextOrderNo",
+       "NextNo",
+       {QMessageBox::Yes},
+       "Are you",
+       "",
+       3,
+       "Replaced 3 places in 2 modules, comments included"},
+      {gsCurModule, gsCommon, "x", nullptr, {QMessageBox::Ok}, "No code window is open.", "", 3, nullptr},
+      {gsAllProjects, gsCommon, "NextOrderNo", nullptr, {}, "", "Nothing found", 0, ""},
+  };
+  ShowDialog();
+  auto& status = dynamic_cast<StatusLabel&>(WidgetOf(*Dialog().lblCurModule));
+  for (const auto& row : cases) {
+    if (!Dialog().Visible()) ShowDialog();
+    Dialog().optAreaButtons[row.area]->Press();
+    Dialog().optModeButtons[row.mode]->Press();
+    Dialog().cmbSearch->SetText(FromUtf8(row.text));
+    Dialog().cmbReplace->SetText(FromUtf8(row.replacement != nullptr ? row.replacement : ""));
+    Window().statusBar()->clearMessage();
+    Dialog().SetFocus(Dialog().cmbSearch);
+    QString asked;
+    for (const int answer : row.answers) AnswerNext(answer, &asked);
+    (row.replacement != nullptr ? Dialog().cmdReplace : Dialog().cmdSearch)->Press();
+    EXPECT_EQ(asked.toStdString().substr(0, std::strlen(row.asked)), row.asked);
+    EXPECT_EQ(asked.isEmpty(), row.answers.empty());
+    EXPECT_EQ(status.Text().toStdString(), row.note) << row.text;
+    EXPECT_EQ(EmptyListNote(List().Model()).toStdString(), row.note) << row.text;
+    EXPECT_EQ(List().Model().ListCount(), row.rows) << row.text;
+    if (row.line != nullptr) {
+      EXPECT_EQ(Window().statusBar()->currentMessage().toStdString(), row.line);
+    }
+  }
+
+  // The text of the last search gives way to what is typed, and a note to the next search.
+  auto& find = dynamic_cast<QComboBox&>(WidgetOf(*Dialog().cmbSearch));
+  EXPECT_EQ(find.lineEdit()->selectedText(), QStringLiteral("NextOrderNo"));
+  QTest::keyClicks(find.lineEdit(), QStringLiteral("n"));
+  EXPECT_EQ(Globals::gobjSetting->mstrSearchStr, u"n");
+  EXPECT_EQ(status.Text(), QString());
+  find.lineEdit()->selectAll();
+  QApplication::clipboard()->setText(QStringLiteral("two\nlines"));
+  find.lineEdit()->paste();
+  EXPECT_EQ(find.lineEdit()->text(), QStringLiteral("twolines"));
+
+  // Replace All cares for no comment option, which is said before.
+  auto* hint = WidgetOf(*Dialog().frameOption).findChild<QLabel*>();
+  EXPECT_FALSE(hint->isVisible());
+  QTest::keyClicks(&WidgetOf(*Dialog().cmbReplace), QStringLiteral("x"));
+  EXPECT_TRUE(hint->isVisible());
+  EXPECT_TRUE(hint->toolTip().contains(QStringLiteral("comments")));
 }
 
 TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {

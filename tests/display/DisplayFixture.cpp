@@ -211,7 +211,9 @@ QWidget& DisplayTest::WindowTitled(const QString& title) {
 }
 
 QWidget& DisplayTest::Box() {
-  return dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget());
+  QWidget* const box = QApplication::activeModalWidget();
+  if (dynamic_cast<QDialog*>(box) == nullptr) throw std::runtime_error("no box");
+  return *box;
 }
 
 QWidget& DisplayTest::DialogWindow() {

@@ -17,7 +17,7 @@ void ErrorManager::ShowErr() const {
   std::u16string text;
   // Without a language that has texts, and that may be the very error, its own words must do.
   if (!SkipErrors([&] { text = GetErrStr(); })) text = ToText(error.Number) + u": " + error.Description;
-  ThePlatform().MessageBoxes().MsgBox(text, kOkOnly, ThePlatform().TheApp().Title);
+  ThePlatform().MessageBoxes().ShowError(error, text, ThePlatform().TheApp().Title);
 }
 
 std::u16string ErrorManager::GetErrStr() const {

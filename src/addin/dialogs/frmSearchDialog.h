@@ -48,6 +48,10 @@ class frmSearchDialog final : public FramedDialog,
   /// IVersionUI_Update: all captions.
   void Update() override;
 
+  Event<std::int32_t> SearchEnded;  ///< a search from here came to its end, with so many matches
+  /// A replace from here ended, be it by an error: the places that it changed, and the modules with such.
+  Event<std::int32_t, std::int32_t> ReplaceEnded;
+
  protected:
   void Form_Load() override;
   /// The close box hides the form; nobody else is held back.
@@ -77,6 +81,7 @@ class frmSearchDialog final : public FramedDialog,
   void Watch(std::shared_ptr<TaskManager> task);
   void WatchActivePage();
   void RunTask(std::int32_t tt);
+  void RunReplace(TaskManager& task);
   void cmdSearch_Click();
   void cmdReplace_Click();
   void cmdCancel_Click();

@@ -7,6 +7,8 @@
 #include "addin/dialogs/frmSearchDialog.h"
 #include "addin/results/IResultPage.h"
 #include "addin/results/PageManager.h"
+#include "addin/search/IPage.h"
+#include "addin/search/ResultCollection.h"
 #include "addin/search/TaskManager.h"
 #include "addin/settings/GlobalSetting.h"
 #include "base/Error.h"
@@ -44,8 +46,31 @@ void frmSearchDialog::cmdReplace_Click() {
 
 void frmSearchDialog::RunTask(std::int32_t tt) {
   const std::shared_ptr<TaskManager> task = mobjTaskMgr;  // the dialog may let it go before it ends
-  Deref(task).Run(tt);
+  if (tt == kTaskReplaceAll) {
+    RunReplace(Deref(task));
+  } else {
+    Deref(task).Run(tt);
+  }
   if (Loaded()) MemToScreen();
+  if (tt == kTaskSearch && task->mobjParent != nullptr) SearchEnded.Raise(Deref(task->mobjParent->Result()).Count());
+}
+
+void frmSearchDialog::RunReplace(TaskManager& task) {
+  std::int32_t places = 0;
+  std::int32_t modules = 0;
+  task.OnReplaced = [&](std::int32_t count) {
+    places += count;
+    ++modules;
+  };
+  try {
+    task.Run(kTaskReplaceAll);
+  } catch (...) {
+    task.OnReplaced = nullptr;
+    ReplaceEnded.Raise(places, modules);
+    throw;
+  }
+  task.OnReplaced = nullptr;
+  ReplaceEnded.Raise(places, modules);
 }
 
 void frmSearchDialog::cmdCancel_Click() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,6 +58,9 @@ class TaskManager : private Counted<TaskManager> {
   Event<std::int32_t> TaskDone;               ///< TaskType
   Event<bool&> Query;                         ///< Cancel; after each match
   Event<const std::u16string&> OnScanModule;  ///< name of the component, before each module
+  /// How many places a replace has changed in a region, after each one with matches; empty: nobody counts, which costs
+  /// nothing.
+  std::function<void(std::int32_t)> OnReplaced;
   /// An error in a module, with the place where it happened; one who sets `goOn` takes it over, and the next module
   /// follows. Not raised for a cancel.
   Event<const PositionInfo&, const Error&, bool&> OnModuleError;

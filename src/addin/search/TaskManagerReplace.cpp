@@ -54,6 +54,10 @@ void CompleteFinalBreak(std::u16string& s) {
   s += kCrLf;
 }
 
+std::int32_t CountIn(RegExp& regExp, std::u16string_view text) {
+  return static_cast<std::int32_t>(regExp.Execute(text).size());
+}
+
 }  // namespace
 
 void TaskManager::ReplaceRegExp(PositionInfo& pos) {
@@ -68,6 +72,7 @@ void TaskManager::ReplaceMultiLine(PositionInfo& pos) {
   RegExp& regExp = Prepared(multiLineRegExp_, true);
   const std::u16string text = pos.MatchStr();
   if (!regExp.Test(text)) return;
+  const std::int32_t places = OnReplaced ? CountIn(regExp, text) : 0;
   const std::u16string replacement = Deref(Globals::gobjUtilities).ReplaceSpecialChar(mobjCond->ReplaceStr());
   const std::u16string right = RightOfRegion(pos);
   std::u16string code = LeftOfRegion(pos) + regExp.Replace(text, replacement);
@@ -77,6 +82,7 @@ void TaskManager::ReplaceMultiLine(PositionInfo& pos) {
   vbide::CodeModule& module = *pos.mobjCodeObject;
   module.DeleteLines(pos.mlngY1, pos.mlngY2 - pos.mlngY1 + 1);
   module.InsertLines(pos.mlngY1, code);
+  if (OnReplaced) OnReplaced(places);
 }
 
 void TaskManager::ReplaceSingleLine(PositionInfo& pos) {
@@ -88,11 +94,13 @@ void TaskManager::ReplaceSingleLine(PositionInfo& pos) {
   const std::int32_t firstLine = pos.mlngY1;
   const std::int32_t lastLine = pos.mlngY2;
   vbide::CodeModule& module = *pos.mobjCodeObject;
+  std::int32_t places = 0;
   for (std::int32_t i = firstLine; i <= lastLine; ++i) {
     std::u16string s = module.Lines(i, 1);
     if (i == lastLine) s = Left(s, std::int64_t{pos.mlngX2} - 1);
     if (i == firstLine) s = From(s, pos.mlngX1);
     if (!regExp.Test(s)) continue;
+    if (OnReplaced) places += CountIn(regExp, s);
     s = regExp.Replace(s, replacement);
     if (i == lastLine) s += right;
     if (i == firstLine) s.insert(0, left);
@@ -100,6 +108,7 @@ void TaskManager::ReplaceSingleLine(PositionInfo& pos) {
     module.DeleteLines(i, 1);
     module.InsertLines(i, s);
   }
+  if (OnReplaced && places > 0) OnReplaced(places);
 }
 
 }  // namespace quorvane

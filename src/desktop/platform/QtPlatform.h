@@ -35,6 +35,8 @@ class QtPlatform final : public Platform {
   /// The windows that Windows() gives from now on; nothing takes them away again. They outlive their use.
   void SetWindows(NativeWindows* windows) { windows_ = windows; }
 
+  QtPrompts& Boxes() { return prompts_; }
+
   std::unique_ptr<RegExp> NewRegExp() override;
   std::shared_ptr<XmlDocument> NewXmlDocument() override;
   std::unique_ptr<XmlTable> NewXmlTable(const XmlTableShape& shape) override;

@@ -8,7 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "addin/core/ErrorManager.h"
+#include "base/Error.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/platform/Texts.h"
 
 namespace quorvane::desktop {
 
@@ -96,6 +99,25 @@ int QtPrompts::MsgBox(const std::u16string& text, int flags, const std::u16strin
     if (choice.first == pressed) return choice.second;
   }
   return choices.back().second;  // closed by force: the last button is the one that does the least
+}
+
+void QtPrompts::ShowError(const Error& error, const std::u16string& report, const std::u16string& caption) {
+  const Texts texts = Texts::OfAddIn();
+  if (error.Is(ErrorNumber::ObjectNotSet) && Tell && QApplication::activeModalWidget() == nullptr) {
+    return Tell(texts(Text::NothingThere));
+  }
+  const QString description = ToQString(error.Description);
+  QString sentence = texts.Reason(description);
+  if (error.Number == kErrNoCodePane) sentence = texts(Text::NoCodeWindow);
+  if (error.Is(ErrorNumber::ObjectNotSet)) sentence = texts(Text::NothingThere);
+  QStringList rest = ToQString(report).split(QStringLiteral("\r\n"));
+  // Which error it is stands below, without its words again.
+  rest.removeIf([&](const QString& line) { return !description.isEmpty() && line.endsWith(description); });
+  QMessageBox box(QMessageBox::NoIcon, ToQString(caption), sentence, QMessageBox::Ok, QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(rest.join(QLatin1Char('\n')));
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.exec();
 }
 
 std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& setup) {

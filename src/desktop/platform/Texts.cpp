@@ -3,6 +3,10 @@
 #include <array>
 #include <cstddef>
 
+#include "addin/core/Globals.h"
+#include "addin/core/LanguageManager.h"
+#include "desktop/platform/ReasonTexts.h"
+
 namespace quorvane::desktop {
 
 namespace {
@@ -106,6 +110,17 @@ constexpr std::array kWords = {
     Words{Text::SaveAsTitle, u"模块另存为", u"Save the module as"},
     Words{Text::SavedElsewhere, u"已保存为 %1；工程文件中仍列着 %2", u"Saved as %1; the project file still lists %2"},
     Words{Text::LineNumber, u"行号（1 到 %1）：", u"Line number (1 to %1):"},
+    Words{Text::NothingThere, u"此操作所需的内容没有打开，或已经关闭", u"What this needs is not open, or not any more"},
+    Words{Text::NoResults, u"还没有搜索结果", u"There are no search results yet"},
+    Words{Text::NoCodeWindow, u"没有打开的代码窗口。请先打开要搜索的模块，或选择更大的搜索范围。",
+          u"No code window is open. Open the module to be searched, or choose a larger area."},
+    Words{Text::NothingFound, u"没有找到匹配项", u"Nothing found"},
+    Words{Text::CommentsToo, u"“全部替换”也会替换注释中的匹配项，即使搜索时不包括注释",
+          u"Replace All replaces in comments too, also where the search leaves them out"},
+    Words{Text::ReplacedNothing, u"没有可替换的内容", u"There was nothing to replace"},
+    Words{Text::Replaced, u"已在%2中替换 %1，包括注释", u"Replaced %1 in %2, comments included"},
+    Words{Text::Places, u"%1 处", u"%1 place|%1 places"},
+    Words{Text::Modules, u" %1 个模块", u"%1 module|%1 modules"},
     Words{Text::DroppedLines, u"保存时去掉了 %1 个隐藏行，因为它们所属的代码行已被删除。",
           u"%1 hidden line was left out of the saved files, because the code that it belonged to is gone.|"
           u"%1 hidden lines were left out of the saved files, because the code that they belonged to is gone."},
@@ -140,12 +155,6 @@ constexpr std::array kWords = {
           u"\u26A0 %1 is the key of \u201C%2\u201D; remove it there first."},
     Words{Text::NoticeList, u"显示列表(&L)", u"Show &list"},
     Words{Text::NoticeClose, u"关闭", u"Close"},
-    Words{Text::ReasonMissing, u"找不到文件", u"not found"},
-    Words{Text::ReasonForbidden, u"没有读取权限", u"may not be read"},
-    Words{Text::ReasonFolder, u"是一个文件夹", u"is a folder"},
-    Words{Text::ReasonTwice, u"列出了两次，只打开一次", u"listed twice, opened once"},
-    Words{Text::ReasonUtf16, u"从字节顺序标记看是 UTF-16，其中不会找到任何内容",
-          u"is UTF-16 by its byte order mark; no match will be found in it"},
     Words{Text::Changes, u"更改", u"Changes"},
     Words{Text::ViewChanges, u"更改(&C)", u"&Changes"},
     Words{Text::ChangesNone, u"没有尚未保存的更改。", u"Nothing differs from the files."},
@@ -205,6 +214,16 @@ QString Texts::Counted(Text text, qsizetype count) const {
   const QString forms = (*this)(text);
   const qsizetype bar = forms.indexOf(QLatin1Char('|'));
   return (count == 1 && bar >= 0 ? forms.left(bar) : forms.mid(bar + 1)).arg(count);
+}
+
+Texts Texts::OfAddIn() {
+  Texts texts;
+  if (Globals::gobjErrorManager) texts.Language = Globals::Language().Language;
+  return texts;
+}
+
+QString Texts::Reason(const QString& english) const {
+  return Language == 0 ? ChineseReason(english) : english;
 }
 
 QString Texts::operator()(Text text) const {

@@ -91,6 +91,15 @@ enum class Text {
   SaveAsTitle,
   SavedElsewhere,
   LineNumber,
+  NothingThere,
+  NoResults,
+  NoCodeWindow,
+  NothingFound,
+  CommentsToo,
+  ReplacedNothing,
+  Replaced,
+  Places,
+  Modules,
   DroppedLines,
   HalfSaveQuestion,
   FinishAnswer,
@@ -107,11 +116,6 @@ enum class Text {
   KeyTaken,
   NoticeList,
   NoticeClose,
-  ReasonMissing,
-  ReasonForbidden,
-  ReasonFolder,
-  ReasonTwice,
-  ReasonUtf16,
   Changes,
   ViewChanges,
   ChangesNone,
@@ -155,9 +159,15 @@ class Texts {
   /// 0 Chinese, 1 English, as everywhere in the add-in.
   std::int32_t Language = 0;
 
+  /// In the language that the add-in speaks now; Chinese while it is not there.
+  static Texts OfAddIn();
+
   QString operator()(Text text) const;
   /// With `count` for %1, in the form that this number takes.
   QString Counted(Text text, qsizetype count) const;
+  /// The reasons that engines and files give, in this language where it has words for them: each line is taken apart at
+  /// its colons, and names stay as they are.
+  QString Reason(const QString& english) const;
 };
 
 }  // namespace quorvane::desktop

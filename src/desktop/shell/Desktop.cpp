@@ -38,6 +38,7 @@
 #include "workbench/model/AddInLoader.h"
 #include "workbench/model/HostWindows.h"
 #include "workbench/model/Workbench.h"
+#include "workbench/project/PathFinder.h"
 
 namespace quorvane::desktop {
 
@@ -99,13 +100,17 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
       settings_(QString::fromStdString(setup.configFolder + "/desktop.ini"), QSettings::IniFormat),
       workbench_(std::make_shared<workbench::Workbench>(platform_.AnsiCodePage())),
       windows_(std::make_unique<QtWindows>(*workbench_)) {
+  workbench::ShowWholePaths();
   platform_.SetWindows(windows_.get());
-  RegisterViews(views_, *windows_);
+  const auto tell = [this](const QString& line) { window_->Tell(line); };
+  RegisterViews(views_, *windows_, tell);
   window_ = std::make_unique<MainWindow>(*workbench_, *windows_, views_, settings_);
   edits_ = std::make_unique<UnsavedEdits>(*workbench_, *window_,
                                           setup.dataFolder.empty() ? std::string() : setup.dataFolder + "/edits");
   forms_ = std::make_unique<FormWindows>(views_, *windows_, *window_);
   input_ = std::make_unique<InputFilter>(workbench_->Turns());
+  platform_.Boxes().Tell = tell;
+  noResults_ = input_->NoResults.Subscribe([this] { window_->Tell(Text::NoResults); });
   addIns_ = std::make_unique<workbench::AddInLoader>(workbench_);
   addIns_->Register(kAddIn, [] { return std::make_shared<Connect>(); });
   workbench_->TheWindows()->RegisterDocumentFactory(std::u16string(ResultDialog::ProgId),
@@ -130,6 +135,7 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
 
 Desktop::~Desktop() {
   Stop();
+  platform_.Boxes().Tell = nullptr;
   input_.reset();
   forms_.reset();
   window_.reset();

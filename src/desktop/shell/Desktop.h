@@ -69,6 +69,7 @@ class Desktop {
   std::unique_ptr<InputFilter> input_;
   std::unique_ptr<workbench::AddInLoader> addIns_;
   bool running_ = false;
+  Subscription noResults_;
   Subscription languageAsked_;
   Subscription formClosed_;
   Subscription sampleWanted_;

@@ -149,13 +149,14 @@ void DiskChanges::ShowDifference(const Component& component) {
   try {
     const native::FileBytes disk = native::ReadFileBytes(component.Path());
     if (disk.error != 0)
-      return TellError(window_, PathOf(component), QString::fromStdString(native::ErrnoText(disk.error)));
+      return TellError(window_, PathOf(component),
+                       texts_.Reason(QString::fromStdString(native::ErrnoText(disk.error))));
     std::u16string difference;
     component.TheModule()->Page().Decode(
         workbench::UnifiedDiff(component.Path(), disk.bytes, component.TheModule()->Compose().bytes), difference);
     DifferenceBox(PathOf(component), ToQString(difference), &window_).exec();
   } catch (const std::exception& error) {
-    TellError(window_, texts_(Text::CannotOpen), QString::fromUtf8(error.what()));
+    TellError(window_, texts_(Text::CannotOpen), texts_.Reason(QString::fromUtf8(error.what())));
   }
 }
 
@@ -181,7 +182,7 @@ bool DiskChanges::FollowFile(const Component& component, bool saving) {
     Told.Raise(texts_(Text::Reloaded).arg(PathOf(component)));
   } catch (const std::exception& error) {
     settle();
-    TellError(window_, texts_(Text::FileGone).arg(PathOf(component)), QString::fromUtf8(error.what()));
+    TellError(window_, texts_(Text::FileGone).arg(PathOf(component)), texts_.Reason(QString::fromUtf8(error.what())));
   }
   return true;
 }
@@ -203,7 +204,7 @@ bool DiskChanges::Restore(const Component& component) {
     if (answer != QMessageBox::Yes) return false;
     workbench::RestoreFileOf(workbench_, component);
   } catch (const std::exception& error) {
-    TellError(window_, texts_(Text::CannotSave), QString::fromUtf8(error.what()));
+    TellError(window_, texts_(Text::CannotSave), texts_.Reason(QString::fromUtf8(error.what())));
     return false;
   }
   gone_.erase(component.Path());

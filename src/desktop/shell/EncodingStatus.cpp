@@ -17,11 +17,11 @@ EncodingStatus::EncodingStatus(QStatusBar& bar, FileCommands& files, const Texts
     : files_(files), texts_(texts), scope_(std::move(scope)), button_(new QToolButton), menu_(new QMenu(button_)) {
   button_->setObjectName(QStringLiteral("CodePage"));
   button_->setAutoRaise(true);
-  button_->setPopupMode(QToolButton::InstantPopup);
-  button_->setMenu(menu_);
-  button_->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
   button_->setFocusPolicy(Qt::NoFocus);
-  QObject::connect(menu_, &QMenu::aboutToShow, menu_, [this] { FillEncodingMenu(*menu_, scope_(), files_, texts_); });
+  QObject::connect(button_, &QToolButton::clicked, menu_, [this] {
+    FillEncodingMenu(*menu_, scope_(), files_, texts_);
+    menu_->popup(button_->mapToGlobal(QPoint(0, -menu_->sizeHint().height())));
+  });
   bar.addPermanentWidget(button_);
 }
 

@@ -90,7 +90,7 @@ bool FileCommands::OpenNow(const QStringList& files) {
   } catch (const Error& error) {
     progress.reset();
     if (!error.Is(ErrorNumber::UserInterrupt))
-      TellError(window_, texts_(Text::CannotOpen), ToQString(error.Description));
+      TellError(window_, texts_(Text::CannotOpen), texts_.Reason(ToQString(error.Description)));
     return false;
   }
   progress.reset();
@@ -130,7 +130,7 @@ bool FileCommands::Guarded(SaveFiles save) {
     for (const workbench::SavedFile& file : save()) dropped += file.droppedHiddenLines.size();
     if (dropped > 0) Told.Raise(texts_.Counted(Text::DroppedLines, static_cast<qsizetype>(dropped)));
   } catch (const std::exception& error) {
-    TellError(window_, texts_(Text::CannotSave), QString::fromUtf8(error.what()));
+    TellError(window_, texts_(Text::CannotSave), texts_.Reason(QString::fromUtf8(error.what())));
     Saved.Raise();
     return false;
   }

@@ -7,6 +7,9 @@
 #include "addin/connect/HotkeyProxy.h"
 #include "addin/core/ErrorManager.h"
 #include "addin/core/Globals.h"
+#include "addin/results/IResultPage.h"
+#include "addin/results/PageManager.h"
+#include "base/Error.h"
 #include "chordtrap/Manager.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/platform/QtKeys.h"
@@ -41,7 +44,12 @@ bool InputFilter::TakeHotkey(const QKeyEvent& event) const {
   try {
     return manager->KeyDown(chord.KeyCode, chord.Modifier);
   } catch (...) {
-    ShowHandledError();
+    const bool noPage = Globals::gobjPageManager && !Globals::gobjPageManager->ActivePage();
+    if (noPage && CurrentError().Is(ErrorNumber::ObjectNotSet)) {
+      NoResults.Raise();
+    } else {
+      ShowHandledError();
+    }
     return true;
   }
 }

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include "base/Event.h"
+
 class QKeyEvent;
 
 namespace quorvane {
@@ -19,6 +21,8 @@ class InputFilter final : public QObject {
   /// Installs itself on the application for as long as it lives. `turns` outlives this.
   explicit InputFilter(workbench::TurnClock& turns);
   ~InputFilter() override;
+
+  Event<> NoResults;  ///< a hotkey that works on the current results was pressed while there are none
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -207,7 +207,7 @@ void MainWindow::Listen() {
     if (changes_->isVisible()) changes_->Changes().Update();
     UpdateStatus();
   });
-  listen(files_->Told, [this](const QString& line) { statusBar()->showMessage(line, kMessageTime); });
+  listen(files_->Told, [this](const QString& line) { Tell(line); });
   listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
   listen(workbench_.TheWindows()->Created, [this](const auto& window) {
     ToolDock& dock = docks_.Add(window);
@@ -228,6 +228,10 @@ void MainWindow::Listen() {
   connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
     if (state == Qt::ApplicationActive && !closed_) files_->CheckDisk();
   });
+}
+
+void MainWindow::Tell(const QString& line) {
+  statusBar()->showMessage(line, kMessageTime);
 }
 
 void MainWindow::OpenFiles(const QStringList& files) {

@@ -62,6 +62,9 @@ class MainWindow final : public QMainWindow {
   TaskHistory& Tasks() { return tasks_; }
   TaskMenu& TaskEntries() { return taskMenu_; }
   const Texts& Words() const { return texts_; }
+  /// Shows a line for a while.
+  void Tell(const QString& line);
+  void Tell(Text text) { Tell(texts_(text)); }
   /// 0 Chinese, 1 English: the words of the workbench's own windows.
   void SetLanguage(std::int32_t language);
   /// Windows, docks and look as they were at the end of the last run; to be called when all tool windows are there.

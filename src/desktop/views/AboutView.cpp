@@ -4,7 +4,9 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "addin/dialogs/frmAbout.h"
 #include "desktop/platform/Icons.h"
@@ -29,6 +31,14 @@ QSize TextSize(const QPlainTextEdit& text, int lines) {
   const QFontMetrics font = text.fontMetrics();
   return {font.horizontalAdvance(QString(kTextColumns, QLatin1Char('x'))) + border,
           font.lineSpacing() * lines + border};
+}
+
+/// So many lines of a text, or fewer where the screen has no room for both texts and what stands around them.
+int LinesThatFit(const QPlainTextEdit& text, int wanted) {
+  constexpr int kAround = 16;  // lines
+  constexpr int kFewest = 3;
+  const int room = text.screen()->availableGeometry().height() / text.fontMetrics().lineSpacing() - kAround;
+  return std::clamp(wanted * room / (kReadMeLines + kLicenceLines), std::min(kFewest, wanted), wanted);
 }
 
 }  // namespace
@@ -71,7 +81,8 @@ QWidget* AboutView::MakeText(const std::shared_ptr<forms::Frame>& frame, const s
   ground.setColor(QPalette::Base, palette().color(QPalette::Window));
   shown->setPalette(ground);
   const QSize bar = shown->verticalScrollBar()->sizeHint();
-  shown->setMinimumSize(TextSize(*shown, readMe ? kReadMeLines : kLicenceLines) + QSize(bar.width(), 0));
+  shown->setMinimumSize(TextSize(*shown, LinesThatFit(*shown, readMe ? kReadMeLines : kLicenceLines)) +
+                        QSize(bar.width(), 0));
   layout->addWidget(shown);
   return box;
 }

@@ -36,6 +36,11 @@ class Dragged final : public forms::DataObject {
   const QMimeData& data_;
 };
 
+/// A line shows no break, and a search takes none.
+QString OneLine(QString text) {
+  return text.remove(QLatin1Char('\r')).remove(QLatin1Char('\n'));
+}
+
 }  // namespace
 
 ComboView::ComboView(forms::ComboBox& combo, Kind kind, QWidget* parent) : QComboBox(parent), combo_(combo) {
@@ -80,7 +85,7 @@ void ComboView::FollowList() {
 }
 
 void ComboView::FollowText() {
-  const QString text = ToQString(combo_.Text());
+  const QString text = OneLine(ToQString(combo_.Text()));
   const bool other = lineEdit()->text() != text;
   if (other) lineEdit()->setText(text);
   if (!other && selStart_ == combo_.SelStart() && selLength_ == combo_.SelLength()) return;
@@ -97,7 +102,7 @@ void ComboView::Edited() {
   const QLineEdit& line = *lineEdit();
   {
     const FlagScope busy(busy_);
-    combo_.Edit(FromQString(line.text()), line.cursorPosition(), 0);
+    combo_.Edit(FromQString(OneLine(line.text())), line.cursorPosition(), 0);
     selStart_ = combo_.SelStart();
     selLength_ = combo_.SelLength();
   }

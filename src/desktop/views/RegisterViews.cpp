@@ -16,11 +16,11 @@
 
 namespace quorvane::desktop {
 
-void RegisterViews(ViewFactory& factory, QtWindows& windows) {
+void RegisterViews(ViewFactory& factory, QtWindows& windows, const std::function<void(const QString&)>& tell) {
   factory.RegisterDocument<ResultDialog>(
       [&windows](ResultDialog& document, QWidget* parent) { return new ResultView(document, windows, parent); });
   factory.RegisterForm<frmSearchDialog>(
-      [](frmSearchDialog& form, QWidget* parent) { return new SearchDialogView(form, parent); });
+      [tell](frmSearchDialog& form, QWidget* parent) { return new SearchDialogView(form, tell, parent); });
   factory.RegisterForm<frmCodePreview>(
       [](frmCodePreview& form, QWidget* parent) { return new CodePreviewView(form, parent); });
   factory.RegisterForm<frmOption>([](frmOption& form, QWidget* parent) { return new OptionsView(form, parent); });

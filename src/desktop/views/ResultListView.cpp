@@ -16,6 +16,7 @@
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/views/EmptyListNote.h"
 #include "platform/NativeWindows.h"
 #include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
@@ -122,6 +123,10 @@ void ResultListView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   painter.setFont(font());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
+  if (const QString note = EmptyListNote(list_); !note.isEmpty()) {
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, note);
+  }
   const int height = RowHeight();
   const int left = -horizontalScrollBar()->value();
   const int width = std::max(viewport()->width() - left, list_.HorizontalExtent());

@@ -26,7 +26,13 @@ StatusLabel::StatusLabel(std::shared_ptr<forms::Label> label, QWidget* parent)
 }
 
 QString StatusLabel::Text() const {
-  return ToQString(label_->Caption());
+  const QString text = ToQString(label_->Caption());
+  return text.isEmpty() ? note_ : text;
+}
+
+void StatusLabel::SetNote(const QString& note) {
+  note_ = note;
+  update();
 }
 
 int StatusLabel::HeightOf(const QWidget& widget) {

@@ -21,6 +21,12 @@ class StatusLabel final : public QWidget {
 
   /// The height of a line in the font of a widget, with air around it; in pixels.
   static int HeightOf(const QWidget& widget);
+  /// What is shown while the label says nothing.
+  void SetNote(const QString& note);
+
+  /// What is shown, in full.
+  QString Text() const;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -30,9 +36,8 @@ class StatusLabel final : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  QString Text() const;
-
   std::shared_ptr<forms::Label> label_;
+  QString note_;
   Subscription changed_;
 };
 

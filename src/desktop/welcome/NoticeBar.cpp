@@ -7,7 +7,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace quorvane::desktop {
@@ -15,22 +14,6 @@ namespace quorvane::desktop {
 namespace {
 
 constexpr int kMostRows = 8;
-
-/// A line with the system's words for the commonest reasons in the language of the user.
-QString InWords(QString line, const Texts& texts) {
-  static constexpr std::array kReasons = {
-      std::pair(": not found", Text::ReasonMissing),
-      std::pair(": No such file or directory", Text::ReasonMissing),
-      std::pair(": Permission denied", Text::ReasonForbidden),
-      std::pair(": Is a directory", Text::ReasonFolder),
-      std::pair(": listed twice, opened once", Text::ReasonTwice),
-      std::pair(": is UTF-16 by its byte order mark; no match will be found in it", Text::ReasonUtf16)};
-  for (const auto& [reason, text] : kReasons) {
-    const QLatin1String words(reason);
-    if (line.endsWith(words)) return line.chopped(words.size() - 2) + texts(text);
-  }
-  return line;
-}
 
 }  // namespace
 
@@ -92,7 +75,7 @@ void NoticeBar::UpdateTexts() {
   lines_->setAccessibleName(label_->text());
   lines_->clear();
   for (const QString& line : std::as_const(told_)) {
-    const QString words = InWords(line, texts_);
+    const QString words = texts_.Reason(line);
     lines_->addItem(words);
     lines_->item(lines_->count() - 1)->setToolTip(words);
   }

@@ -14,6 +14,7 @@ class CommandButton final : public CaptionedControl {
   /// The user's press by mouse or key; a button that is disabled or invisible takes none. It may go during its Click.
   void Press();
 
+  Event<bool&> Pressing;  ///< before Click; true: the view holds the press back, and has told why
   Event<> Click;
 
  private:

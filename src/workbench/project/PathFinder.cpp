@@ -45,6 +45,8 @@ std::u16string Folded(std::u16string_view name) {
   return folded;
 }
 
+bool wholePaths = false;
+
 /// Only leading `..` elements may stand in `path`, or none: without symbolic links there is then no difference between
 /// the name of a folder and the way to it.
 std::string Lexical(const std::string& path) {
@@ -53,7 +55,7 @@ std::string Lexical(const std::string& path) {
   if (failed) return path;
   const fs::path straight = (here / FilePath(path)).lexically_normal();
   const fs::path shown = straight.lexically_relative(here);
-  if (shown.empty()) return PathText(straight);  // another drive
+  if (wholePaths || shown.empty()) return PathText(straight);  // another drive
   return shown == "." ? std::string() : PathText(shown);
 }
 
@@ -91,6 +93,10 @@ std::string FolderOf(const std::string& path) {
 
 std::string FileNameOf(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
+}
+
+void ShowWholePaths() {
+  wholePaths = true;
 }
 
 std::string ShownPath(const std::string& path) {

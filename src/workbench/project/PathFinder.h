@@ -43,7 +43,10 @@ bool IsAbsolutePath(std::u16string_view windowsPath);
 std::string FolderOf(const std::string& path);
 /// The last name of a path.
 std::string FileNameOf(const std::string& path);
-/// `path` as it is shown: relative to the working directory, without detours.
+/// `path` as it is shown: relative to the working directory or whole, without detours.
 std::string ShownPath(const std::string& path);
+/// From now on paths are shown whole, as a program with windows does whose user does not know where it was started;
+/// without this, relative to the working directory, as other tools of a command line show them.
+void ShowWholePaths();
 
 }  // namespace quorvane::workbench
