@@ -17,6 +17,7 @@
 #include "workbench/project/FileLoader.h"
 #include "workbench/project/FolderFiles.h"
 #include "workbench/project/GroupFile.h"
+#include "workbench/project/KeyLines.h"
 #include "workbench/project/PathFinder.h"
 #include "workbench/project/ProjectFile.h"
 
@@ -33,6 +34,21 @@ using vbide::ComponentType;
 
 [[noreturn]] void RaiseUnreadable(const std::string& path, int error) {
   RaiseError(ErrorNumber::PathFileAccess, FromUtf8(path + ": " + native::ErrnoText(error)));
+}
+
+const std::string kNoGroup = "no group file";
+const std::string kNoProject = "no project file";
+
+/// Whether bytes can be a group or a project: both are lines with a key. One that lists nothing yet is one, too, and so
+/// is one with a damaged line: zero bytes count only where no key is one that is known.
+bool IsListing(std::string_view bytes, const CodePage& page) {
+  if (bytes.empty() || bytes.starts_with("VBGROUP")) return true;
+  const auto lines = ReadKeyLines(bytes, page);
+  if (bytes.find('\0') == bytes.npos) return !lines.empty();
+  constexpr std::u16string_view kUsual[] = {u"Type", u"Name", u"Module", u"Class", u"Form", u"Project", u"Reference"};
+  return std::ranges::any_of(lines, [&](const KeyLine& line) {
+    return std::ranges::any_of(kUsual, [&](std::u16string_view usual) { return EqualsNoCaseAscii(line.key, usual); });
+  });
 }
 
 /// The file itself, whatever way leads to it.
@@ -76,8 +92,8 @@ class Opener {
   };
 
   void AddFolder(const std::string& folder);
-  /// The bytes of a file found in a folder; tells of one that cannot be read.
-  std::optional<native::FileBytes> ReadFound(const std::string& path);
+  /// The bytes of a group or project found in a folder; tells of one that cannot be read, or is none, by `refusal`.
+  std::optional<native::FileBytes> ReadFound(const std::string& path, const std::string& refusal);
   void AddGroup(const std::string& path, std::string_view bytes);
   /// Nothing happens when it is open already.
   void AddProject(const std::string& path, std::string_view bytes);
@@ -124,6 +140,10 @@ void Opener::AddArgument(const std::string& argument) {
   const native::FileBytes file = native::ReadFileBytes(path);
   if (file.error != 0) RaiseUnreadable(argument, file.error);
   if (!kind) kind = FileKind::OfContent(file.bytes);
+  const bool isGroup = kind->role == FileKind::Role::ProjectGroup;
+  if (kind->role != FileKind::Role::Component && !IsListing(file.bytes, PageOf({}, {}))) {
+    RaiseError(ErrorNumber::PathFileAccess, FromUtf8(argument + ": " + (isGroup ? kNoGroup : kNoProject)));
+  }
   switch (kind->role) {
     case FileKind::Role::ProjectGroup:
       return AddGroup(path, file.bytes);
@@ -138,19 +158,20 @@ void Opener::AddFolder(const std::string& folder) {
   FolderFiles files = FolderFiles::Under(ShownPath(folder));
   std::ranges::move(files.unreadable, std::back_inserter(warnings_));
   for (const std::string& path : files.groups) {
-    if (const auto file = ReadFound(path)) AddGroup(path, file->bytes);
+    if (const auto file = ReadFound(path, kNoGroup)) AddGroup(path, file->bytes);
   }
   for (const std::string& path : files.projects) {
     if (known_.contains(Identity(path))) continue;
-    if (const auto file = ReadFound(path)) AddProject(path, file->bytes);
+    if (const auto file = ReadFound(path, kNoProject)) AddProject(path, file->bytes);
   }
   std::ranges::move(files.modules, std::back_inserter(foundModules_));
 }
 
-std::optional<native::FileBytes> Opener::ReadFound(const std::string& path) {
+std::optional<native::FileBytes> Opener::ReadFound(const std::string& path, const std::string& refusal) {
   native::FileBytes file = native::ReadFileBytes(path);
-  if (file.error == 0) return file;
-  warnings_.push_back(path + ": " + native::ErrnoText(file.error));
+  const bool fits = file.error == 0 && IsListing(file.bytes, PageOf({}, {}));
+  if (fits) return file;
+  warnings_.push_back(path + ": " + (file.error != 0 ? native::ErrnoText(file.error) : refusal));
   return std::nullopt;
 }
 
@@ -167,6 +188,10 @@ void Opener::AddGroup(const std::string& path, std::string_view bytes) {
     const native::FileBytes file = native::ReadFileBytes(found);
     if (file.error != 0) {
       Warn(path, listed, native::ErrnoText(file.error));
+      continue;
+    }
+    if (!IsListing(file.bytes, page)) {
+      Warn(path, listed, kNoProject);
       continue;
     }
     AddProject(found, file.bytes);
