@@ -16,6 +16,8 @@
 
 #include "SearchWindowsFixture.h"
 #include "addin/core/Utilities.h"
+#include "desktop/editor/CodeMarks.h"
+#include "desktop/navigate/MatchMarks.h"
 #include "desktop/review/TaskMenu.h"
 #include "desktop/views/EmptyListNote.h"
 #include "desktop/views/StatusLabel.h"
@@ -92,6 +94,66 @@ TEST_F(SearchWindowsTest, AReplaceAllIsTakenBackAndDoneAgainInAllModules) {
   auto expected = before;
   expected[u"Shop.modMain"] = edited.at(u"Shop.modMain");
   EXPECT_EQ(texts(), expected);
+}
+
+TEST_F(SearchWindowsTest, MatchesAreMarkedInTheCodeMoveWithEditsAndGo) {
+  StartWithGroup();
+  Globals::gobjSetting->menumAutoHideSearchDlg = kNever;
+  CodeEdit& editor = EditorOf(u"modMain");
+  MatchMarks& matches = Window().Matches();
+  /// Line, text and number of each mark.
+  const auto marks = [](CodeEdit& of) {
+    std::string all;
+    for (const auto& place : of.Marks().Places()) {
+      QTextCursor range(of.document());
+      range.setPosition(place.begin);
+      range.setPosition(place.end, QTextCursor::KeepAnchor);
+      all += std::to_string(range.blockNumber() + 1) + " " + range.selectedText().toStdString() + " #" +
+             std::to_string(place.number) + "\n";
+    }
+    return all;
+  };
+  Search(QStringLiteral("nextorderno"));
+  matches.Update();
+  EXPECT_EQ(marks(editor), "30 NextOrderNo #1\n32 NextOrderNo #2\n");
+  CodeEdit& desk = EditorOf(u"frmDesk");
+  EXPECT_EQ(marks(desk), "24 NextOrderNo #3\n") << "a window that is opened later";
+
+  const auto step = [this](Text entry) {
+    Window().Menu().Find(entry)->trigger();
+    return Window().Matches().Status().text().toStdString();
+  };
+  EXPECT_EQ(step(Text::EditNextMatch), "Match 1 of 3");
+  EXPECT_EQ(step(Text::EditNextMatch), "Match 2 of 3");
+  EXPECT_EQ(step(Text::EditNextMatch), "Match 3 of 3");
+  EXPECT_EQ(step(Text::EditPreviousMatch), "Match 2 of 3");
+
+  ModuleNamed(u"modMain").InsertLines(1, u"' one\r\n' two");
+  editor.Refresh();
+  EXPECT_EQ(marks(editor), "32 NextOrderNo #1\n34 NextOrderNo #2\n") << "moved by an add-in";
+  QTextCursor typing = editor.textCursor();
+  const int before = editor.Marks().Places().at(1).begin;
+  typing.setPosition(before);
+  typing.insertText(QStringLiteral("in front "));
+  typing.setPosition(editor.Marks().Places().at(1).end);
+  typing.insertText(QStringLiteral(" behind"));
+  EXPECT_EQ(editor.Marks().Places().at(1).begin, before + 9);
+  EXPECT_EQ(marks(editor), "32 NextOrderNo #1\n34 NextOrderNo #2\n");
+  desktop->Host().Turns().Next();
+  const std::u16string line = ModuleNamed(u"modMain").Lines(34, 1);
+  ModuleNamed(u"modMain").DeleteLines(34, 1);
+  ModuleNamed(u"modMain").InsertLines(34, line + u" ' more");
+  editor.Refresh();
+  EXPECT_EQ(marks(editor), "32 NextOrderNo #1\n34 NextOrderNo #2\n") << "whole lines that still have it";
+  typing.setPosition(editor.Marks().Places().at(0).begin + 3);
+  typing.insertText(QStringLiteral("x"));
+  EXPECT_EQ(marks(editor), "34 NextOrderNo #2\n");
+
+  Search(QStringLiteral("mlngOrderNo = 1000"));
+  matches.Update();
+  EXPECT_EQ(marks(editor), "23 mlngOrderNo = 1000 #1\n");
+  Globals::gobjPageManager->AddNewPage();
+  EXPECT_TRUE(WaitUntil([&] { return marks(editor).empty(); }, 5s)) << "no match in the chosen tab";
 }
 
 /// The usual key of an editor searches for what is selected there.

@@ -16,6 +16,8 @@ struct CodeColors {
   QColor currentLine;
   QColor lineNumber;
   QColor gutter;
+  QColor mark;         ///< behind a marked place
+  QColor markOnRuler;  ///< of such a line beside the scroll bar
 
   static CodeColors Of(const QPalette& palette);
 };

@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/editor/CodeMarks.h"
 #include "desktop/editor/LineNumbers.h"
+#include "desktop/editor/MarkRuler.h"
 #include "desktop/editor/VbHighlighter.h"
 #include "workbench/model/Module.h"
 #include "workbench/text/TurnClock.h"
@@ -48,7 +50,9 @@ CodeEdit::CodeEdit(std::shared_ptr<workbench::Module> module, workbench::TurnClo
       colors_(CodeColors::Of(palette())),
       binding_(std::make_unique<ModuleBinding>(std::move(module), *document())),
       highlighter_(new VbHighlighter(document(), colors_)),
-      numbers_(new LineNumbers(*this)) {
+      numbers_(new LineNumbers(*this)),
+      ruler_(new MarkRuler(*this)),
+      marks_(std::make_unique<CodeMarks>(*this)) {
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(NoWrap);
   setCursorWidth(2);
@@ -299,12 +303,31 @@ void CodeEdit::HighlightLine() {
   line.format.setProperty(QTextFormat::FullWidthSelection, true);
   line.cursor = textCursor();
   line.cursor.clearSelection();
-  setExtraSelections({line});
+  QList<QTextEdit::ExtraSelection> shown{line};
+  for (const QTextCursor& range : marked_) {
+    QTextEdit::ExtraSelection mark;
+    mark.format.setBackground(colors_.mark);
+    mark.cursor = range;
+    shown << mark;
+  }
+  setExtraSelections(shown);
   numbers_->update();
 }
 
+void CodeEdit::ShowMarks(std::vector<QTextCursor> ranges) {
+  marked_ = std::move(ranges);
+  HighlightLine();
+  if (ruler_->isHidden() != marks_->Empty()) {
+    ruler_->setVisible(!marks_->Empty());
+    PlaceGutter();
+  }
+  ruler_->update();
+}
+
 void CodeEdit::PlaceGutter() {
-  setViewportMargins(GutterWidth(), 0, 0, 0);
+  setViewportMargins(GutterWidth(), 0, ruler_->isHidden() ? 0 : MarkRuler::kWidth, 0);
+  const QRect text = viewport()->geometry();
+  ruler_->setGeometry(text.right() + 1, text.top(), MarkRuler::kWidth, text.height());
   const QRect area = contentsRect();
   numbers_->setGeometry(area.left(), area.top(), GutterWidth(), area.height());
 }

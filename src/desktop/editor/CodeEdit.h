@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/Event.h"
 #include "desktop/editor/CaretHistory.h"
@@ -16,7 +17,9 @@ class TurnClock;
 
 namespace quorvane::desktop {
 
+class CodeMarks;
 class LineNumbers;
+class MarkRuler;
 class VbHighlighter;
 
 /// The editor of one module's text. Undo and redo are the module's own, so that what was typed and what a command of
@@ -41,6 +44,10 @@ class CodeEdit final : public QPlainTextEdit {
   void Reveal();
   /// Select, then Reveal.
   void Locate(int anchor, int position);
+
+  CodeMarks& Marks() { return *marks_; }
+  /// Draws these as marked; with any mark in the text a ruler stands beside the scroll bar.
+  void ShowMarks(std::vector<QTextCursor> ranges);
 
   int GutterWidth() const;
   void PaintGutter(QPaintEvent& event);
@@ -90,9 +97,12 @@ class CodeEdit final : public QPlainTextEdit {
   std::unique_ptr<ModuleBinding> binding_;
   VbHighlighter* highlighter_;
   LineNumbers* numbers_;
+  MarkRuler* ruler_;
+  std::vector<QTextCursor> marked_;
   Typed typed_;
   CaretHistory carets_;
   bool placed_ = false;  ///< the selection was brought into a view of its final size
+  std::unique_ptr<CodeMarks> marks_;
 };
 
 }  // namespace quorvane::desktop

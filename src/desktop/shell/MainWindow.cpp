@@ -20,6 +20,7 @@
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
+#include "desktop/navigate/MatchMarks.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
@@ -104,6 +105,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
       layout_(settings, *this, *code_),
       docks_(*this, windows, views),
+      matches_(std::make_unique<MatchMarks>(*code_, *statusBar(), texts_)),
       encodingStatus_(*statusBar(), *files_, texts_, [this] { return CurrentModule(); }),
       cursorStatus_(*statusBar(), texts_) {
   setObjectName(QStringLiteral("MainWindow"));

@@ -32,6 +32,7 @@ class CodeArea;
 class ChangesView;
 class CodeEdit;
 class FileCommands;
+class MatchMarks;
 class NoticeBar;
 class ProjectTree;
 class QtWindows;
@@ -61,6 +62,7 @@ class MainWindow final : public QMainWindow {
   QDockWidget& ChangesDock() { return *changesDock_; }
   TaskHistory& Tasks() { return tasks_; }
   TaskMenu& TaskEntries() { return taskMenu_; }
+  MatchMarks& Matches() { return *matches_; }
   const Texts& Words() const { return texts_; }
   /// Shows a line for a while.
   void Tell(const QString& line);
@@ -139,6 +141,7 @@ class MainWindow final : public QMainWindow {
   AddInsMenu* addIns_;
   WindowLayout layout_;
   desktop::ToolDocks docks_;
+  std::unique_ptr<MatchMarks> matches_;
   EncodingStatus encodingStatus_;
   CursorStatus cursorStatus_;
   QMenu* editMenu_ = nullptr;

@@ -11,6 +11,7 @@
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
+#include "desktop/navigate/MatchMarks.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/review/ChangesView.h"
 #include "desktop/shell/AddInsMenu.h"
@@ -99,6 +100,8 @@ void MainWindow::BuildEditMenu() {
   menu.addSeparator();
   QAction& find = menu_.Add(menu, Text::EditFind, QKeySequence(), [this] { addIns_->RunFirst(); });
   find.setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_F), QKeySequence(Qt::CTRL | Qt::Key_H)});
+  menu_.Add(menu, Text::EditNextMatch, QKeySequence(Qt::Key_F4), [this] { matches_->Step(1); });
+  menu_.Add(menu, Text::EditPreviousMatch, QKeySequence(Qt::SHIFT | Qt::Key_F4), [this] { matches_->Step(-1); });
   menu_.Add(menu, Text::EditGoToLine, QKeySequence(Qt::CTRL | Qt::Key_G), [this] { GoToLine(); });
 }
 
