@@ -42,6 +42,12 @@ TEST_F(FileSettingsStoreTest, WritesShowAtOnceAndLastFromCommit) {
   store.Commit();
   EXPECT_EQ(Stored(u"k"), u"none");
   EXPECT_EQ(FileSettingsStore(path).GetSetting(u"Other", u"S", u"k", u""), u"3");
+
+  folder.Write("deep/settings", "[App/S]\nk=1\nk=2\n");
+  FileSettingsStore doubled(path);
+  doubled.SaveSetting(u"App", u"S", u"k", u"3");
+  doubled.Commit();
+  EXPECT_EQ(Stored(u"k"), u"3") << "of a key that stands there twice";
 }
 
 /// Two programs that both read the same file and write one after the other, as often as a table says: each writes its

@@ -68,6 +68,7 @@ Sections MergeSettings(const Sections& base, const Sections& mine, const Section
   RemoveWhatIsGone(merged, base, mine);
   for (const auto& section : mine) {
     for (const auto& [key, text] : section.values) {
+      if (Find(mine, section, key) != text) continue;  // a key that comes again: its first text counts
       const Value before = Find(base, section, key);
       if (before == text) continue;
       const Value other = Find(theirs, section, key);
