@@ -2,11 +2,13 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 #include <QWheelEvent>
@@ -22,6 +24,8 @@
 #include "desktop/views/EmptyListNote.h"
 #include "desktop/views/StatusLabel.h"
 #include "desktop/views/TabBarView.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/TabControl.h"
 #include "workbench/model/Component.h"
@@ -252,6 +256,25 @@ TEST_F(SearchWindowsTest, TheEndOfATaskIsTold) {
   QTest::keyClicks(&WidgetOf(*Dialog().cmbReplace), QStringLiteral("x"));
   EXPECT_TRUE(hint->isVisible());
   EXPECT_TRUE(hint->toolTip().contains(QStringLiteral("comments")));
+}
+
+/// Under another ending the add-in would write nothing and say nothing.
+TEST_F(SearchWindowsTest, ResultsAreSavedUnderTheOneEndingThatTheyHave) {
+  StartWithGroup();
+  QStringList names = {QStringLiteral("all.txt"), QStringLiteral("other.XML")};
+  QString told;
+  AnswerNext(QMessageBox::Ok, &told);
+  QTimer hand;
+  QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
+    auto* const dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || names.isEmpty()) return;
+    dialog->selectFile(QString::fromStdString(folder / names.takeFirst().toStdString()));
+    static_cast<QDialog*>(dialog)->accept();
+  });
+  hand.start(10);
+  const auto chosen = ThePlatform().MessageBoxes().AskSaveFileName({u"", u"XML|*.xml", u"Save", u".XML"});
+  EXPECT_EQ(chosen, FromUtf8(folder / "other.XML"));
+  EXPECT_TRUE(told.contains(QStringLiteral("all.txt"))) << told.toStdString();
 }
 
 TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {

@@ -1,7 +1,9 @@
 #include "desktop/platform/QtPrompts.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <array>
@@ -129,8 +131,20 @@ std::optional<std::u16string> QtPrompts::AskSaveFileName(const FileDialogSetup& 
   while (extension.startsWith(QLatin1Char('.'))) extension.remove(0, 1);
   dialog.setDefaultSuffix(extension);
   if (!setup.FileName.empty()) dialog.selectFile(ToQString(setup.FileName));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return FromQString(dialog.selectedFiles().constFirst());
+  for (;;) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QFileInfo chosen(dialog.selectedFiles().constFirst());
+    if (extension.isEmpty() || chosen.suffix().compare(extension, Qt::CaseInsensitive) == 0) {
+      return FromQString(chosen.filePath());
+    }
+    // Whoever asks would write nothing under another ending.
+    const Texts texts = Texts::OfAddIn();
+    QMessageBox(QMessageBox::Information, dialog.windowTitle(),
+                texts(Text::OtherEnding).arg(chosen.fileName(), extension), QMessageBox::Ok,
+                QApplication::activeWindow())
+        .exec();
+    dialog.selectFile(chosen.dir().filePath(chosen.completeBaseName() + QLatin1Char('.') + extension));
+  }
 }
 
 }  // namespace quorvane::desktop

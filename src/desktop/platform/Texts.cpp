@@ -113,6 +113,8 @@ constexpr std::array kWords = {
     Words{Text::SaveAsTitle, u"模块另存为", u"Save the module as"},
     Words{Text::SavedElsewhere, u"已保存为 %1；工程文件中仍列着 %2", u"Saved as %1; the project file still lists %2"},
     Words{Text::LineNumber, u"行号（1 到 %1）：", u"Line number (1 to %1):"},
+    Words{Text::OtherEnding, u"“%1”无法保存：结果只能保存为 .%2 文件。",
+          u"\u201C%1\u201D cannot be saved: results are saved as .%2 alone."},
     Words{Text::NothingThere, u"此操作所需的内容没有打开，或已经关闭", u"What this needs is not open, or not any more"},
     Words{Text::NoResults, u"还没有搜索结果", u"There are no search results yet"},
     Words{Text::NoCodeWindow, u"没有打开的代码窗口。请先打开要搜索的模块，或选择更大的搜索范围。",

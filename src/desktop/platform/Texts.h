@@ -94,6 +94,7 @@ enum class Text {
   SaveAsTitle,
   SavedElsewhere,
   LineNumber,
+  OtherEnding,
   NothingThere,
   NoResults,
   NoCodeWindow,
