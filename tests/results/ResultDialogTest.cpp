@@ -159,6 +159,17 @@ TEST_F(ResultDialogTest, ThePreviewModeFollowsTheChecks) {
     EXPECT_EQ(Doc().mnuReplacePreview.Checked(), steps[i].replace);
     EXPECT_EQ(Doc().mnuReplacePreview.Enabled(), steps[i].replaceEnabled);
   }
+
+  // Without a page there is nothing to preview; it comes back with the next one.
+  Pages().AddNewPage();
+  Doc().mnuCodePreview.Press();
+  EXPECT_EQ(Log(), "mode:1");
+  Doc().mnuCloseAllTabs.Press();
+  EXPECT_EQ(Log(), "mode:0");
+  Pages().AddNewPage();
+  EXPECT_EQ(Log(), "mode:1");
+  Pages().AddNewPage();
+  EXPECT_EQ(Log(), "");
 }
 
 TEST_F(ResultDialogTest, TheMenuShowsTheSearchDialogAndTellsOfFailures) {

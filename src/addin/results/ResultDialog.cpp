@@ -96,6 +96,7 @@ void ResultDialog::ListenToTabs() {
 
 void ResultDialog::Setup() {
   mobjPageMgr = Globals::gobjPageManager;
+  anyPage_ = ActivePage() != nullptr;
   onTabChange_ = Deref(mobjPageMgr).TabChange.Subscribe([this] { Guarded([this] { mobjPageMgr_TabChange(); }); });
 }
 
@@ -271,11 +272,24 @@ void ResultDialog::mobjPageMgr_TabChange() {
   onTaskBegin_.Reset();
   onTaskDone_.Reset();
   const auto page = ActivePage();
+  FollowPages(page != nullptr);
   mobjTask = page ? page->Task() : nullptr;
   if (!mobjTask) return;
   onTaskBegin_ = mobjTask->TaskBegin.Subscribe([this](std::int32_t) { Guarded([this] { mobjTask_TaskBegin(); }); });
   onTaskDone_ =
       mobjTask->TaskDone.Subscribe([this](std::int32_t taskType) { Guarded([&] { mobjTask_TaskDone(taskType); }); });
+}
+
+/// Without a page the preview has nothing to ask whether it may stay, and does not wake up by itself.
+void ResultDialog::FollowPages(bool any) {
+  if (any == anyPage_) return;
+  anyPage_ = any;
+  if (!mnuCodePreview.Checked()) return;
+  if (any) {
+    ApplyPreviewMode();
+  } else {
+    FormAs<ICodePreview>(u"frmCodePreview").SetMode(kPreviewOff);
+  }
 }
 
 void ResultDialog::mobjTask_TaskBegin() {

@@ -111,6 +111,7 @@ class ResultDialog final : public vbide::Document,
   void TimerRunTask_Timer();
   void TabMouseDown(std::int16_t button);
   void mobjPageMgr_TabChange();
+  void FollowPages(bool any);
   void mobjTask_TaskBegin();
   void mobjTask_TaskDone(std::int32_t taskType);
   void ApplyPreviewMode() const;
@@ -122,6 +123,7 @@ class ResultDialog final : public vbide::Document,
   std::shared_ptr<PageManager> mobjPageMgr;
   std::shared_ptr<TaskManager> mobjTask;  ///< of the active page
   std::vector<Subscription> onControls_;
+  bool anyPage_ = false;  ///< as of the last TabChange
   Subscription onTabChange_;
   Subscription onTaskBegin_;
   Subscription onTaskDone_;
