@@ -311,6 +311,15 @@ TEST_F(PageTest, HoveringPreviewsAMatchOnce) {
   forms::TheForms().Instance(u"frmCodePreview")->Hide();
   EXPECT_EQ(hover(0), "row-at:77:131075 update:1 pos") << "the only row, and the preview was hidden";
 
+  failPreview = true;
+  platform.prompts.Answers = {1};
+  forms::TheForms().Instance(u"frmCodePreview")->Hide();
+  EXPECT_EQ(hover(0), "row-at:77:131075 update:1");
+  EXPECT_EQ(Boxes().substr(0, 7), "Error:5");
+  EXPECT_EQ(hover(0), "row-at:77:131075") << "a failure is told once a row";
+  EXPECT_EQ(Boxes(), "");
+  failPreview = false;
+
   List().Clear();
   List().AddItem(u"stale", 2);
   EXPECT_EQ(hover(0), "row-at:77:131075") << "no match of that number";

@@ -52,6 +52,7 @@ class ResultWorld::Preview final : public forms::Form, public ICodePreview {
   void Update(const std::shared_ptr<PositionInfo>& pi, ICondInfo& cond) override {
     EXPECT_EQ(&cond, world_.Active().mobjCondSnap.get());
     world_.log.push_back("update:" + std::to_string(pi->mlngID));
+    if (world_.failPreview) RaiseError(ErrorNumber::InvalidProcedureCall);
   }
   bool CanShow() override { return true; }
   void UpdatePreviewPos() override { world_.log.push_back("pos"); }

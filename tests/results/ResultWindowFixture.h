@@ -53,6 +53,7 @@ class ResultWorld {
 
   TestPlatform platform;
   std::vector<std::string> log;
+  bool failPreview = false;        ///< whether the preview fails to fill itself
   std::int32_t rowUnderMouse = 0;  ///< what the window system answers for any point of a list
   bool previewVisible = false;
 

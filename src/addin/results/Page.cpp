@@ -141,6 +141,7 @@ void Page::TearDown() {
   mobjListPainter.reset();
   mobjCondSnap.reset();
   lastPreviewed_.reset();
+  failedPreview_.reset();
 }
 
 /// The top of an event: its failure is shown and goes no further. The event may close the page.
@@ -299,8 +300,11 @@ void Page::PreviewIndex(std::int32_t index) {
   const std::shared_ptr<PositionInfo> pi = mcolResult->Item(id);
   const std::shared_ptr<forms::Form> form = forms::TheForms().Instance(u"frmCodePreview");
   if (pi == lastPreviewed_ && !(list.ListCount() == 1 && !form->Visible())) return;
+  if (pi == failedPreview_) return;
   ICodePreview& preview = Deref(std::dynamic_pointer_cast<ICodePreview>(form));
+  failedPreview_ = pi;
   preview.Update(pi, Deref(mobjCondSnap));
+  failedPreview_.reset();
   preview.UpdatePreviewPos();
   lastPreviewed_ = pi;
 }

@@ -99,6 +99,7 @@ class Page final : public IResultPage, public std::enable_shared_from_this<Page>
   bool locatingNext_ = false;
   bool locatingPrev_ = false;
   std::shared_ptr<PositionInfo> lastPreviewed_;
+  std::shared_ptr<PositionInfo> failedPreview_;  ///< one whose failure was told; not tried again while the mouse stays
   std::vector<std::u16string> tooLong_;  ///< what the task of the moment has to tell of lines that are too long
 
   std::vector<Subscription> subscriptions_;  ///< from Setup to TearDown
