@@ -110,6 +110,27 @@ TEST(LineDiff, AgreesWithTheLongestCommonSubsequence) {
   }
 }
 
+/// What a replacement within lines leaves: some lines have a text that was nowhere before, and theirs is nowhere after.
+/// The lines that stay occur many times, so that a shift of them would be easy.
+TEST(LineDiff, NewTextsInPlaceAreTheHunks) {
+  std::mt19937 random(test::NewSeed());
+  for (int round = 0; round < 3000 && !HasFailure(); ++round) {
+    std::string before(random() % 60, 'a');
+    std::string after = before;
+    std::vector<DiffHunk> hunks;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+      const bool changes = random() % 4 == 0;
+      before[i] = static_cast<char>((changes ? 'n' : 'a') + random() % 5);
+      after[i] = changes ? static_cast<char>('A' + random() % 5) : before[i];
+      if (!changes) continue;
+      const auto at = static_cast<std::int32_t>(i);
+      if (hunks.empty() || hunks.back().beforeEnd != at) hunks.push_back({at, at, at, at});
+      hunks.back().beforeEnd = hunks.back().afterEnd = at + 1;
+    }
+    EXPECT_EQ(DiffLines(Letters(before), Letters(after)), hunks) << before << " -> " << after;
+  }
+}
+
 TEST(LineDiff, LinesThatOccurOnceKeepEveryLineThatStays) {
   std::vector<std::string> text;
   for (int i = 0; i < 2000; ++i) text.push_back("line " + std::to_string(i));

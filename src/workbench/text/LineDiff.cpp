@@ -1,10 +1,12 @@
 #include "workbench/text/LineDiff.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "base/CommonEnds.h"
 
@@ -13,7 +15,8 @@
 // once on each side, as many of them as ascend on both. Anchors keep procedures together where a shortest edit would
 // slide over blank lines and End Ifs, and make the cost that of sorting. A block without anchors is compared exactly
 // as long as few of its lines differ; a large one that has next to nothing in common is one change, line by line where
-// both sides are of one length.
+// both sides are of one length. Before all that stands a short way: where no changed line occurs on the other side at
+// all, which is how a replacement within lines leaves a text, the lines that stay can only be paired place by place.
 
 namespace quorvane::workbench {
 
@@ -100,6 +103,54 @@ std::vector<Pair> LongestAscending(const std::vector<Pair>& anchors) {
   for (std::size_t i = piles.empty() ? kNone : piles.back(); i != kNone; i = below[i]) run.push_back(anchors[i]);
   std::reverse(run.begin(), run.end());
   return run;
+}
+
+/// Lines to be looked for among many others. Most of those are told apart by a few of their bytes.
+class FewLines {
+ public:
+  void Add(std::string_view line) {
+    lines_.push_back(line);
+    sketch_[Sketch(line)] = true;
+  }
+  bool Holds(std::string_view line) {
+    if (!sketch_[Sketch(line)]) return false;
+    if (found_.empty()) found_.insert(lines_.begin(), lines_.end());
+    return found_.contains(line);
+  }
+
+ private:
+  static constexpr std::size_t kSketches = 8192;
+
+  static std::size_t Sketch(std::string_view line) {
+    if (line.empty()) return 0;
+    const auto byte = [line](std::size_t at) { return static_cast<std::size_t>(static_cast<unsigned char>(line[at])); };
+    return (line.size() * 0x9E5 + byte(line.size() / 2) * 0x83 + byte(line.size() - 1) * 0x1F + byte(line.size() / 3)) %
+           kSketches;
+  }
+
+  std::vector<std::string_view> lines_;
+  std::bitset<kSketches> sketch_;
+  std::unordered_set<std::string_view> found_;  ///< lines_, once somebody asks
+};
+
+/// As LinePairing::Run, where no line that changed occurs on the other side: then both sides have the same lines in the
+/// same order but for the changed ones, and no other pairing has as many pairs. No value where that does not hold.
+std::optional<std::vector<Index>> PairInPlace(std::span<const std::string_view> before,
+                                              std::span<const std::string_view> after) {
+  if (before.size() != after.size()) return std::nullopt;
+  std::vector<Index> partner(before.size());
+  FewLines gone, come;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const bool stays = before[i] == after[i];
+    partner[i] = stays ? static_cast<Index>(i) : -1;
+    if (stays) continue;
+    gone.Add(before[i]);
+    come.Add(after[i]);
+  }
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (come.Holds(before[i]) || gone.Holds(after[i])) return std::nullopt;
+  }
+  return partner;
 }
 
 class LinePairing {
@@ -230,7 +281,8 @@ std::vector<DiffHunk> DiffLines(const std::vector<std::string_view>& before,
   const auto middle = [head = head, tail = tail](const std::vector<std::string_view>& lines) {
     return std::span<const std::string_view>(lines).subspan(head, lines.size() - head - tail);
   };
-  const std::vector<Index> partner = LinePairing(middle(before), middle(after)).Run();
+  const auto inPlace = PairInPlace(middle(before), middle(after));
+  const std::vector<Index> partner = inPlace ? *inPlace : LinePairing(middle(before), middle(after)).Run();
 
   std::vector<DiffHunk> hunks;
   const Index offset = static_cast<Index>(head);
