@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QClipboard>
-#include <QListWidget>
 #include <QAbstractButton>
 #include <QAction>
+#include <QClipboard>
 #include <QDialog>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>

@@ -20,6 +20,7 @@
 #include "addin/core/Utilities.h"
 #include "desktop/editor/CodeMarks.h"
 #include "desktop/navigate/MatchMarks.h"
+#include "desktop/platform/QtText.h"
 #include "desktop/review/TaskMenu.h"
 #include "desktop/views/EmptyListNote.h"
 #include "desktop/views/StatusLabel.h"
@@ -268,7 +269,8 @@ TEST_F(SearchWindowsTest, ResultsAreSavedUnderTheOneEndingThatTheyHave) {
   QObject::connect(&hand, &QTimer::timeout, &hand, [&] {
     auto* const dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr || names.isEmpty()) return;
-    dialog->selectFile(QString::fromStdString(folder / names.takeFirst().toStdString()));
+    const std::string name = folder / names.takeFirst().toStdString();
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString(name));
     static_cast<QDialog*>(dialog)->accept();
   });
   hand.start(10);
@@ -289,6 +291,18 @@ TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {
   ASSERT_EQ(List().Model().ListCount(), 1);
   ClickRow(0, true);
   EXPECT_EQ(SelectedCode(), QStringLiteral("needle one\u2029' needle"));
+
+  // A chosen row is copied; a row that its owner cannot paint shows its text all the same.
+  QTest::keyClick(&List(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), ToQString(List().Model().List(0)));
+  CurrentPage()->mlstResultList->AddItem(u"without a match", 999);
+  QCoreApplication::processEvents();
+  const QImage row = List().viewport()->grab(List().RectOf(1)).toImage();
+  int ink = 0;
+  for (int x = 0; x < row.width(); ++x) {
+    for (int y = 0; y < row.height(); ++y) ink += row.pixelColor(x, y).lightness() < 100 ? 1 : 0;
+  }
+  EXPECT_GT(ink, 50);
 }
 
 TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {

@@ -126,6 +126,12 @@ TEST_F(CodePreviewTest, SizeAndItsLimits) {
     EXPECT_EQ(Preview().Width(), width);
     EXPECT_EQ(Preview().rtPreview->Width(), std::max(width * 15 - 20, 0));
   }
+  forms::TheScreen().Left = 1000;  // of two screens side by side, the right one
+  forms::TheScreen().Top = -50;
+  Preview().Move(1900, -70);
+  Update();
+  EXPECT_EQ(Preview().Top(), -50);
+  EXPECT_EQ(Preview().Width(), 100);
 }
 
 TEST_F(CodePreviewTest, ShowsItselfAboveAndRightOfTheMouseWithoutTheFocus) {

@@ -127,10 +127,11 @@ void frmCodePreview::FitSize() {
 }
 
 void frmCodePreview::Form_Resize() {
-  if (Top() < 0) Move(Left(), 0);
-  const std::int32_t room = forms::TheScreen().Width - Left();
+  const forms::Screen& screen = forms::TheScreen();
+  if (Top() < screen.Top) Move(Left(), screen.Top);
+  const std::int32_t room = screen.Left + screen.Width - Left();
   if (room < Width()) SetSize(room, Height());
-  const std::int32_t unit = forms::TheScreen().TwipsPerPixel;
+  const std::int32_t unit = screen.TwipsPerPixel;
   rtPreview->Move(0, 0, Width() * unit - kBoxMargin, Height() * unit - kBoxMargin);
   rtPreview->Refresh();
 }

@@ -43,7 +43,8 @@ void frmSearchDialog::Form_Load() {
     mobjPageMgr = Globals::gobjPageManager;
     if (mobjPageMgr) onTabChange_ = mobjPageMgr->TabChange.Subscribe([this] { mobjPageMgr_TabChange(); });
     WatchActivePage();  // no TabChange tells of a page that is there already, and its task may be running
-    Move((forms::TheScreen().Width - Width()) / 2, (forms::TheScreen().Height - Height()) / 2);
+    const forms::Screen& screen = forms::TheScreen();
+    Move(screen.Left + (screen.Width - Width()) / 2, screen.Top + (screen.Height - Height()) / 2);
     MemToScreen();
     LoadFromSelection();
     UpdateTaskState();

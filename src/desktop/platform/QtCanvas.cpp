@@ -107,6 +107,11 @@ void QtCanvas::TextOut(std::int32_t x, std::int32_t y, std::u16string_view text)
   painter_.fillRect(QRect(x, y, metrics.horizontalAdvance(line), metrics.height()), background_);
   painter_.setPen(Ink(textColor_));
   painter_.drawText(QPoint(x, y + metrics.ascent()), line);
+  drawn_ = true;
+}
+
+bool QtCanvas::TakeDrawn() {
+  return std::exchange(drawn_, false);
 }
 
 std::int32_t QtCanvas::TextWidth(std::u16string_view text) {

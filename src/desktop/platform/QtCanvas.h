@@ -29,6 +29,9 @@ class QtCanvas final : public Canvas {
   std::int32_t TextWidth(std::u16string_view text) override;
   void DrawFocusRect(const CanvasRect& rect) override;
 
+  /// Whether text was drawn since this was last asked.
+  bool TakeDrawn();
+
  private:
   QColor Surface(Color color) const;
   QColor Ink(Color color) const;
@@ -39,6 +42,7 @@ class QtCanvas final : public Canvas {
   std::shared_ptr<CanvasFont> font_;
   Color textColor_ = 0;
   QColor background_;
+  bool drawn_ = false;
 };
 
 }  // namespace quorvane::desktop

@@ -97,13 +97,16 @@ void CodePreviewView::Follow() {
   ShowMatch();
 }
 
-/// Of a text that is higher than the window, the part with the match; any other from its start.
+/// Of a text that is larger than the window, the part with the match; any other from its start.
 void CodePreviewView::ShowMatch() {
   QTextCursor cursor(document());
   cursor.setPosition(match_);
   QScrollBar& bar = *verticalScrollBar();
   bar.setValue(bar.value() + cursorRect(cursor).center().y() - viewport()->height() / 2);
-  horizontalScrollBar()->setValue(0);
+  QScrollBar& across = *horizontalScrollBar();
+  const int x = across.value() + cursorRect(cursor).left();
+  const int width = viewport()->width();
+  across.setValue(x < width * 3 / 4 ? 0 : x - width / 2);
 }
 
 void CodePreviewView::resizeEvent(QResizeEvent* event) {

@@ -12,6 +12,7 @@
 #include "base/FlagScope.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/views/ScreenAt.h"
 #include "desktop/views/ViewFactory.h"
 #include "platform/forms/Dialog.h"
 
@@ -74,14 +75,18 @@ void FormWindow::Follow() {
   }
 }
 
-/// A form that floats may be higher than any screen, and a window of such a height costs memory without end: it gets
-/// the lower part alone, which is what could be seen.
+/// A form that floats may be larger than any screen, and a window of such a size costs memory without end: it gets the
+/// size of the pointer's screen at most, and lies on it. Of a high form that is the lower part.
 void FormWindow::TakePlace() {
   QPoint place(dialog_->Left(), dialog_->Top());
   if (floats_) {
-    const int height = std::min(dialog_->Height(), screen()->virtualSize().height());
+    const QRect room = ScreenAt(QCursor::pos(), *this).availableGeometry();
+    const int height = std::min(dialog_->Height(), room.height());
+    const int width = std::min(dialog_->Width(), room.width());
     place.ry() += dialog_->Height() - height;
-    setFixedSize(std::max(dialog_->Width(), 1), std::max(height, 1));
+    place.setX(std::clamp(place.x(), room.left(), room.left() + room.width() - width));
+    place.setY(std::clamp(place.y(), room.top(), room.top() + room.height() - height));
+    setFixedSize(std::max(width, 1), std::max(height, 1));
   }
   // A frame that came after the window was placed shifts it in silence: the form's own place counts when it changes.
   if (!floats_ && place == followed_) return;

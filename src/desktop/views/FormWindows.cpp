@@ -1,13 +1,11 @@
 #include "desktop/views/FormWindows.h"
 
-#include <QGuiApplication>
-#include <QScreen>
+#include <QWidget>
 
 #include "desktop/views/FormWindow.h"
-#include "desktop/views/Twips.h"
+#include "desktop/views/ScreenAt.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
-#include "platform/forms/Screen.h"
 
 namespace quorvane::desktop {
 
@@ -25,8 +23,7 @@ FormWindow* FormWindows::WindowOf(const forms::Form& form) const {
 }
 
 void FormWindows::Open(forms::Form& form) {
-  const QSize screen = owner_.screen()->size();
-  forms::TheScreen() = {screen.width(), screen.height(), kTwipsOfInch / owner_.logicalDpiY()};
+  TellForms(*owner_.screen(), owner_);
   auto window = std::make_unique<FormWindow>(form.shared_from_this(), views_, windows_, &owner_);
   shown_[&form] = std::move(window);
 }

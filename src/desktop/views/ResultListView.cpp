@@ -5,6 +5,7 @@
 #include "desktop/views/ResultListView.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,6 +18,7 @@
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/views/EmptyListNote.h"
+#include "desktop/views/ScreenAt.h"
 #include "platform/NativeWindows.h"
 #include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
@@ -26,6 +28,7 @@ namespace quorvane::desktop {
 namespace {
 
 constexpr int kMiss = 0x10000;  // a high word other than 0
+constexpr int kLeft = 5;        // of the text of a row
 constexpr int kPadding = 2;     // above and below the text of a row
 
 QFont FontOf(const forms::Font& font, const QFont& own) {
@@ -141,6 +144,11 @@ void ResultListView::paintEvent(QPaintEvent*) {
     // The owner draws its text at the top of what it is given; the room above and below is the view's.
     if (selected) painter.fillRect(0, top, width, height, palette().color(QPalette::Highlight));
     list_.DrawItem.Raise(row, canvas, selected, {0, top + kPadding, width, top + height - kPadding});
+    // Its owner leaves a row whose match lies too far along it blank: no row of the list is without its text.
+    if (!canvas.TakeDrawn()) {
+      painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
+      painter.drawText(kLeft, top + kPadding + painter.fontMetrics().ascent(), ToQString(list_.List(row)));
+    }
   }
 }
 
@@ -168,6 +176,7 @@ void ResultListView::mouseMoveEvent(QMouseEvent* event) {
     const int row = RowAt(static_cast<int>(place.x()), static_cast<int>(place.y()));
     if (row >= 0) list_.SetListIndex(row);
   }
+  TellForms(ScreenAt(event->globalPosition().toPoint(), *this), *this);  // the preview beside the pointer ends there
   list_.MouseMove.Raise(MouseButtonOf(Qt::MouseButton(int(event->buttons()))), Shift(*event),
                         static_cast<float>(place.x()), static_cast<float>(place.y()));
 }
@@ -197,8 +206,15 @@ int ResultListView::RowByKey(int key) const {
   }
 }
 
+/// Without a selected row the clipboard keeps what it has.
+void ResultListView::CopySelected() const {
+  if (list_.ListIndex() < 0) return;
+  QGuiApplication::clipboard()->setText(ToQString(list_.List(list_.ListIndex())));
+}
+
 void ResultListView::keyPressEvent(QKeyEvent* event) {
   const std::int32_t code = VirtualKeyOf(*event);
+  if (event->matches(QKeySequence::Copy)) return CopySelected();
   if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
     const bool left = event->key() == Qt::Key_Left;
     horizontalScrollBar()->triggerAction(left ? QScrollBar::SliderSingleStepSub : QScrollBar::SliderSingleStepAdd);

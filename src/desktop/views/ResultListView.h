@@ -48,6 +48,7 @@ class ResultListView final : public QAbstractScrollArea {
   void Follow();
   void UpdateScrollBars();
   void Reveal(int row);
+  void CopySelected() const;
   int RowsOnScreen() const;
   /// The row that a key of movement leads to; -1 for any other key.
   int RowByKey(int key) const;

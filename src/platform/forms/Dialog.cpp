@@ -66,8 +66,8 @@ void Dialog::SetSize(std::int32_t width, std::int32_t height) {
   width_ = width;
   height_ = height;
   if (start_ == FormStart::CenterScreen && !Visible()) {
-    left_ = (TheScreen().Width - width) / 2;
-    top_ = (TheScreen().Height - height) / 2;
+    left_ = TheScreen().Left + (TheScreen().Width - width) / 2;
+    top_ = TheScreen().Top + (TheScreen().Height - height) / 2;
   }
   Form_Resize();
   Changed.Raise();

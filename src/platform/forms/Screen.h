@@ -10,6 +10,8 @@ struct Screen {
   std::int32_t Width = 0;
   std::int32_t Height = 0;
   std::int32_t TwipsPerPixel = 15;  ///< across and down; 96 dots an inch
+  std::int32_t Left = 0;            ///< where it lies among several, below 0 left of the first
+  std::int32_t Top = 0;
 };
 
 /// The one of the program.
