@@ -293,6 +293,8 @@ TEST_F(SearchWindowsTest, MatchesOverTabsWideCharactersAndLines) {
   EXPECT_EQ(SelectedCode(), QStringLiteral("needle one\u2029' needle"));
 
   // A chosen row is copied; a row that its owner cannot paint shows its text all the same.
+  QApplication::setActiveWindow(&Window());
+  List().setFocus();
   QTest::keyClick(&List(), Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), ToQString(List().Model().List(0)));
   CurrentPage()->mlstResultList->AddItem(u"without a match", 999);

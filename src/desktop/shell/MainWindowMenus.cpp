@@ -18,6 +18,7 @@
 #include "desktop/shell/EncodingMenu.h"
 #include "desktop/shell/FileCommands.h"
 #include "desktop/shell/MainWindow.h"
+#include "desktop/views/ResultListView.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Pane.h"
 #include "workbench/model/Project.h"
@@ -29,7 +30,15 @@ namespace {
 
 /// What the menu does is done by the widget that has the focus, be it the code or a line of text.
 void ToFocus(const char* slot) {
-  if (QWidget* widget = QApplication::focusWidget()) QMetaObject::invokeMethod(widget, slot);
+  QWidget* const widget = QApplication::focusWidget();
+  if (widget == nullptr) return;
+  if (widget->metaObject()->indexOfMethod(QByteArray(slot).append("()").constData()) < 0) return;
+  QMetaObject::invokeMethod(widget, slot);
+}
+
+void Copy() {
+  if (const auto* list = dynamic_cast<ResultListView*>(QApplication::focusWidget())) return list->CopySelected();
+  ToFocus("copy");
 }
 
 QString RecentLabel(int number, const QStringList& files) {
@@ -94,7 +103,7 @@ void MainWindow::BuildEditMenu() {
   taskMenu_.AddTo(menu);
   menu.addSeparator();
   menu_.Add(menu, Text::EditCut, QKeySequence::Cut, [] { ToFocus("cut"); });
-  menu_.Add(menu, Text::EditCopy, QKeySequence::Copy, [] { ToFocus("copy"); });
+  menu_.Add(menu, Text::EditCopy, QKeySequence::Copy, Copy);
   menu_.Add(menu, Text::EditPaste, QKeySequence::Paste, [] { ToFocus("paste"); });
   menu_.Add(menu, Text::EditSelectAll, QKeySequence::SelectAll, [] { ToFocus("selectAll"); });
   menu.addSeparator();

@@ -206,7 +206,6 @@ int ResultListView::RowByKey(int key) const {
   }
 }
 
-/// Without a selected row the clipboard keeps what it has.
 void ResultListView::CopySelected() const {
   if (list_.ListIndex() < 0) return;
   QGuiApplication::clipboard()->setText(ToQString(list_.List(list_.ListIndex())));

@@ -31,6 +31,8 @@ class ResultListView final : public QAbstractScrollArea {
   QRect RectOf(int row) const;
   int RowHeight() const;
   const forms::OwnerDrawList& Model() const { return list_; }
+  /// Puts the text of the selected row on the clipboard; without one the clipboard keeps what it has.
+  void CopySelected() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -48,7 +50,6 @@ class ResultListView final : public QAbstractScrollArea {
   void Follow();
   void UpdateScrollBars();
   void Reveal(int row);
-  void CopySelected() const;
   int RowsOnScreen() const;
   /// The row that a key of movement leads to; -1 for any other key.
   int RowByKey(int key) const;
