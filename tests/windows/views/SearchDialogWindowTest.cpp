@@ -207,6 +207,20 @@ TEST_F(SearchDialogWindowTest, TheMenuComesOnTheSurfaceAlone) {
   EXPECT_FALSE(InMenu(inFrame, {VK_ESCAPE})) << "a frame is no surface";
 }
 
+/// While an input method composes, Enter and the other keys are its own; then its characters come one by one.
+TEST_F(SearchDialogWindowTest, AnInputMethodHasItsKeysToItself) {
+  const HWND box = Edit(*D().cmbSearch);
+  ::SetFocus(box);
+  ::SendMessageW(box, EM_SETSEL, 0, -1);
+  ::PostMessageW(box, WM_KEYDOWN, VK_PROCESSKEY, 1 | (0x1C << 16));  // Enter, by its place on the keyboard
+  ::PostMessageW(box, WM_IME_CHAR, u'拖', 1);
+  ::PostMessageW(box, WM_IME_CHAR, u'放', 1);
+  EXPECT_TRUE(ServeUntil([&] { return D().cmbSearch->Text() == u"拖放"; })) << Find();
+  EXPECT_TRUE(D().Visible());
+  EXPECT_EQ(Active(), "cmbSearch");
+  EXPECT_EQ(Setting().mstrSearchStr, u"拖放");
+}
+
 TEST_F(SearchDialogWindowTest, TextIsDroppedOnTheBoxes) {
   const auto target = [&](const forms::Control& combo) {
     return static_cast<IDropTarget*>(::GetPropW(WindowOf(combo), L"OleDropTargetInterface"));
