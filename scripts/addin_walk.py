@@ -304,10 +304,18 @@ class Walk:
             left, top, right, bottom = [int(number) for number in self.host.ask(f"tab {strip.handle} {tab}")[-1].split()]
             return (left + right) // 2, (top + bottom) // 2
 
+        def resting(tab):
+            """Where a tab is once it stays there: a search renames its tab, and those behind it move."""
+            def seen():
+                place = middle(tab)
+                time.sleep(0.5)
+                return place if middle(tab) == place else None
+            return soon(f"tab {tab} rests", seen)
+
         before = count()
-        click(middle(before - 1))
+        click(resting(before - 1))
         self.becomes("tabs with one more", count, before + 1)
-        click(middle(before - 1), 2)
+        click(resting(before - 1), 2)
         self.becomes("tabs with one less", count, before)
 
     def preview(self):
