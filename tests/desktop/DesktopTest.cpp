@@ -17,9 +17,9 @@
 
 #include "DesktopFixture.h"
 #include "base/Error.h"
+#include "desktop/files/FileCommands.h"
 #include "desktop/platform/QtWindows.h"
 #include "desktop/shell/AddInsMenu.h"
-#include "desktop/shell/FileCommands.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/welcome/NoticeBar.h"
 #include "desktop/welcome/StartPage.h"

@@ -4,8 +4,8 @@
 
 #include "FormWindowsFixture.h"
 #include "addin/dialogs/frmOption.h"
-#include "desktop/views/KeyEditorView.h"
-#include "desktop/views/TabBarView.h"
+#include "desktop/dialogs/KeyEditorView.h"
+#include "desktop/results/TabBarView.h"
 #include "platform/forms/Tab.h"
 #include "platform/forms/TabControl.h"
 

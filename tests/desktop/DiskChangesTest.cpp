@@ -7,8 +7,8 @@
 #include <QPlainTextEdit>
 
 #include "DesktopFixture.h"
-#include "desktop/shell/DifferenceBox.h"
-#include "desktop/shell/FileCommands.h"
+#include "desktop/files/DifferenceBox.h"
+#include "desktop/files/FileCommands.h"
 #include "native/files/NewFile.h"
 #include "workbench/model/Component.h"
 #include "workbench/save/FileSaver.h"

@@ -2,7 +2,7 @@
 #include <QToolButton>
 
 #include "DesktopFixture.h"
-#include "desktop/shell/FileCommands.h"
+#include "desktop/files/FileCommands.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Project.h"
 

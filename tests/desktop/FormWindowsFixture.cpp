@@ -5,8 +5,8 @@
 #include <QWindow>
 #include <exception>
 
-#include "desktop/views/FormWindow.h"
-#include "desktop/views/FormWindows.h"
+#include "desktop/dialogs/FormWindow.h"
+#include "desktop/dialogs/FormWindows.h"
 #include "platform/forms/Dialog.h"
 
 namespace quorvane::desktop {

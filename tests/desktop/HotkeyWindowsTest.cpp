@@ -6,8 +6,8 @@
 #include "FormWindowsFixture.h"
 #include "addin/connect/Connect.h"
 #include "addin/dialogs/frmOption.h"
+#include "desktop/dialogs/KeyEditorView.h"
 #include "desktop/shell/ProjectTree.h"
-#include "desktop/views/KeyEditorView.h"
 #include "workbench/model/HostCommandBars.h"
 
 namespace quorvane::desktop {

@@ -5,8 +5,8 @@
 
 #include "FormWindowsFixture.h"
 #include "addin/dialogs/frmCodePreview.h"
+#include "desktop/dialogs/CodePreviewView.h"
 #include "desktop/editor/CodeColors.h"
-#include "desktop/views/CodePreviewView.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -1,7 +1,7 @@
 #include "SearchWindowsFixture.h"
 
-#include "desktop/views/FormWindow.h"
-#include "desktop/views/FormWindows.h"
+#include "desktop/dialogs/FormWindow.h"
+#include "desktop/dialogs/FormWindows.h"
 
 namespace quorvane::desktop {
 

@@ -6,8 +6,8 @@
 #include <QWindow>
 #include <thread>
 
+#include "desktop/results/TabBarView.h"
 #include "desktop/shell/ProjectTree.h"
-#include "desktop/views/TabBarView.h"
 
 namespace quorvane::desktop {
 

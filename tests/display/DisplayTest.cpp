@@ -12,10 +12,10 @@
 
 #include "DisplayFixture.h"
 #include "addin/dialogs/frmCodePreview.h"
+#include "desktop/dialogs/FormWindow.h"
+#include "desktop/dialogs/FormWindows.h"
+#include "desktop/results/TabBarView.h"
 #include "desktop/shell/AddInsMenu.h"
-#include "desktop/views/FormWindow.h"
-#include "desktop/views/FormWindows.h"
-#include "desktop/views/TabBarView.h"
 
 namespace quorvane::desktop {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "base/Event.h"
+#include "desktop/dialogs/ViewFactory.h"
 #include "desktop/platform/QtPlatform.h"
-#include "desktop/views/ViewFactory.h"
 #include "vbide/VBIDE.h"
 
 namespace quorvane {

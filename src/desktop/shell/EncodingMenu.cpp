@@ -2,9 +2,9 @@
 
 #include <QMenu>
 
+#include "desktop/files/FileCommands.h"
 #include "desktop/platform/CodePageTitles.h"
 #include "desktop/platform/Texts.h"
-#include "desktop/shell/FileCommands.h"
 
 namespace quorvane::desktop {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/shell/EncodingScope.h"
+#include "desktop/files/EncodingScope.h"
 
 class QMenu;
 

@@ -5,10 +5,10 @@
 #include <QToolButton>
 #include <utility>
 
+#include "desktop/files/FileCommands.h"
 #include "desktop/platform/CodePageTitles.h"
 #include "desktop/platform/Texts.h"
 #include "desktop/shell/EncodingMenu.h"
-#include "desktop/shell/FileCommands.h"
 
 namespace quorvane::desktop {
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "desktop/shell/EncodingScope.h"
+#include "desktop/files/EncodingScope.h"
 
 class QMenu;
 class QStatusBar;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Event.h"
+#include "desktop/files/RecentFiles.h"
 #include "desktop/platform/Texts.h"
 #include "desktop/platform/ToolkitTexts.h"
 #include "desktop/review/TaskHistory.h"
@@ -13,7 +14,6 @@
 #include "desktop/shell/DockWidth.h"
 #include "desktop/shell/EncodingStatus.h"
 #include "desktop/shell/MainMenu.h"
-#include "desktop/shell/RecentFiles.h"
 #include "desktop/shell/ToolDocks.h"
 #include "desktop/shell/WindowLayout.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Event.h"
-#include "desktop/shell/EncodingScope.h"
+#include "desktop/files/EncodingScope.h"
 #include "vbide/VBIDE.h"
 
 class QLineEdit;

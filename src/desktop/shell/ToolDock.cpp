@@ -5,9 +5,9 @@
 #include <QCloseEvent>
 #include <utility>
 
+#include "desktop/dialogs/ViewFactory.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
-#include "desktop/views/ViewFactory.h"
 #include "workbench/model/ToolWindow.h"
 
 namespace quorvane::desktop {

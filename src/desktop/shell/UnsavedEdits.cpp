@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <exception>
 
+#include "desktop/files/ErrorBox.h"
+#include "desktop/files/FileCommands.h"
 #include "desktop/platform/QtText.h"
-#include "desktop/shell/ErrorBox.h"
-#include "desktop/shell/FileCommands.h"
 #include "desktop/shell/MainWindow.h"
 
 namespace quorvane::desktop {

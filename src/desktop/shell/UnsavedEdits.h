@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "desktop/shell/EditJournal.h"
+#include "desktop/files/EditJournal.h"
 
 namespace quorvane {
 
