@@ -33,7 +33,7 @@ TEST(StringCollection, Join) {
   EXPECT_EQ(empty.Join(u"--"), u"--") << "no longer than the splitter: it stays";
   StringCollection sixty;
   for (int i = 0; i < 60; ++i) sixty.Add(u"x");
-  EXPECT_EQ(sixty.Join(u"|", 50).size(), 99u) << "no splitter behind the last";
+  EXPECT_EQ(sixty.Join(u"|", 50).size(), 99u) << "no splitter after the last";
 }
 
 TEST(StringCollection, AddSplit) {

@@ -104,7 +104,7 @@ TEST_F(ReviewTest, RowsTellWhatWentAndCameAndEachIsRevertedAsOneStep) {
   EXPECT_TRUE(module.Undo());
   EXPECT_EQ(module.Text(), edited) << "one step";
 
-  // The key for undo leaves alone what was edited behind it.
+  // The key for undo leaves alone what was edited after it.
   Rows();
   Select("Project1.m +2 -2");
   Press(Qt::Key_Delete);

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 
 class UpdateWindowsTest : public FormWindowsTest {
  protected:
-  /// Opens the options, presses the button that checks, and closes them again behind whatever came.
+  /// Opens the options, presses the button that checks, and closes them again after whatever came.
   void Check(const std::function<void()>& meanwhile = {}) {
     Walk(
         u"frmOption", [] { forms::TheForms().Instance(u"frmOption")->Show(forms::FormModal::Modal); },

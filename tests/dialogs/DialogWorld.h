@@ -48,11 +48,11 @@ class DialogWorld : public SearchWorld {
 
   /// A host with these sources, as SearchWorld does it, and the fake windows around it.
   void OpenGroup(const Group& group);
-  /// The one search dialog; another one behind an unload.
+  /// The one search dialog; another one after an unload.
   frmSearchDialog& Dialog();
   /// What the user types.
   void Type(forms::ComboBox& combo, const std::u16string& text);
-  /// The active page's key and the rows of its list behind their places.
+  /// The active page's key and the rows of its list after their places.
   std::string Rows() const;
   /// "search|replace|area|mode|case|word|single line|comment" of the settings.
   std::string Condition();

@@ -100,7 +100,7 @@ TEST_F(SearchDialogTaskTest, ASearchReachesTheCurrentPageAlsoWhenItsTabWasNotTol
     if (std::exchange(fail, false)) RaiseError(ErrorNumber::Internal);
   });
   frmSearchDialog& d = Ready();
-  fail = true;  // the dialog comes behind this listener
+  fail = true;  // the dialog comes after this listener
   platform.prompts.Answers = {1};
   manager.mobjTabCtrl->Item(std::u16string(u"Search1"))->Select();
   d.cmdSearch->Press();

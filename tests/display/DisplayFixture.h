@@ -23,7 +23,7 @@ class DisplayTest : public SearchWindowsTest {
 
   void SetUp() override;
 
-  /// Lets the program run while the person acts. Whatever is open behind that and waits for an answer is closed.
+  /// Lets the program run while the person acts. Whatever is open after that and waits for an answer is closed.
   void Walk(const std::function<void()>& person);
 
   // What the person does.

@@ -93,7 +93,7 @@ TEST_F(FilterManagerTest, ASearchWithAStylesheetThatFailsKeepsTheMatches) {
     EXPECT_EQ(Ids(), "1 2 ");
     EXPECT_EQ(page->results->Count(), 2);
     Setting().SetXSL(kOddLines);
-    EXPECT_EQ(Refresh(), "1: 1:1") << "behind " << ToUtf8(xsl);
+    EXPECT_EQ(Refresh(), "1: 1:1") << "after " << ToUtf8(xsl);
   }
   EXPECT_TRUE(platform.prompts.Shown.empty());
 }

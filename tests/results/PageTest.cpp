@@ -112,7 +112,7 @@ TEST_F(PageTest, TheStatusLineFollowsEachMatchAndTheFirstOneOpensTheWindow) {
   Active().UpdateStatus();
   EXPECT_EQ(Status(), "") << "nothing was searched here";
   EXPECT_EQ(Search(u"x"), "");
-  // The window opens behind the writing of the label.
+  // The window opens after the writing of the label.
   EXPECT_EQ(captions, (std::vector<std::string>{
                           std::string("module:0 match:0 show:0") + kCondition + " closed",
                           std::string("module:1 match:1 show:1") + kCondition + " closed",
@@ -223,7 +223,7 @@ TEST_F(PageTest, ALocateCommandDoesNotEnterItselfButTheOther) {
   Active().mcolResult->Clear();
   List().AddItem(u"stale", 1);
   EXPECT_EQ(Raised([&] { Active().LocateNextResult(); }), 9);
-  EXPECT_EQ(Raised([&] { Active().LocateNextResult(); }), 9) << "free again behind a failure";
+  EXPECT_EQ(Raised([&] { Active().LocateNextResult(); }), 9) << "free again after a failure";
 }
 
 TEST_F(PageTest, ClosingThePageDuringAJumpIsSafe) {

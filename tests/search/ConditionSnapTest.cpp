@@ -18,7 +18,7 @@ class ConditionSnapTest : public SearchFixture {
 TEST(ConditionSnap, DescribesEveryCondition) {
   SearchWorld world("932");
   world.OpenModule(CrLf(u"Sub A()\n漢字\nabcd\nEnd Sub"));
-  world.Activate(u"M", {2, 2, 3, 4});  // the start lies inside 漢 and moves behind it
+  world.Activate(u"M", {2, 2, 3, 4});  // the start lies inside 漢 and moves after it
   for (const Row& row : Rows("search/ConditionSnap.rows", "Descriptions")) {
     world.Condition(static_cast<gsArea>(row.Number(0)), static_cast<gsMode>(row.Number(1)), u"x");
     world.Setting().mblnMatchCase = row.Number(2) == 1;

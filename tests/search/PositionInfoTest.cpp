@@ -80,7 +80,7 @@ TEST_F(PositionInfoFixture, RelativeTextClampsItsStartAlone) {
   std::u16string code;
   for (char16_t c = u'a'; c < u'a' + 15; ++c) code += std::u16string(1, c) + (c < u'a' + 14 ? u"\n" : u"");
   PositionInfo& pi = Set(InModule(code), 2, 1, 2, 2);
-  EXPECT_EQ(pi.RelativeText(5), CrLf(u"a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk")) << "one line before, nine behind";
+  EXPECT_EQ(pi.RelativeText(5), CrLf(u"a\nb\nc\nd\ne\nf\ng\nh\ni\nj\nk")) << "one line before, nine after";
   EXPECT_EQ(pi.RelativeMatchStartPos(5), 4);
   EXPECT_EQ(pi.RelativeMatchEndPos(5), 5);
   EXPECT_EQ(Set(pi, 14, 1, 15, 2).RelativeText(1), CrLf(u"m\nn\no")) << "the lines that exist";

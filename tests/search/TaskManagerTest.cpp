@@ -68,7 +68,7 @@ TEST(TaskManagerWide, WideCharactersBeforeAndInTheRegion) {
     world.Condition(gsAllProjects, mode, u"x");
     EXPECT_EQ(world.Search(), "");
     EXPECT_EQ(world.Matches(), "M 1,3-1,4 x\nM 1,5-1,6 x\nM 2,1-2,2 x") << mode;
-    world.Activate(u"M", {1, 6, 2, 2});  // behind the first x, which stands in column 5
+    world.Activate(u"M", {1, 6, 2, 2});  // after the first x, which stands in column 5
     world.Condition(gsSelection, mode, u"漢x");
     EXPECT_EQ(world.Search(), "");
     EXPECT_EQ(world.Matches(), "M 1,4-1,6 漢x") << mode;
@@ -213,7 +213,7 @@ TEST_F(TaskManagerTest, ModulesAreCountedByIdentity) {
   Condition(gsCurModule, gsCommon, u"total");
   Activate(u"Main");
   EXPECT_EQ(Search(), "");
-  EXPECT_EQ(Search(), "") << "again, behind a Clear";
+  EXPECT_EQ(Search(), "") << "again, after a Clear";
   EXPECT_EQ(page->results->ModuleCount(), 1);
   ResultCollection& results = *page->results;
   const auto another = std::make_shared<PositionInfo>();
@@ -236,7 +236,7 @@ TEST_F(TaskManagerTest, ModulesAreCountedByIdentity) {
 
 namespace {
 
-/// A module of a host that searches on behind the end of the range it was given.
+/// A module of a host that searches on after the end of the range it was given.
 class Overreaching final : public PassingModule {
  public:
   using PassingModule::PassingModule;

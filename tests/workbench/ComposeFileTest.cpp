@@ -73,7 +73,7 @@ TEST(ComposeFile, HiddenLinesFollowTheirDeclaration) {
 struct Member {
   std::string before, name, behind;  ///< the header around the name; `behind` may hold LF where it is continued
   std::string end;
-  Strings attributes;  ///< behind "Attribute NAME."
+  Strings attributes;  ///< after "Attribute NAME."
   Strings body;
 
   Strings Header() const { return LinesOf(before + name + behind + "\n"); }
@@ -148,7 +148,7 @@ class ModuleMaker {
     for (std::string line : WithHidden(members)) {
       if (const std::size_t at = line.find("\xED\x40"); at != std::string::npos && OneIn(2))
         line.replace(at, 2, "\xFA\x5C");
-      // A lone LF behind a lone CR and an empty line would be no line.
+      // A lone LF after a lone CR and an empty line would be no line.
       bytes += line + (line.empty() ? "\r\n" : OneIn(8) ? kEnds[Below(3)] : usual);
     }
     if (OneIn(3)) bytes.erase(bytes.find_last_not_of("\r\n") + 1);
@@ -182,7 +182,7 @@ std::string Canonical(std::string line) {
   return line;
 }
 
-/// The lines of a file, hidden ones too, behind its header.
+/// The lines of a file, hidden ones too, after its header.
 Strings AllLines(const SourceFile& file) {
   Strings lines;
   std::size_t hidden = 0;

@@ -186,7 +186,7 @@ TEST_F(ModuleTextTest, KnowsWhatWasSaved) {
   module.DeleteLines(1, 1), note();
   module.MarkSaved(std::make_shared<SourceFile>("B\r\n"));
   EXPECT_FALSE(module.Modified());
-  module.InsertLines(1, u"x"), note();  // the same turn, but a step of its own behind the save
+  module.InsertLines(1, u"x"), note();  // the same turn, but a step of its own after the save
   EXPECT_TRUE(module.Modified());
   EXPECT_TRUE(module.Undo()), note();
   EXPECT_FALSE(module.Modified());

@@ -190,7 +190,7 @@ void CodeEdit::Redo() {
   if (TheModule()->Redo()) AfterHistory(carets_.First(TheModule()->State()));
 }
 
-/// What was done without a caret here leaves it behind the change.
+/// What was done without a caret here leaves it after the change.
 void CodeEdit::AfterHistory(const std::optional<CaretHistory::Caret>& caret) {
   Refresh();
   if (caret) {

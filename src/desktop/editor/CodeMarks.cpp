@@ -26,7 +26,7 @@ void CodeMarks::Set(std::vector<Place> places) {
     Mark mark{QTextCursor(editor_.document()), {}, 0, place.number};
     mark.range.setPosition(place.begin);
     mark.range.setPosition(place.end, QTextCursor::KeepAnchor);
-    mark.range.setKeepPositionOnInsert(true);  // what is typed behind the mark is no part of it
+    mark.range.setKeepPositionOnInsert(true);  // what is typed after the mark is no part of it
     mark.text = mark.range.selectedText();
     mark.column = place.begin - editor_.document()->findBlock(place.begin).position();
     marks_.push_back(std::move(mark));

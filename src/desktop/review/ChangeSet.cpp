@@ -13,7 +13,7 @@ namespace quorvane::desktop {
 
 namespace {
 
-constexpr int kSoon = 120;  // ms behind the first edit, so that typing does not wait for a comparison
+constexpr int kSoon = 120;  // ms after the first edit, so that typing does not wait for a comparison
 
 }  // namespace
 

@@ -20,7 +20,7 @@ namespace desktop {
 
 class ModuleChanges;
 
-/// All open modules that differ from their files, in the order of the project tree. Follows each edit, a moment behind
+/// All open modules that differ from their files, in the order of the project tree. Follows each edit, a moment after
 /// it, for as long as somebody looks.
 class ChangeSet {
  public:

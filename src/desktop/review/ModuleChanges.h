@@ -41,7 +41,7 @@ class ModuleChanges {
   std::int32_t CountAfter() const { return static_cast<std::int32_t>(after_.size()); }
   std::int32_t Added() const;
   std::int32_t Removed() const;
-  /// The hidden lines of the file behind the lines that a hunk removes, without line ends.
+  /// The hidden lines of the file after the lines that a hunk removes, without line ends.
   std::vector<std::u16string> HiddenLines(std::size_t hunk) const;
   /// Name of the procedure that a hunk begins in; empty in the declarations.
   std::u16string ProcedureOf(std::size_t hunk) const;

@@ -41,7 +41,7 @@ class ComObject : public First, public Rest..., public ISupportErrorInfo {
   ULONG STDMETHODCALLTYPE Release() override {
     const long left = --references_;
     if (left == 0) {
-      const ModuleReference alive;  // the last one to go: behind the end of this object
+      const ModuleReference alive;  // the last one to go: after the end of this object
       delete this;
     }
     return static_cast<ULONG>(left);

@@ -20,7 +20,7 @@ class Entry {
 
   /// How many stand on this thread.
   static int Depth();
-  /// Runs `action` behind the outermost entry; at once when none stands. What it raises is ignored. For the thread of
+  /// Runs `action` after the outermost entry; at once when none stands. What it raises is ignored. For the thread of
   /// the code alone.
   static void WhenAtRest(std::function<void()> action);
 

@@ -17,7 +17,7 @@ class ModuleReference {
   /// One that no object holds, and its end.
   static void Take();
   static void Drop();
-  /// Called each time the count comes down to 0, behind the end of the object that held the last; must not raise. The
+  /// Called each time the count comes down to 0, after the end of the object that held the last; must not raise. The
   /// count is 0 during the call, and a reference taken and dropped in it does not call again. Nothing to call nobody.
   static void WhenUnused(void (*ended)());
 };

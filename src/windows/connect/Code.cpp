@@ -36,12 +36,12 @@ namespace {
 
 /// Never destroyed by the end of the process: by then neither the host nor the window system can be asked for anything.
 Code* running = nullptr;
-/// Whose code it is, from before its beginning until behind its end; 0 when there is none.
+/// Whose code it is, from before its beginning until after its end; 0 when there is none.
 std::atomic<DWORD> owner{0};
 /// A window of the owner's, to which other threads may post.
 std::atomic<HWND> wakened{nullptr};
 
-/// Asks running searches to end. They end behind the event that is being handled now.
+/// Asks running searches to end. They end after the event that is being handled now.
 void CancelTasks() {
   if (!Globals::gobjPageManager) return;
   for (const auto& page : *Globals::gobjPageManager->mcolPages) {
@@ -105,7 +105,7 @@ bool Code::Running() {
   return owner != 0;
 }
 
-/// Another thread that lets go last has the owner end the code, behind any message to a window of ours. A thread that
+/// Another thread that lets go last has the owner end the code, after any message to a window of ours. A thread that
 /// has ended has no windows any more.
 void Code::End() {
   const DWORD self = ::GetCurrentThreadId();

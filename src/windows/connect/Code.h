@@ -36,7 +36,7 @@ class Code {
   static void End();
 
   /// The host connects the add-in. Raises error 5 while it is connected. Where a disconnection is still waiting for its
-  /// end, the connection comes behind that, unless it is taken back before.
+  /// end, the connection comes after that, unless it is taken back before.
   void OnConnection(const com::ComPtr<IDispatch>& application, std::int32_t mode, const com::ComPtr<IDispatch>& addIn);
   /// The host lets the add-in go. Where that comes out of something of ours, such as the yield of a search, the
   /// settings are saved, tasks cancelled and windows hidden at once, and the rest happens when that has come to its
@@ -66,7 +66,7 @@ class Code {
   std::unique_ptr<bridge::Session> session_;
   std::shared_ptr<Connect> connect_;  ///< nothing unless connected
   bool stopping_ = false;             ///< the disconnection waits for its end
-  std::optional<Asked> next_;         ///< what comes behind that
+  std::optional<Asked> next_;         ///< what comes after that
   Subscription removed_;
 };
 

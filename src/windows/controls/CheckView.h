@@ -10,7 +10,7 @@ namespace quorvane {}
 
 namespace quorvane::windows {
 
-/// A box of two or three states; which one comes behind a click is the model's.
+/// A box of two or three states; which one comes after a click is the model's.
 class CheckView final : public CaptionView {
  public:
   CheckView(DialogView& dialog, const std::shared_ptr<forms::CheckBox>& box, HWND parent);

@@ -23,7 +23,7 @@ class ControlView : public Window, public Placeable {
   ~ControlView() override;
 
   const std::shared_ptr<forms::Control>& Model() const { return control_; }
-  /// Takes the model's state and follows it from now on. Once, behind the constructor.
+  /// Takes the model's state and follows it from now on. Once, after the constructor.
   void Start();
 
   SIZE Least() const override { return least_; }

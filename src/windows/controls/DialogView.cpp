@@ -76,7 +76,7 @@ void DialogView::SetLayout(std::unique_ptr<Placeable> root, const forms::Control
   NoteSizes();
 }
 
-/// The form's window asks for the size behind each change of the form.
+/// The form's window asks for the size after each change of the form.
 void DialogView::NoteSizes() {
   if (!root_) return;
   const SIZE wanted = root_->Least();

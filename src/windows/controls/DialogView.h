@@ -71,7 +71,7 @@ class DialogView : public Window, public View {
   void EnterMenu(forms::Menu& menu);
   /// A frame with its option buttons and check boxes one below the other.
   std::unique_ptr<Placeable> EnterChoices(const std::shared_ptr<forms::Frame>& frame, HWND parent);
-  /// All of it, behind the last control. `first` is where the focus begins.
+  /// All of it, after the last control. `first` is where the focus begins.
   void SetLayout(std::unique_ptr<Placeable> root, const forms::Control& first);
   forms::Dialog& TheDialog() const { return dialog_; }
   /// `page` has the ground of tabs from now on.

@@ -111,7 +111,7 @@ SIZE TabStripView::Least() const {
   return {Width(room), Height(room)};
 }
 
-/// The pages lie above the tabs, and Tab leads from the page to what comes behind the tabs, and from there to the tabs.
+/// The pages lie above the tabs, and Tab leads from the page to what comes after the tabs, and from there to the tabs.
 void TabStripView::Place(const RECT& room) {
   ControlView::Place(room);
   ::SetWindowPos(Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

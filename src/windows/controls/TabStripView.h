@@ -25,7 +25,7 @@ class TabStripView final : public ControlView {
   /// What lies in that page.
   void SetLayout(std::int16_t tab, std::unique_ptr<Placeable> inside);
   /// As in every dialog with tabs: Ctrl+Tab and Ctrl+PgDn lead to the next tab, with Shift or PgUp to the one before,
-  /// from wherever the focus is; behind the last comes the first. False for any other key.
+  /// from wherever the focus is; after the last comes the first. False for any other key.
   bool TakeKey(const MSG& message);
 
   SIZE Least() const override;

@@ -19,7 +19,7 @@ class CodeMeasurer final : public forms::TextMeasurer {
 
   // Of the font that is in a context, in pixels.
   static int HeightOfLine(HDC context);
-  /// Goes over a text between its tabs from the place `x` on: `take(x, part)` for each part. Gives the place behind the
+  /// Goes over a text between its tabs from the place `x` on: `take(x, part)` for each part. Gives the place after the
   /// last.
   using Take = std::function<void(int, std::u16string_view)>;
   static int ForEachPart(HDC context, std::u16string_view text, int x, const Take& take);

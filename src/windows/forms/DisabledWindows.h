@@ -7,7 +7,7 @@
 namespace quorvane::windows {
 
 /// Keeps every visible top-level window of this thread disabled, but one, for as long as it lives. Those that were
-/// disabled before stay so behind it.
+/// disabled before stay so after it.
 class DisabledWindows {
  public:
   explicit DisabledWindows(HWND spared);

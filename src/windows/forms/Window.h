@@ -25,7 +25,7 @@ class Window {
 
   /// The object of a window; nothing for windows of others.
   static Window* Of(HWND handle);
-  /// Deletes `doomed`, at once or, while entries stand, behind the outermost of them; its window is hidden until then.
+  /// Deletes `doomed`, at once or, while entries stand, after the outermost of them; its window is hidden until then.
   static void Bury(std::unique_ptr<Window> doomed);
   /// Takes the window classes out, which have to go before the program's file does. No window of them is left.
   static void ForgetClasses();

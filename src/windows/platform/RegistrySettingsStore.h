@@ -12,7 +12,7 @@ namespace quorvane::windows {
 
 /// The user settings in the per-user registry, where every Visual Basic program has them:
 /// HKEY_CURRENT_USER\Software\VB and VBA Program Settings\<application>\<section>, a text value a key. Names go in any
-/// case, as the registry has it. A section is read at its first use and again behind each Commit.
+/// case, as the registry has it. A section is read at its first use and again after each Commit.
 class RegistrySettingsStore final : public SettingsStore {
  public:
   /// `root` is the key of all applications below HKEY_CURRENT_USER.

@@ -39,7 +39,7 @@ LONG WINAPI Filter(EXCEPTION_POINTERS* pointers) {
   return before != nullptr ? before(pointers) : EXCEPTION_CONTINUE_SEARCH;
 }
 
-/// As much of a text as fits, with a zero behind it.
+/// As much of a text as fits, with a zero after it.
 void Copy(std::u16string_view text, wchar_t (&buffer)[kLongestText]) {
   const std::size_t length = std::min(text.size(), kLongestText - 1);
   std::copy_n(text.begin(), length, buffer);

@@ -20,7 +20,7 @@ constexpr std::size_t kLongestPath = 32768;
 constexpr int kLastAnswer[] = {kAnswerOk,     kAnswerCancel, kAnswerIgnore,
                                kAnswerCancel, kAnswerNo,     kAnswerCancel};  // by buttons: the one that does the least
 
-/// "Words|*.XML|More words|*.*" with a zero behind each part, and one more at the end.
+/// "Words|*.XML|More words|*.*" with a zero after each part, and one more at the end.
 std::u16string FilterOf(const std::u16string& filter) {
   std::u16string parts = filter;
   std::ranges::replace(parts, u'|', u'\0');

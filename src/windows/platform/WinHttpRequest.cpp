@@ -206,7 +206,7 @@ void WinHttpRequest::Start() {
   c.request = ::WinHttpOpenRequest(c.connect, Wide(verb_), Wide(path_), nullptr, nullptr, nullptr,
                                    secure_ ? WINHTTP_FLAG_SECURE : 0);
   if (c.request == nullptr) return fail();
-  // Its own limits come behind ours, which is for the whole of it.
+  // Its own limits come after ours, which is for the whole of it.
   const auto limit = static_cast<int>(limit_.count()) + kLetGoMilliseconds;
   ::WinHttpSetTimeouts(c.request, limit, limit, limit, limit);
   c.call = new Call{receiver_->Handle(), turn_, {}};

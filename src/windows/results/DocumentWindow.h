@@ -30,7 +30,7 @@ class DocumentWindow final : public Window {
   /// Paints it as it is, in `place` of the surface.
   void Draw(HDC dc, const RECT& place) const;
 
-  Event<> Entered;  ///< by the mouse, whose press goes to the control under it behind this
+  Event<> Entered;  ///< by the mouse, whose press goes to the control under it after this
   Event<> Gone;     ///< someone else has destroyed the window; it does not come back
 
  protected:

@@ -67,7 +67,7 @@ class ResultListAccessible final : public com::ComObject<IAccessible> {
   LONG StateOf(LONG child) const;
   HRESULT Choose(LONG how, LONG child);
 
-  ResultListView* list_;  ///< nothing behind Disconnect
+  ResultListView* list_;  ///< nothing after Disconnect
 };
 
 }  // namespace quorvane::windows

@@ -318,7 +318,7 @@ void ResultListView::OnScroll(int bar, int action) {
   ScrollTo(down ? ListPlace{place, place_.across} : ListPlace{place_.row, place});
 }
 
-/// The row that a key of movement leads to, which may lie behind the last; -1 for any other key.
+/// The row that a key of movement leads to, which may lie after the last; -1 for any other key.
 int ResultListView::RowByKey(int key) const {
   const int page = RowsOnScreen();
   const int now = list_.ListIndex();

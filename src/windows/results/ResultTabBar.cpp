@@ -1,5 +1,5 @@
 // The tabs are the system's, so that they look and read as such; their crosses are drawn over them, in the room that
-// blanks behind the caption keep free. Presses of the mouse never reach the system's control: it would select.
+// blanks after the caption keep free. Presses of the mouse never reach the system's control: it would select.
 
 #include "windows/results/ResultTabBar.h"
 

@@ -16,7 +16,7 @@ class TabControl;
 
 namespace quorvane::windows {
 
-/// The bar of a tab control, with the system's own tabs: each with a cross to close it and a tool tip, behind them the
+/// The bar of a tab control, with the system's own tabs: each with a cross to close it and a tool tip, after them the
 /// one with a plus. What the user does goes to the control, and the bar shows what came of it: it selects nothing by
 /// itself.
 class ResultTabBar final : public Window {

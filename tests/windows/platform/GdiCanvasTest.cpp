@@ -48,7 +48,7 @@ TEST_F(GdiCanvasTest, DrawsWithItsColoursAndNowhereElse) {
   canvas->FillRect({10, 10, 20, 20}, kBlue);
   EXPECT_EQ(At(10, 10), kBlue);
   EXPECT_EQ(At(19, 19), kBlue);
-  EXPECT_EQ(At(20, 20), kRed) << "right and bottom lie one behind the last";
+  EXPECT_EQ(At(20, 20), kRed) << "right and bottom lie one after the last";
   LogFont heavy;  // strokes so broad that some of it has the colour itself
   heavy.FaceName = u"Arial";
   heavy.Height = -40;

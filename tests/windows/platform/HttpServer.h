@@ -19,7 +19,7 @@ class HttpServer {
   std::u16string Url() const;
   /// Nobody listens any more.
   void Close();
-  /// What came last; to be read behind the end of a request.
+  /// What came last; to be read after the end of a request.
   const std::string& Request() const { return request_; }
 
  private:

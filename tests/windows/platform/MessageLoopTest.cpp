@@ -55,7 +55,7 @@ TEST_F(MessageLoopTest, ManyYieldsCostNextToNothing) {
   EXPECT_LT(::GetTickCount() - begin, 1000U);
 }
 
-/// An object that is given up while something of it stands on the stack goes behind that.
+/// An object that is given up while something of it stands on the stack goes after that.
 TEST_F(MessageLoopTest, ABuriedWindowGoesBehindTheOutermostEntry) {
   auto window = std::make_unique<TestWindow>(WS_OVERLAPPEDWINDOW | WS_VISIBLE);
   const HWND handle = window->Handle();

@@ -44,7 +44,7 @@ std::string Machine() {
 
 /// In ticks since the machine started; 0 where there is no such process or the system does not tell.
 std::uint64_t StartOf(std::int64_t process) {
-  constexpr int kFieldsBefore = 19;  // behind the name, which ends with the last bracket
+  constexpr int kFieldsBefore = 19;  // after the name, which ends with the last bracket
   const std::string status = Contents("/proc/" + std::to_string(process) + "/stat");
   std::size_t at = status.rfind(')');
   if (at == std::string::npos) return 0;
