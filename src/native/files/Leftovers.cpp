@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Leaves room for the rest of a temporary name within the 255 bytes of a file name.
+/// Leaves room for the rest of a temporary name within the 255 bytes of a file name. A name is cut between characters.
 constexpr std::size_t kLongestName = 180;
 constexpr std::size_t kRandomPart = 6;
 
@@ -45,7 +45,9 @@ void Sweep(const fs::path& folder, const std::set<std::string>& prefixes) {
 
 std::string TemporaryPrefix(const std::string& target) {
   const std::size_t slash = target.rfind('/') + 1;
-  return target.substr(0, slash) + "." + target.substr(slash, kLongestName) + ".quorvane-";
+  std::size_t end = std::min(target.size(), slash + kLongestName);
+  while (end < target.size() && end > slash && (static_cast<unsigned char>(target[end]) & 0xC0U) == 0x80U) --end;
+  return target.substr(0, slash) + "." + target.substr(slash, end - slash) + ".quorvane-";
 }
 
 void RemoveLeftovers(const std::vector<std::string>& targets) {

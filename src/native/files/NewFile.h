@@ -19,8 +19,8 @@ class NewFile {
   /// How the making went.
   int Made() const { return made_; }
   int Write(std::string_view bytes);
-  /// Gives it what the target has, or else what a new file usually gets: the permissions, and owner and group as far as
-  /// the user may. Where the system carries these over by itself, TakePlace does.
+  /// Gives it what the target has, or else what a new file usually gets: the permissions, and owner and group, or the
+  /// attributes and the date of creation, as far as the system has them and the user may.
   int Dress();
   /// After this all bytes are on the disk and the file is closed.
   int Finish();

@@ -122,6 +122,10 @@ bool SaveJournal::Entry::Replaced() const {
   return !Exists(fresh);
 }
 
+bool SaveJournal::Entry::Lost() const {
+  return !Replaced() && !Exists(target);
+}
+
 SaveJournal SaveJournal::In(const std::string& folder) {
   const std::string path = JournalPath(folder);
   const native::FileBytes file = native::ReadFileBytes(path);
@@ -154,7 +158,7 @@ SaveJournal SaveJournal::In(const std::string& folder) {
 
 bool SaveJournal::IsHalf() const {
   const auto replaced = std::ranges::count_if(entries_, &Entry::Replaced);
-  return replaced > 0 && replaced < std::ssize(entries_);
+  return (replaced > 0 && replaced < std::ssize(entries_)) || std::ranges::any_of(entries_, &Entry::Lost);
 }
 
 std::string SaveJournal::Words() const {
@@ -230,17 +234,22 @@ void SaveJournal::Remove() const {
 void SaveJournal::Recover(Recovery how) const {
   for (const Entry& entry : entries_) {
     const bool replaced = entry.Replaced();
-    const bool touched = how != Recovery::Keep && replaced == (how == Recovery::GoBack);
+    const bool touched = entry.Lost() || (how != Recovery::Keep && replaced == (how == Recovery::GoBack));
     if (!touched || (replaced && IsAt(entry.target, entry.oldStamp))) continue;
-    if (!IsAt(entry.target, replaced ? entry.freshStamp : entry.oldStamp))
+    if (!entry.Lost() && !IsAt(entry.target, replaced ? entry.freshStamp : entry.oldStamp))
       Fail(ShownPath(entry.target) + ": was changed since the save was cut short; only keep is left");
-    if (replaced && !Exists(entry.old))
+    if (how == Recovery::GoBack && !Exists(entry.old))
       Fail(ShownPath(entry.target) + ": the file as it was is gone; only finish and keep are left");
   }
   for (const Entry& entry : entries_) {
     const bool replaced = entry.Replaced();
-    if (how == Recovery::Finish && !replaced) Move(entry.fresh, entry.target);
-    if (how == Recovery::GoBack && replaced && Exists(entry.old)) Move(entry.old, entry.target);
+    const bool lost = entry.Lost();
+    const bool oldComes = lost ? how != Recovery::Finish : how == Recovery::GoBack && replaced;
+    if (oldComes && Exists(entry.old)) {
+      Move(entry.old, entry.target);
+    } else if (lost || (how == Recovery::Finish && !replaced)) {
+      Move(entry.fresh, entry.target);
+    }
   }
   for (const std::string& folder : Folders()) native::FlushFolder(folder);
   Remove();

@@ -27,6 +27,8 @@ class SaveJournal {
     native::FileStamp oldStamp;
 
     bool Replaced() const;
+    /// The old file is gone from its place and the new one is not there yet.
+    bool Lost() const;
   };
 
   explicit SaveJournal(std::vector<Entry> entries) : entries_(std::move(entries)) {}
@@ -39,7 +41,7 @@ class SaveJournal {
   const std::vector<Entry>& Entries() const { return entries_; }
   /// Whether the process that wrote it may still be at work.
   bool UnderWay() const { return underWay_; }
-  /// Some files are replaced and some are not.
+  /// Some files are replaced and some are not, or one is at its place neither old nor new.
   bool IsHalf() const;
   /// "2 of 5 files are saved; saved: …; not saved: …"
   std::string Words() const;

@@ -8,7 +8,9 @@
 #include "native/files/FileAccess.h"
 #include "native/files/FileBytes.h"
 #include "native/files/FileStamp.h"
+#include "native/files/Leftovers.h"
 #include "native/files/NewFile.h"
+#include "native/files/ProcessMark.h"
 #include "native/files/windows/WideFile.h"
 #include "support/Raised.h"
 #include "support/Rows.h"
@@ -138,6 +140,19 @@ TEST_F(WindowsFilesTest, ARefusalIsAClearErrorAndLeavesTheOldFile) {
     }
     EXPECT_FALSE(FileStamp::Of(whole));
   }
+}
+
+/// What a process left that has ended goes with the next save of that file; "own" stands for this process's mark.
+TEST_F(WindowsFilesTest, TheNextSaveRemovesWhatAnEndedProcessLeft) {
+  const std::string path = Path("module.bas");
+  for (const test::Row& row : test::Rows("native/windows/Files.rows", "Leftovers")) {
+    const std::string mark = ToUtf8(ReplaceAll(row.Text(0), u"own", FromUtf8(ProcessMark())));
+    const std::string left = TemporaryPrefix(path) + mark + "-000001";
+    CloseHandle(CreateFileW(WidePath(left).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+    WriteFileWhole(path, "new");
+    EXPECT_EQ(DeleteFileW(WidePath(left).c_str()) != 0 ? "stays" : "goes", row.Bytes(1)) << row.Where();
+  }
+  DeleteFileW(WidePath(path).c_str());
 }
 
 TEST_F(WindowsFilesTest, PathsForTheWideFunctions) {

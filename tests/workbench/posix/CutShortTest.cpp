@@ -96,6 +96,24 @@ TEST_F(CutShortTest, ASignalStopsTheWriting) {
 }
 #endif
 
+/// Some systems take a file away before the new one comes: whatever is asked for, no name is left without a file.
+TEST_F(CutShortTest, AFileThatIsGoneMeanwhileComesBack) {
+  const std::map<Recovery, std::string> texts = {
+      {Recovery::Finish, "new anew b"}, {Recovery::GoBack, "old aold b"}, {Recovery::Keep, "new aold b"}};
+  for (const auto& [how, expected] : texts) {
+    folder_.Write("a.bas", "old a");
+    folder_.Write("b.bas", "old b");
+    EndOf({ToSave(a_, "new a"), ToSave(b_, "new b")}, [this](const char* from, const char* to) {
+      if (to != b_) return native::MoveOver(from, to);
+      ::unlink(to);
+      return ::raise(SIGKILL);
+    });
+    FindHalfSaves({a_}).at(0).Recover(how);
+    EXPECT_EQ(folder_.Read("a.bas") + folder_.Read("b.bas"), expected);
+    EXPECT_EQ(NamesIn(folder_.Path()), (std::vector<std::string>{"a.bas", "b.bas"}));
+  }
+}
+
 TEST_F(CutShortTest, NothingElseIsTaken) {
   const std::vector<std::string> others = {".a.bas.quorvane-1-2-3-abcdef", ".a.bas.quorvane-", ".a.bas.quorvane-abcdef",
                                            ".c.bas.quorvane-1-2-3-abcdef", "a.bas.quorvane-1-2-3-abcdef"};

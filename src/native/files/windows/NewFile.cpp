@@ -3,28 +3,25 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <charconv>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
+#include "native/files/Leftovers.h"
+#include "native/files/ProcessMark.h"
 #include "native/files/windows/WideFile.h"
 
 namespace quorvane::native {
 
 namespace {
 
-/// Leaves room for the rest of a temporary name within the 255 units of a file name. A name is cut between characters.
-constexpr std::size_t kLongestName = 200;
-
-std::string NameBeside(const std::string& target, unsigned number) {
-  const std::size_t name = target.find_last_of("/\\") + 1;
-  std::size_t end = std::min(target.size(), name + kLongestName);
-  while (end < target.size() && (static_cast<unsigned char>(target[end]) & 0xC0U) == 0x80U) --end;
-  std::array<char, 8> digits{};
-  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number, 36);
-  return target.substr(0, name) + "." + target.substr(name, end - name) + ".quorvane-" +
-         std::string(digits.data(), written.ptr);
+/// What is new in the temporary name of each file: six digits, of which `number` fills those at the end.
+std::string Digits(unsigned number) {
+  std::string digits(6, '0');
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, number /= 36)
+    *digit = "0123456789abcdefghijklmnopqrstuvwxyz"[number % 36];
+  return digits;
 }
 
 HANDLE AsHandle(std::intptr_t handle) {
@@ -49,9 +46,10 @@ bool IsReplaceable(const std::string& path) {
 
 NewFile::NewFile(std::string target) : target_(std::move(target)) {
   constexpr int kAttempts = 100;
+  const std::string name = TemporaryPrefix(target_) + ProcessMark() + '-';
   unsigned number = GetTickCount() ^ GetCurrentProcessId() << 16;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    path_ = NameBeside(target_, number++);
+    path_ = name + Digits(number++);
     const HANDLE file = CreateFileW(WidePath(path_).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     exists_ = file != INVALID_HANDLE_VALUE;
@@ -78,7 +76,21 @@ int NewFile::Write(std::string_view bytes) {
   return 0;
 }
 
+/// Attributes, date of creation and access list. What a file system does not know of these is no failure.
 int NewFile::Dress() {
+  const std::wstring target = WidePath(target_);
+  const std::wstring fresh = WidePath(path_);
+  WIN32_FILE_ATTRIBUTE_DATA like{};
+  if (GetFileAttributesExW(target.c_str(), GetFileExInfoStandard, &like) == 0) return 0;
+  DWORD length = 0;
+  GetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &length);
+  std::vector<std::byte> access(length);
+  if (length != 0 && GetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, access.data(), length, &length) != 0)
+    SetFileSecurityW(fresh.c_str(), DACL_SECURITY_INFORMATION, access.data());
+  SetFileTime(AsHandle(handle_), &like.ftCreationTime, nullptr, nullptr);
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  if ((like.dwFileAttributes & kKept) != 0) SetFileAttributesW(fresh.c_str(), like.dwFileAttributes & kKept);
   return 0;
 }
 
@@ -94,16 +106,14 @@ int NewFile::TakePlace() {
   return 0;
 }
 
-/// ReplaceFileW carries attributes, access list and date of creation over. Not every file system can: there the new
-/// file comes as it is. A file that is write-protected or that another program holds is left alone from the start,
-/// since what comes after a refusal is not the same everywhere.
+/// One step of the file system, so that whoever is ended in its midst leaves the old file or the new one: ReplaceFileW
+/// would carry more over by itself, but takes two steps, and between them there is no file of that name. A file that is
+/// write-protected or that another program holds is left alone from the start, since what comes after a refusal is not
+/// the same everywhere.
 int MoveOver(const char* from, const char* to) {
-  const std::wstring source = WidePath(from);
-  const std::wstring target = WidePath(to);
   if (!IsReplaceable(to)) return -1;
-  if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0)
-    return 0;
-  if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
+  const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  if (MoveFileExW(WidePath(from).c_str(), WidePath(to).c_str(), how) != 0) return 0;
   errno = LastErrno();
   return -1;
 }
