@@ -28,7 +28,8 @@ std::string MachineText() {
   std::array<char, 256> host{};
   ::gethostname(host.data(), host.size() - 1);
   std::error_code failed;
-  return host.data() + Contents("/etc/machine-id") + std::filesystem::read_symlink("/proc/self/ns/pid", failed).string();
+  return host.data() + Contents("/etc/machine-id") +
+         std::filesystem::read_symlink("/proc/self/ns/pid", failed).string();
 }
 
 std::uint64_t ThisProcess() {

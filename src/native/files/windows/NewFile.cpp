@@ -88,8 +88,8 @@ int NewFile::Dress() {
   if (length != 0 && GetFileSecurityW(target.c_str(), DACL_SECURITY_INFORMATION, access.data(), length, &length) != 0)
     SetFileSecurityW(fresh.c_str(), DACL_SECURITY_INFORMATION, access.data());
   SetFileTime(AsHandle(handle_), &like.ftCreationTime, nullptr, nullptr);
-  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  constexpr DWORD kKept =
+      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
   if ((like.dwFileAttributes & kKept) != 0) SetFileAttributesW(fresh.c_str(), like.dwFileAttributes & kKept);
   return 0;
 }
