@@ -126,11 +126,50 @@ TEST_F(OptionWindowsTest, TheStylesheetIsAppliedAtOnce) {
   EXPECT_EQ(setting.XSL(), mine) << "neither reset nor typing was applied";
   Walk(u"frmOption", From::ResultMenu, [&] {
     PickTab(OptionControls::kFilterTab);
-    Editor().moveCursor(QTextCursor::Start);
+    Editor().moveCursor(QTextCursor::End);
     QTest::keyClick(&Editor(), Qt::Key_Return);
     PressOk();
   });
-  EXPECT_EQ(setting.XSL(), u"\r\n" + mine) << "every other character is as it was";
+  EXPECT_EQ(setting.XSL(), mine + u"\r\n") << "every other character is as it was";
+}
+
+TEST_F(OptionWindowsTest, AStylesheetWithAFaultIsMarkedAndAskedAbout) {
+  StartWithResults();
+  Search(QStringLiteral("nextorderno"));
+  const std::u16string before = Globals::gobjSetting->XSL();
+  const int rows = CurrentPage()->mlstResultList->ListCount();
+  const QString sheet = QStringLiteral(
+      "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>\n"
+      "<xsl:template match='MatchItem'>\n%1\n</xsl:template></xsl:stylesheet>");
+  const QString fatal = sheet.arg(QStringLiteral("<xsl:message terminate='yes'>no</xsl:message>"));
+  Walk(u"frmOption", From::ResultMenu, [&] {
+    PickTab(OptionControls::kFilterTab);
+    const auto note = [&](const QString& text) {
+      const QLabel& label = *Editor().parentWidget()->findChild<QLabel*>();
+      const QString old = label.text();
+      Editor().setPlainText(text);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return label.text() != old; }));
+      std::string said;
+      for (const auto& mark : Editor().extraSelections()) said += std::to_string(mark.cursor.blockNumber() + 1) + " ";
+      return said + label.text().toStdString();
+    };
+    EXPECT_EQ(note(sheet.arg(QStringLiteral("<b>"))).substr(0, 10), "3 \u26A0 Line");
+    EXPECT_EQ(note(sheet.arg(QStringLiteral("<xsl:message>hello</xsl:message>"))), "The stylesheet says: hello");
+    EXPECT_EQ(note(sheet.arg(QString())), "");
+    Editor().setPlainText(sheet.arg(QStringLiteral("<xsl:value-of select='('/>")));
+    QString asked;
+    AnswerNext(QMessageBox::Cancel, &asked);
+    Click(Options(), *Options().cmd应用过滤器);
+    EXPECT_TRUE(asked.contains(QStringLiteral("Line 3"))) << asked.toStdString();
+    EXPECT_EQ(Globals::gobjSetting->XSL(), before);
+    EXPECT_EQ(CurrentPage()->mlstResultList->ListCount(), rows);
+    Editor().setPlainText(fatal);
+    AnswerNext(QMessageBox::Apply);
+    AnswerNext(QMessageBox::Ok, &asked);  // of two pages one tells
+    PressOk();
+    EXPECT_TRUE(asked.contains(QStringLiteral("no"))) << asked.toStdString();
+  });
+  EXPECT_EQ(ReplaceAll(Globals::gobjSetting->XSL(), u"\r\n", u"\n"), FromQString(fatal));
 }
 
 TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {

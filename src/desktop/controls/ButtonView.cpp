@@ -7,13 +7,13 @@
 
 namespace quorvane::desktop {
 
-ButtonView::ButtonView(forms::CommandButton& button, QWidget* parent) : QPushButton(parent) {
+ButtonView::ButtonView(forms::CommandButton& button, QWidget* parent) : QPushButton(parent), Press([&button] { button.Press(); }) {
   const auto follow = [this, &button] {
     setText(ToQString(button.Caption()));
     FollowCaptioned(*this, button);
   };
   changed_ = button.Changed.Subscribe(follow);
-  connect(this, &QPushButton::clicked, this, [&button] { button.Press(); });
+  connect(this, &QPushButton::clicked, this, [this] { Press(); });
   follow();
 }
 

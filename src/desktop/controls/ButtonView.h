@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPushButton>
+#include <functional>
 
 #include "base/Event.h"
 
@@ -17,6 +18,9 @@ class ButtonView final : public QPushButton {
  public:
   /// The model outlives this.
   ButtonView(forms::CommandButton& button, QWidget* parent);
+
+  /// Presses the model's button where the user presses this one; another may be put in its place, which calls it.
+  std::function<void()> Press;
 
  protected:
   bool event(QEvent* event) override;

@@ -3,9 +3,14 @@
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTabWidget>
 
+#include "addin/core/Globals.h"
 #include "addin/dialogs/frmOption.h"
+#include "addin/settings/GlobalSetting.h"
 #include "base/FlagScope.h"
 #include "desktop/controls/ButtonView.h"
 #include "desktop/controls/ComboView.h"
@@ -16,8 +21,11 @@
 #include "desktop/controls/MemoView.h"
 #include "desktop/controls/SliderView.h"
 #include "desktop/dialogs/KeyEditorView.h"
+#include "desktop/dialogs/StylesheetCheck.h"
 #include "desktop/dialogs/XmlHighlighter.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/platform/Texts.h"
+#include "desktop/platform/ToldOnce.h"
 
 namespace quorvane::desktop {
 
@@ -106,10 +114,15 @@ QWidget* OptionsView::MakeFilterTab() {
   editor->setTabChangesFocus(true);
   new XmlHighlighter(editor->document(), palette().color(QPalette::Base).lightness() < 128);
   layout->addWidget(editor);
+  auto* note = new QLabel(tab);
+  layout->addWidget(note);
+  check_ = new StylesheetCheck(*editor, *note, this);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   for (const auto& button : {form_.cmd应用过滤器, form_.cmd重置过滤器, form_.cmd过滤器帮助}) {
-    buttons->addWidget(Enter(button, new ButtonView(*button, tab)));
+    auto* shown = Enter(button, new ButtonView(*button, tab));
+    if (button == form_.cmd应用过滤器) AskBefore(*shown);
+    buttons->addWidget(shown);
   }
   layout->addLayout(buttons);
   return tab;
@@ -140,9 +153,32 @@ QLayout* OptionsView::MakeButtons() {
   for (const auto& button : {form_.cmd确定, form_.cmd取消}) {
     auto* shown = Enter(button, new ButtonView(*button, this));
     shown->setMinimumWidth(kButtonWidth);
+    if (button == form_.cmd确定) AskBefore(*shown);
     buttons->addWidget(shown);
   }
   return buttons;
+}
+
+void OptionsView::AskBefore(ButtonView& button) {
+  button.Press = [this, press = button.Press] {
+    if (!MayTake()) return;
+    const ToldOnce once;  // each tab makes its lines anew, and each would tell why it cannot
+    press();
+  };
+}
+
+bool OptionsView::MayTake() {
+  if (form_.TextXsl->Text() == Globals::gobjSetting->XSL()) return true;
+  const QString fault = check_->Fault();
+  if (fault.isEmpty()) return true;
+  const Texts texts = Texts::OfAddIn();
+  tabs_->setCurrentIndex(OptionControls::kFilterTab);
+  QMessageBox box(QMessageBox::Warning, windowTitle(), texts(Text::SheetQuestion).arg(fault), QMessageBox::Cancel,
+                  this);
+  box.setTextFormat(Qt::PlainText);
+  box.addButton(QMessageBox::Apply)->setText(texts(Text::SheetUse));
+  box.setDefaultButton(QMessageBox::Cancel);
+  return box.exec() == QMessageBox::Apply;
 }
 
 }  // namespace quorvane::desktop

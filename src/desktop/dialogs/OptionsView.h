@@ -16,7 +16,9 @@ class frmOption;
 
 namespace desktop {
 
+class ButtonView;
 class KeyEditorView;
+class StylesheetCheck;
 
 /// The options: four tabs and the two buttons below them.
 class OptionsView final : public DialogView {
@@ -37,10 +39,14 @@ class OptionsView final : public DialogView {
   QWidget* MakePreviewFrame(QWidget* parent);
   QWidget* MakeUpdateFrame(QWidget* parent);
   void FollowTabs();
+  /// What takes a stylesheet with a fault asks first.
+  void AskBefore(ButtonView& button);
+  bool MayTake();
 
   frmOption& form_;
   QTabWidget* tabs_;
   KeyEditorView* keys_ = nullptr;
+  StylesheetCheck* check_ = nullptr;
   bool busy_ = false;
   Subscription tabsChanged_;
 };

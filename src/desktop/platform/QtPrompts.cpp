@@ -14,6 +14,7 @@
 #include "base/Error.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/Texts.h"
+#include "desktop/platform/ToldOnce.h"
 
 namespace quorvane::desktop {
 
@@ -108,6 +109,7 @@ void QtPrompts::ShowError(const Error& error, const std::u16string& report, cons
   if (error.Is(ErrorNumber::ObjectNotSet) && Tell && QApplication::activeModalWidget() == nullptr) {
     return Tell(texts(Text::NothingThere));
   }
+  if (ToldOnce::Again(ToQString(report))) return;
   const QString description = ToQString(error.Description);
   QString sentence = texts.Reason(description);
   if (error.Number == kErrNoCodePane) sentence = texts(Text::NoCodeWindow);

@@ -203,6 +203,11 @@ constexpr std::array kWords = {
           u"Much of the text of project %1 cannot be read in code page %2.\n"
           u"Which one is it to be opened in? The answer is remembered."},
     Words{Text::PageKeep, u"保持 %1(&K)", u"&Keep %1"},
+    Words{Text::SheetFault, u"第 %1 行：%2", u"Line %1: %2"},
+    Words{Text::SheetSays, u"样式表输出的消息：%1", u"The stylesheet says: %1"},
+    Words{Text::SheetQuestion, u"此样式表不能使用：\n%1\n\n使用它会使所有结果列表变空。",
+          u"This stylesheet cannot be used:\n%1\n\nWith it, all lists of results would be empty."},
+    Words{Text::SheetUse, u"仍然使用(&U)", u"&Use it all the same"},
 };
 
 constexpr bool IsInOrder() {

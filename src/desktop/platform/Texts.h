@@ -154,6 +154,10 @@ enum class Text {
   StatusPage,
   PageQuestion,
   PageKeep,
+  SheetFault,
+  SheetSays,
+  SheetQuestion,
+  SheetUse,
   Count,
 };
 
