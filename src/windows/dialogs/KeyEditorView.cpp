@@ -90,9 +90,9 @@ void KeyEditorView::Follow() {
   box_->SetText(editor_.Pressed());
   ::SetWindowTextW(add_, Wide(editor_.AddCaption));
   ::SetWindowTextW(remove_, Wide(editor_.RemoveCaption));
-  ::EnableWindow(add_, editor_.CanAdd());
-  ::EnableWindow(remove_, editor_.CanRemove());
   const std::u16string owner = Owner();
+  ::EnableWindow(add_, editor_.CanAdd() && owner.empty());
+  ::EnableWindow(remove_, editor_.CanRemove());
   warning_ = owner.empty() ? u"" : u"\u26A0 " + editor_.Pressed() + u": " + owner;
   ::SetWindowTextW(line_, Wide(warning_));
 }

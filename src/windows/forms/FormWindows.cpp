@@ -4,9 +4,8 @@
 
 #include "platform/forms/Form.h"
 #include "platform/forms/Forms.h"
-#include "platform/forms/Screen.h"
 #include "windows/forms/FormWindow.h"
-#include "windows/forms/Metrics.h"
+#include "windows/forms/Monitor.h"
 
 namespace quorvane::windows {
 
@@ -25,7 +24,7 @@ FormWindow* FormWindows::WindowOf(const forms::Form& form) const {
 }
 
 void FormWindows::Open(forms::Form& form) {
-  forms::TheScreen() = {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN), TwipsOfPixels(1)};
+  TellForms(MonitorOf(owner_));
   shown_[&form] = std::make_unique<FormWindow>(form.shared_from_this(), views_, owner_);
 }
 

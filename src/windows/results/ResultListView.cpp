@@ -15,6 +15,7 @@
 #include "windows/forms/GdiCanvas.h"
 #include "windows/forms/Handles.h"
 #include "windows/forms/Metrics.h"
+#include "windows/forms/Monitor.h"
 #include "windows/results/ResultListAccessible.h"
 #include "windows/results/ResultListAnswers.h"
 
@@ -233,6 +234,7 @@ void ResultListView::OnHover(WPARAM keys, int x, int y) {
     const int row = place_.row + (y < 0 ? -1 : y / rowHeight_);
     Choose(std::clamp(row, 0, list_.ListCount() - 1));
   }
+  TellForms(MonitorOfPointer());  // the preview beside the pointer ends there
   list_.MouseMove.Raise(ButtonsHeld(keys), HeldKeys(), static_cast<float>(x), static_cast<float>(y));
 }
 

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "platform/forms/Menu.h"
+#include "platform/forms/Screen.h"
 #include "windows/com/HostedDocument.h"
 #include "windows/forms/Handles.h"
 
@@ -175,7 +176,9 @@ TEST_F(ResultDocumentTest, TheMouseSelectsShowsAndPreviews) {
   world.Doc().mnuCodePreview.Press();
   world.Log();
   const auto hover = [&](int row) { Press(ListHandle(), WM_MOUSEMOVE, {30, RectOf(row).top + 2}); };
+  forms::TheScreen() = {};
   hover(0);
+  EXPECT_GT(forms::TheScreen().Width, 0) << "that of the pointer";
   hover(2);
   hover(2);
   EXPECT_EQ(world.Log(), "update:1 pos update:3 pos");

@@ -2,8 +2,10 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Dialog.h"
 #include "platform/forms/Forms.h"
+#include "platform/forms/Screen.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/Handles.h"
+#include "windows/forms/Monitor.h"
 #include "windows/platform/PlatformFixture.h"
 
 namespace quorvane::test {
@@ -156,6 +158,23 @@ TEST_F(FormWindowTest, WhatFloatsTakesNoFocusAndIsNoHigherThanTheScreen) {
   ::GetWindowRect(form->Window(), &place);
   EXPECT_EQ(place.bottom, 20);
   EXPECT_EQ(place.bottom - place.top, ::GetSystemMetrics(SM_CYVIRTUALSCREEN));
+}
+
+/// The second of two screens may lie left of the first.
+TEST_F(FormWindowTest, FormsCountFromTheScreenOfTheirOwner) {
+  const MONITORINFO left{sizeof left, {-1280, 0, 0, 1000}, {-1280, 40, 0, 1000}, 0};
+  windows::TellForms(left);
+  const auto form = std::make_shared<TestForm>(forms::FormBorder::FixedDialog, forms::FormStart::CenterScreen);
+  form->SetSize(280, 160);
+  EXPECT_EQ(form->Left(), -1280 + 500);
+  EXPECT_EQ(form->Top(), 40 + 400);
+  form->Load();
+  MONITORINFO now{};
+  now.cbSize = sizeof now;
+  ASSERT_TRUE(::GetMonitorInfoW(windows::MonitorOf(host.Handle()), &now));
+  EXPECT_EQ(forms::TheScreen().Left, now.rcWork.left);
+  EXPECT_EQ(forms::TheScreen().Width, now.rcWork.right - now.rcWork.left);
+  EXPECT_EQ(form->Left(), now.rcWork.left + (forms::TheScreen().Width - form->Width()) / 2);
 }
 
 /// A box that waits for an answer belongs to the host and keeps everything else still.
