@@ -7,6 +7,7 @@
 #include "addin/dialogs/frmCodePreview.h"
 #include "desktop/dialogs/CodePreviewView.h"
 #include "desktop/editor/CodeColors.h"
+#include "desktop/results/TabBarView.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -34,6 +35,10 @@ class PreviewWindowTest : public FormWindowsTest {
     const QPoint place = List().RectOf(row).center();
     QTest::mouseMove(List().viewport(), place);
     QCoreApplication::processEvents();
+  }
+  QRect TabsPlace() {
+    const QWidget& bar = Results().Bar();
+    return {bar.mapToGlobal(QPoint(0, 0)), bar.size()};
   }
   QWidget& Preview() { return WindowOf(The<frmCodePreview>()); }
   CodePreviewView& Shown() { return Below<CodePreviewView>(Preview()); }
@@ -88,6 +93,16 @@ TEST_F(PreviewWindowTest, FollowsTheMouseOverTheList) {
   EXPECT_GE(Preview().width(), Shown().document()->idealWidth());
   EXPECT_EQ(QApplication::activeWindow(), &Window());
   EXPECT_TRUE(List().hasFocus());
+  EXPECT_FALSE(Preview().frameGeometry().intersects(TabsPlace()));
+  // What is worked with is not covered.
+  Dialog().Show();
+  Dialog().Move(Preview().x(), Preview().y());
+  QApplication::setActiveWindow(&Window());
+  EXPECT_TRUE(Comes(false));
+  EXPECT_FALSE(Comes(true));
+  Dialog().Hide();
+  QApplication::setActiveWindow(&Window());
+  EXPECT_TRUE(Comes(true));
 
   Hover(2);
   EXPECT_NE(PlainText(), first);

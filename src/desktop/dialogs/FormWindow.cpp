@@ -3,14 +3,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMoveEvent>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
-#include <algorithm>
 #include <utility>
 
 #include "base/FlagScope.h"
-#include "desktop/controls/ScreenAt.h"
 #include "desktop/dialogs/ViewFactory.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
@@ -75,29 +72,27 @@ void FormWindow::Follow() {
   }
 }
 
-/// A form that floats may be larger than any screen, and a window of such a size costs memory without end: it gets the
-/// size of the pointer's screen at most, and lies on it. Of a high form that is the lower part.
+/// A form that floats may be larger than any screen, and a window of such a size costs memory without end.
 void FormWindow::TakePlace() {
   QPoint place(dialog_->Left(), dialog_->Top());
   if (floats_) {
-    const QRect room = ScreenAt(QCursor::pos(), *this).availableGeometry();
-    const int height = std::min(dialog_->Height(), room.height());
-    const int width = std::min(dialog_->Width(), room.width());
-    place.ry() += dialog_->Height() - height;
-    place.setX(std::clamp(place.x(), room.left(), room.left() + room.width() - width));
-    place.setY(std::clamp(place.y(), room.top(), room.top() + room.height() - height));
-    setFixedSize(std::max(width, 1), std::max(height, 1));
+    const QRect free = floating_.Of({place, QSize(dialog_->Width(), dialog_->Height())}, *this);
+    place = free.topLeft();
+    setFixedSize(free.size());
   }
   // A frame that came after the window was placed shifts it in silence: the form's own place counts when it changes.
   if (!floats_ && place == followed_) return;
   followed_ = place;
   if (pos() != place) move(place);
+  if (floats_ && isVisible() && FloatingPlace::IsInTheWay(*this)) hide();
 }
 
 /// A form that floats and was never filled has nothing to show, and any other would lie above a window that waits for
-/// an answer, whoever asks.
+/// an answer, whoever asks; nor may it cover what the user works with.
 void FormWindow::setVisible(bool visible) {
-  const bool held = floats_ && (dialog_->Width() == 0 || QApplication::activeModalWidget() != nullptr);
+  const bool held =
+      floats_ && visible &&
+      (dialog_->Width() == 0 || QApplication::activeModalWidget() != nullptr || FloatingPlace::IsInTheWay(*this));
   QWidget::setVisible(visible && !held);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/Event.h"
+#include "desktop/dialogs/FloatingPlace.h"
 
 namespace quorvane::forms {
 class Dialog;
@@ -44,6 +45,7 @@ class FormWindow final : public QWidget {
   forms::Dialog* dialog_;  ///< the form when it is one, else nothing
   QtWindows& windows_;
   bool floats_;  ///< without a border, of the size that the form says, never active
+  FloatingPlace floating_;
   bool busy_ = false;
   std::optional<QPoint> followed_;  ///< the form's place that the window was last given or told, on the screen
   Subscription changed_;
