@@ -1,13 +1,18 @@
+#include <QAccessible>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSlider>
 #include <QTabWidget>
 
 #include "FormWindowsFixture.h"
 #include "addin/connect/Connect.h"
 #include "addin/connect/Updater.h"
+#include "addin/dialogs/frmAbout.h"
 #include "addin/dialogs/frmOption.h"
 #include "desktop/shell/AddInsMenu.h"
 
@@ -76,6 +81,31 @@ class OptionWindowsTest : public FormWindowsTest {
     EXPECT_EQ(words.toolTip(), QStringLiteral("Only prompt when major version number is changed"));
   }
 };
+
+/// Name and description of a part and of all in it that is seen, as a screen reader has them. What cannot be used
+/// without a name, and what holds markup, is a failure; the user's own words, such as entries of lists, are left out.
+void Hear(QAccessibleInterface* part, QStringList& all) {
+  if (part == nullptr || part->state().invisible) return;
+  const auto* widget = dynamic_cast<QWidget*>(part->object());
+  const QString name = part->text(QAccessible::Name);
+  const bool usable = widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->focusProxy();
+  const bool tabs = part->role() == QAccessible::PageTabList;  // named as its tab is, or nothing
+  EXPECT_TRUE(!usable || tabs || !name.isEmpty()) << widget->metaObject()->className();
+  const bool data = part->role() == QAccessible::TreeItem || part->role() == QAccessible::ComboBox;
+  for (const QString& text : {name, part->text(QAccessible::Description)}) {
+    EXPECT_FALSE(Qt::mightBeRichText(text) || text.contains(QLatin1String("&lt;"))) << text.toStdString();
+    const bool path = text.startsWith(QLatin1Char('/'));
+    const bool told = text.contains(QLatin1String("module:"));  // by a search, in the language of its time
+    if (!data && !path && !told && text.contains(QRegularExpression(QStringLiteral("\\pL")))) all << text;
+  }
+  for (int i = 0; i < part->childCount(); ++i) Hear(part->child(i), all);
+}
+
+QSet<QString> HeardNow() {
+  QStringList all;
+  for (QWidget* window : QApplication::topLevelWidgets()) Hear(QAccessible::queryAccessibleInterface(window), all);
+  return {all.begin(), all.end()};
+}
 
 constexpr char kBefore[] = "12 2 2 1 1 2 1 ";
 
@@ -209,6 +239,54 @@ TEST_F(OptionWindowsTest, AnotherLanguageIsEverywhereAtOnce) {
     PressOk();
   });
   EXPECT_EQ(Window().Menu().Find(Text::FileSave)->text(), QStringLiteral("保存(&S)"));
+}
+
+/// All windows at once: what is the same in both languages is no word of the program.
+TEST_F(OptionWindowsTest, AScreenReaderHearsTheLanguageAndNoMarkup) {
+  StartInEnglish();
+  QSet<QString> english = HeardNow();
+  Open("samples/Shop/Shop.vbg");
+  QApplication::setActiveWindow(&Window());
+  Search(QStringLiteral("<"));
+  ShowDialog();
+  EditorOf(u"modMain");
+  Walk(u"frmAbout", From::SearchDialog, [&] {
+    english += HeardNow();
+    Click(The<frmAbout>(), *The<frmAbout>().cmdOK);
+  });
+  auto& changes = *Window().findChild<QDockWidget*>(QStringLiteral("Changes"));  // lies over the results
+  changes.show();
+  Walk(u"frmOption", From::SearchDialog, [&] {
+    for (const int tab : {0, 1, 2}) {
+      PickTab(tab);
+      english += HeardNow();
+    }
+    PickLanguage(0);
+    PressOk();
+  });
+  for (const QString& text : english) {
+    EXPECT_FALSE(text.contains(QRegularExpression(QStringLiteral("\\p{Han}")))) << text.toStdString();
+  }
+  QSet<QString> chinese;
+  const auto show = [](const char16_t* form) {
+    return [form] { forms::TheForms().Instance(form)->Show(forms::FormModal::Modal); };
+  };
+  Walk(u"frmAbout", show(u"frmAbout"), [&] {
+    chinese += HeardNow();
+    changes.hide();
+    Click(The<frmAbout>(), *The<frmAbout>().cmdOK);
+  });
+  Walk(u"frmOption", show(u"frmOption"), [&] {
+    for (const int tab : {0, 1, 2, 3}) {
+      PickTab(tab);
+      chinese += HeardNow();
+    }
+    PressCancel();
+  });
+  QStringList same = (english & chinese).values();
+  same.sort();
+  EXPECT_EQ(same.join(QLatin1Char('|')).toStdString(),
+            "Quorvane|Search '<'|Shop.modMain|Shop.vbg - Quorvane|quorvane@127.0.0.1");
 }
 
 TEST_F(OptionWindowsTest, ALoadThatFailsRevertsNothing) {

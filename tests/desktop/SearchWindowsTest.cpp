@@ -334,7 +334,7 @@ TEST_F(SearchWindowsTest, TabsOpenSwitchAndClose) {
   QTest::mouseClick(&bar, Qt::LeftButton, {}, middle(0));
   EXPECT_EQ(CurrentPage()->mstrKey, u"Search1");
   EXPECT_EQ(List().Model().ListCount(), CurrentPage()->mcolResult->Count());
-  EXPECT_TRUE(bar.tabToolTip(0).startsWith(QStringLiteral("Search 'order'<br>module:"))) << "what may be cut";
+  EXPECT_TRUE(bar.tabToolTip(0).startsWith(QStringLiteral("Search 'order'\nmodule:"))) << "what may be cut";
 
   // The tab behind all pages makes one, also when it is hit twice in a row, and has no close button.
   const QPoint plus = middle(3);

@@ -276,8 +276,9 @@ TEST_F(RealWindows, PreviewFollowsThePointerAndTakesNothing) {
     const std::u16string second = See(text);
     EXPECT_TRUE(IsInFront(Main()));
     EXPECT_TRUE(See([this] {
-      const QPoint corner = PreviewWindow().geometry().bottomLeft() + QPoint(0, 1);
-      return (corner - QCursor::pos() - QPoint(40, 0)).manhattanLength() <= 2;
+      const QRect place = PreviewWindow().geometry();
+      const int tabs = Results().Bar().mapToGlobal(QPoint(0, 0)).y();
+      return std::abs(place.left() - QCursor::pos().x() - 40) <= 2 && place.bottom() < tabs;
     }));
     Point([this] { return OnRow(6); });
     EXPECT_TRUE(Soon([&] { return text() != second; }));

@@ -49,6 +49,7 @@ QSize StatusLabel::minimumSizeHint() const {
 
 void StatusLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  if (const QString text = Text(); text != accessibleName()) setAccessibleName(text);
   painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
   const QString shown = fontMetrics().elidedText(Text(), Qt::ElideRight, width());
   painter.drawText(rect().adjusted(0, -kLift, 0, 0),

@@ -23,6 +23,7 @@ class StatusLabel final : public QWidget {
   static int HeightOf(const QWidget& widget);
   /// What is shown while the label says nothing.
   void SetNote(const QString& note);
+  const QString& Note() const { return note_; }
 
   /// What is shown, in full.
   QString Text() const;

@@ -69,6 +69,8 @@ void KeyEditorView::Add() {
 void KeyEditorView::Follow() {
   const FlagScope busy(busy_);
   commands_->setHeaderLabels({ToQString(editor_.FunctionCaption), ToQString(editor_.HotkeyCaption)});
+  commands_->setAccessibleName(ToQString(editor_.FunctionCaption));
+  box_->setAccessibleName(ToQString(editor_.HotkeyCaption));
   FollowRows();
   box_->setText(ToQString(editor_.Pressed()));
   add_->setText(ToQString(editor_.AddCaption));

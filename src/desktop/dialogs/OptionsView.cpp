@@ -62,6 +62,7 @@ void OptionsView::FollowTabs() {
   const FlagScope busy(busy_);
   const forms::TabStrip& strip = *form_.SSTab设定;
   for (std::int16_t i = 0; i < strip.Tabs(); ++i) tabs_->setTabText(i, ToQString(strip.TabCaption(i)));
+  WidgetOf(*form_.TextXsl)->setAccessibleName(ToQString(strip.TabCaption(OptionControls::kFilterTab)));
   tabs_->setCurrentIndex(strip.Tab());
   FollowControl(*tabs_, strip);
 }

@@ -1,5 +1,6 @@
 #include "desktop/dialogs/SearchDialogView.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -56,7 +57,6 @@ void SearchDialogView::Listen() {
   listening_.push_back(form_.cmdReplace->Pressing.Subscribe(hold));
   listening_.push_back(form_.cmbSearch->Change.Subscribe([this] { status_->SetNote({}); }));
   listening_.push_back(form_.cmbReplace->Changed.Subscribe([this] { FollowHint(); }));
-  listening_.push_back(form_.chkIgnoreComment->Changed.Subscribe([this] { FollowHint(); }));  // another language too
   listening_.push_back(form_.SearchEnded.Subscribe([this](std::int32_t matches) { SearchEnded(matches); }));
   listening_.push_back(form_.ReplaceEnded.Subscribe(
       [this](std::int32_t places, std::int32_t modules) { ReplaceEnded(places, modules); }));
@@ -70,6 +70,13 @@ void SearchDialogView::HoldBack(bool& held) {
     held = true;
     ShowHandledError();
   }
+}
+
+void SearchDialogView::changeEvent(QEvent* event) {
+  DialogView::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange || hint_ == nullptr) return;
+  FollowHint();
+  if (!status_->Note().isEmpty()) status_->SetNote(Texts::OfAddIn()(Text::NothingFound));
 }
 
 /// What is typed next is another search.

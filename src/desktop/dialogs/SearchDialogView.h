@@ -33,6 +33,9 @@ class SearchDialogView final : public DialogView {
   /// The form outlives this. `tell` shows a line outside of the dialog, which may be hidden.
   SearchDialogView(frmSearchDialog& form, Tell tell, QWidget* parent);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   QLayout* MakeTexts();
   QLayout* MakeFrames();

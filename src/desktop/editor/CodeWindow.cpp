@@ -42,6 +42,7 @@ std::shared_ptr<workbench::Component> CodeWindow::TheComponent() const {
 void CodeWindow::UpdateTitle() {
   if (const auto component = TheComponent()) {
     setWindowTitle(ToQString(component->FullName()) + QLatin1String("[*]"));
+    editor_->setAccessibleName(ToQString(component->FullName()));
     setToolTip(QString::fromStdString(component->Path()));
   }
   setWindowModified(editor_->TheModule()->Modified());

@@ -67,6 +67,8 @@ constexpr std::array kWords = {
     Words{Text::FilterAll, u"所有文件", u"All files"},
     Words{Text::Projects, u"工程", u"Projects"},
     Words{Text::TreeFilter, u"按名称筛选", u"Filter by name"},
+    Words{Text::NewTab, u"新建标签页", u"New tab"},
+    Words{Text::ResultList, u"搜索结果列表", u"List of search results"},
     Words{Text::TreeViewCode, u"查看代码(&V)", u"&View code"},
     Words{Text::TreeSetActive, u"设为当前工程(&S)", u"&Set as current project"},
     Words{Text::TreeCloseProject, u"移除工程(&R)", u"&Remove project"},

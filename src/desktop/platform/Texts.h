@@ -54,6 +54,8 @@ enum class Text {
   FilterAll,
   Projects,
   TreeFilter,
+  NewTab,
+  ResultList,
   TreeViewCode,
   TreeSetActive,
   TreeCloseProject,

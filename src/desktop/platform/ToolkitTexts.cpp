@@ -1,5 +1,7 @@
 #include "desktop/platform/ToolkitTexts.h"
 
+#include <QApplication>
+#include <QWidget>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -44,6 +46,26 @@ constexpr std::array kWords = {
     Words{"Ma&ximize", u"最大化(&X)"},
     Words{"Stay on &Top", u"总在最前(&T)"},
     Words{"&Close", u"关闭(&C)"},
+    Words{"Float", u"浮动"},
+    Words{"Undocks and re-attaches the dock widget", u"使停靠窗口浮动或重新停靠"},
+    Words{"Closes the dock widget", u"关闭停靠窗口"},
+    Words{"Scroll Left", u"向左滚动"},
+    Words{"Scroll Right", u"向右滚动"},
+};
+
+/// A part of a widget that the toolkit names when it makes it, and not again.
+struct Part {
+  const char* object;
+  const char* context;
+  const char* name;
+  const char* description;  ///< null: none
+};
+
+constexpr Part kParts[] = {
+    {"qt_dockwidget_floatbutton", "QDockWidget", "Float", "Undocks and re-attaches the dock widget"},
+    {"qt_dockwidget_closebutton", "QDockWidget", "Close", "Closes the dock widget"},
+    {"ScrollLeftButton", "QTabBar", "Scroll Left", nullptr},
+    {"ScrollRightButton", "QTabBar", "Scroll Right", nullptr},
 };
 
 }  // namespace
@@ -51,6 +73,17 @@ constexpr std::array kWords = {
 QString ToolkitTexts::translate(const char*, const char* source, const char*, int) const {
   const auto found = std::ranges::find(kWords, std::string_view(source), &Words::first);
   return found != kWords.end() ? QString::fromUtf16(found->second) : QString();
+}
+
+void ToolkitTexts::NameParts() {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    for (const Part& part : kParts) {
+      if (widget->objectName() != QLatin1String(part.object)) continue;
+      widget->setAccessibleName(QCoreApplication::translate(part.context, part.name));
+      if (part.description == nullptr) continue;
+      widget->setAccessibleDescription(QCoreApplication::translate(part.context, part.description));
+    }
+  }
 }
 
 }  // namespace quorvane::desktop

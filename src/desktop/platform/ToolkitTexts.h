@@ -10,6 +10,9 @@ class ToolkitTexts final : public QTranslator {
  public:
   bool isEmpty() const override { return false; }
   QString translate(const char* context, const char* source, const char* disambiguation, int n) const override;
+
+  /// Names the buttons of docks and tab bars anew, which keep those of the language that they were made in.
+  static void NameParts();
 };
 
 }  // namespace quorvane::desktop

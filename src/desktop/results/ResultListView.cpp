@@ -18,6 +18,7 @@
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/platform/Texts.h"
 #include "desktop/results/EmptyListNote.h"
 #include "platform/NativeWindows.h"
 #include "platform/forms/MouseButton.h"
@@ -51,6 +52,7 @@ ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWin
   viewport()->setMouseTracking(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::ArrowCursor);
+  setAccessibleName(Texts::OfAddIn()(Text::ResultList));
   FollowDesktop();
   setFont(FontOf(list_.Font(), font()));
   list_.SetHwnd(windows.HandleOf(*viewport()));
@@ -98,6 +100,7 @@ void ResultListView::Follow() {
   if (list_.ListIndex() != shownIndex_) {
     shownIndex_ = list_.ListIndex();
     if (shownIndex_ >= 0) Reveal(shownIndex_);
+    setAccessibleDescription(shownIndex_ >= 0 ? ToQString(list_.List(shownIndex_)) : QString());
   }
   viewport()->update();
 }
@@ -239,6 +242,7 @@ void ResultListView::focusOutEvent(QFocusEvent* event) {
 void ResultListView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) follow_.Ask();
+  if (event->type() == QEvent::LanguageChange) setAccessibleName(Texts::OfAddIn()(Text::ResultList));
 }
 
 int ResultListView::Answer(std::uint32_t message, std::int32_t lParam) const {

@@ -12,6 +12,7 @@
 #include "desktop/controls/Twips.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtWindows.h"
+#include "desktop/platform/Texts.h"
 #include "desktop/results/ResultListView.h"
 #include "desktop/results/TabBarView.h"
 #include "platform/forms/Label.h"
@@ -61,7 +62,18 @@ QLayout* ResultView::MakeHead() {
   };
   subscriptions_.push_back(bar_->CrowdedChanged.Subscribe(follow));
   follow();
+  NameAdd();
   return head;
+}
+
+void ResultView::NameAdd() {
+  add_->setToolTip(Texts::OfAddIn()(Text::NewTab));
+  add_->setAccessibleName(add_->toolTip());
+}
+
+void ResultView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) NameAdd();
 }
 
 void ResultView::Add(const forms::Control& control) {

@@ -40,6 +40,7 @@ class ResultView final : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -58,6 +59,7 @@ class ResultView final : public QWidget {
   QWidget* WidgetOf(const forms::Control* control) const;
   void FitPanels();
   QLayout* MakeHead();
+  void NameAdd();
   QRect PlaceOf(const forms::Control& control, const QWidget& widget) const;
   void FollowFocus();
 

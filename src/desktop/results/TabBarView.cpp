@@ -1,12 +1,15 @@
 #include "desktop/results/TabBarView.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <algorithm>
 
 #include "base/FlagScope.h"
 #include "desktop/platform/Icons.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtText.h"
+#include "desktop/platform/Texts.h"
 #include "desktop/results/TabCloseButton.h"
 #include "platform/forms/ImageList.h"
 #include "platform/forms/MouseButton.h"
@@ -73,7 +76,8 @@ void TabBarView::FollowTab(int index, const forms::Tab& tab) {
   if (tabText(index) != caption) setTabText(index, caption);
   QStringList tip{ToQString(tab.Caption()).trimmed(), ToQString(tab.ToolTipText())};
   tip.removeAll(QString());
-  setTabToolTip(index, tip.join(QLatin1Char('\n')).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+  setTabToolTip(index, tip.join(QLatin1Char('\n')));
+  setAccessibleTabName(index, caption.isEmpty() ? Texts::OfAddIn()(Text::NewTab) : QString());
   const auto& images = control_.Images();
   const bool pictured =
       images && tab.IconIndex() >= 0 && static_cast<std::size_t>(tab.IconIndex()) < images->Images.size();
@@ -113,6 +117,20 @@ void TabBarView::tabLayoutChange() {
 void TabBarView::resizeEvent(QResizeEvent* event) {
   QTabBar::resizeEvent(event);
   LookAtRoom();
+}
+
+/// The toolkit takes a tip for markup that looks like such, and a screen reader reads it as it is.
+bool TabBarView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTabBar::event(event);
+  const auto& asked = static_cast<const QHelpEvent&>(*event);
+  const QString tip = tabToolTip(tabAt(asked.pos())).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+  QToolTip::showText(asked.globalPos(), tip, this);
+  return true;
+}
+
+void TabBarView::changeEvent(QEvent* event) {
+  QTabBar::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) follow_.Ask();
 }
 
 /// The tab behind all others scrolls out of sight with them: there a button beside the bar takes its place.

@@ -34,6 +34,8 @@ class TabBarView final : public QTabBar {
  protected:
   void tabLayoutChange() override;
   void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   QSize tabSizeHint(int index) const override;
   QSize minimumTabSizeHint(int index) const override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -1,5 +1,6 @@
 #include "desktop/results/TabCloseButton.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
@@ -10,6 +11,16 @@ TabCloseButton::TabCloseButton(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_Hover);
   resize(sizeHint());
+  FollowLanguage();
+}
+
+void TabCloseButton::FollowLanguage() {
+  setAccessibleName(tr("Close"));
+}
+
+void TabCloseButton::changeEvent(QEvent* event) {
+  QAbstractButton::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) FollowLanguage();
 }
 
 QSize TabCloseButton::sizeHint() const {

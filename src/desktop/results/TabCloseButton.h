@@ -13,6 +13,10 @@ class TabCloseButton final : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void FollowLanguage();
 };
 
 }  // namespace quorvane::desktop

@@ -261,6 +261,7 @@ void MainWindow::SetLanguage(std::int32_t language) {
 void MainWindow::UpdateTexts() {
   QCoreApplication::removeTranslator(&toolkitTexts_);
   if (texts_.Language == 0) QCoreApplication::installTranslator(&toolkitTexts_);
+  ToolkitTexts::NameParts();
   menu_.UpdateTexts();
   taskMenu_.UpdateTexts();
   tree_->UpdateTexts();

@@ -100,6 +100,8 @@ void ProjectTree::SetGroup(const QString& name) {
 
 void ProjectTree::UpdateTexts() {
   filter_->setPlaceholderText(texts_(Text::TreeFilter));
+  filter_->setAccessibleName(texts_(Text::TreeFilter));
+  tree_->setAccessibleName(texts_(Text::Projects));
   Rebuild();
 }
 
