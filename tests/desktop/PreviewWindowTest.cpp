@@ -8,6 +8,7 @@
 #include "desktop/dialogs/CodePreviewView.h"
 #include "desktop/editor/CodeColors.h"
 #include "desktop/results/TabBarView.h"
+#include "platform/forms/Screen.h"
 
 namespace quorvane::desktop {
 namespace {
@@ -106,6 +107,14 @@ TEST_F(PreviewWindowTest, FollowsTheMouseOverTheList) {
 
   Hover(2);
   EXPECT_NE(PlainText(), first);
+  // At the screen's edge the form is narrow; its window is moved in.
+  auto& form = The<frmCodePreview>();
+  form.Move(forms::TheScreen().Left + forms::TheScreen().Width - 50, form.Top());
+  form.SetSize(600, form.Height());
+  EXPECT_EQ(form.Width(), 50);
+  EXPECT_GE(Preview().width(), Shown().document()->idealWidth());
+  EXPECT_TRUE(Preview().screen()->geometry().contains(Preview().frameGeometry()));
+
   ChooseInMenu("Code preview");
   EXPECT_FALSE(Preview().isVisible());
   EXPECT_FALSE(Comes(true)) << "it is off";

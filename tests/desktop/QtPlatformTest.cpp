@@ -2,17 +2,20 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGroupBox>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <map>
 
 #include "QtFixture.h"
 #include "desktop/platform/KeyboardLayout.h"
+#include "desktop/platform/ProgramStyle.h"
 #include "desktop/platform/QtCanvas.h"
 #include "desktop/platform/QtKeys.h"
 #include "desktop/platform/QtMessageLoop.h"
@@ -198,6 +201,23 @@ TEST_F(QtPlatformTest, CanvasNamesTheColorsOfThePalette) {
   QPalette light;
   light.setColor(QPalette::Base, Qt::white);
   EXPECT_EQ(InkOn(light, 0x404000, 0xFFFFFF), QColor(0, 0x40, 0x40));
+}
+
+TEST_F(QtPlatformTest, FramesAreSeenOnDarkGroundAndPagesDoNotShine) {
+  ProgramStyle style(QStringLiteral("fusion"));
+  const QPalette dark(QColor(0x4A, 0x4F, 0x56), QColor(0x3A, 0x3E, 0x44));
+  const auto apart = [&](QWidget& widget, const QPoint& place) {
+    widget.setStyle(&style);
+    widget.setPalette(dark);
+    widget.resize(200, 100);
+    widget.show();
+    return widget.grab().toImage().pixelColor(place).lightness() - dark.color(QPalette::Window).lightness();
+  };
+  QGroupBox box(QStringLiteral("Title"));
+  EXPECT_GT(apart(box, {100, 99}), 15);
+  QTabWidget tabs;
+  tabs.addTab(new QWidget, QStringLiteral("Tab"));
+  EXPECT_LT(apart(tabs, {100, 80}), 25);
 }
 
 TEST_F(QtPlatformTest, CanvasTextIsPlainAndAddsUp) {

@@ -72,7 +72,10 @@ CodePreviewView::CodePreviewView(frmCodePreview& form, QWidget* parent)
   document()->setUndoRedoEnabled(false);
   highlighter_ = new PreviewHighlighter(document(), CodeColors::Of(palette()));
   form_.SetMeasurer(std::make_shared<ScreenMeasurer>());
-  changed_ = form_.rtPreview->Changed.Subscribe([this] { follow_.Ask(); });
+  changed_ = form_.rtPreview->Changed.Subscribe([this] {
+    room_ = {};
+    follow_.Ask();
+  });
   Follow();
 }
 
@@ -95,6 +98,15 @@ void CodePreviewView::Follow() {
     cursor.insertText(text.mid(run.Start, run.Length).remove(QLatin1Char('\r')), format);
   }
   ShowMatch();
+}
+
+QSize CodePreviewView::sizeHint() const {
+  if (room_.isValid()) return room_;
+  const int around = 2 * (kDocumentMargin + frameWidth()) + 1;
+  const ScreenMeasurer measurer;
+  const std::u16string& text = form_.rtPreview->Text();
+  room_ = {measurer.TextWidth(form_.Font(), text) + around, measurer.TextHeight(form_.Font(), text) + around};
+  return room_;
 }
 
 /// Of a text that is larger than the window, the part with the match; any other from its start.

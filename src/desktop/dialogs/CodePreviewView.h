@@ -21,6 +21,9 @@ class CodePreviewView final : public QTextEdit {
   CodePreviewView(frmCodePreview& form, QWidget* parent);
   ~CodePreviewView() override;
 
+  /// Room for the longest line of the text as it is now.
+  QSize sizeHint() const override;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
@@ -30,6 +33,7 @@ class CodePreviewView final : public QTextEdit {
 
   frmCodePreview& form_;
   PreviewHighlighter* highlighter_;  ///< of the document
+  mutable QSize room_;               ///< that of sizeHint; not valid where the text has changed
   int match_ = 0;                    ///< where it begins in the document
   Later follow_;
   Subscription changed_;

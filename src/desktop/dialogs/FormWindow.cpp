@@ -5,6 +5,7 @@
 #include <QMoveEvent>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "base/FlagScope.h"
@@ -76,7 +77,9 @@ void FormWindow::Follow() {
 void FormWindow::TakePlace() {
   QPoint place(dialog_->Left(), dialog_->Top());
   if (floats_) {
-    const QRect free = floating_.Of({place, QSize(dialog_->Width(), dialog_->Height())}, *this);
+    // The form ends at the screen's edge; its window has room for the text and is moved in instead.
+    const int least = focusProxy() != nullptr ? focusProxy()->sizeHint().width() : 0;
+    const QRect free = floating_.Of({place, QSize(std::max(dialog_->Width(), least), dialog_->Height())}, *this);
     place = free.topLeft();
     setFixedSize(free.size());
   }
@@ -92,7 +95,7 @@ void FormWindow::TakePlace() {
 void FormWindow::setVisible(bool visible) {
   const bool held =
       floats_ && visible &&
-      (dialog_->Width() == 0 || QApplication::activeModalWidget() != nullptr || FloatingPlace::IsInTheWay(*this));
+      (dialog_->Height() == 0 || QApplication::activeModalWidget() != nullptr || FloatingPlace::IsInTheWay(*this));
   QWidget::setVisible(visible && !held);
 }
 
