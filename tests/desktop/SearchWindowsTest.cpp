@@ -101,6 +101,24 @@ TEST_F(SearchWindowsTest, AReplaceAllIsTakenBackAndDoneAgainInAllModules) {
   EXPECT_EQ(texts(), expected);
 }
 
+TEST_F(SearchWindowsTest, ReferencesFillTheDialogWithTheNameAtTheCaret) {
+  StartWithGroup();
+  GlobalSetting& setting = *Globals::gobjSetting;
+  setting.menumMode = gsRegular;
+  setting.menumArea = gsCurProcedure;
+  setting.mblnMatchCase = true;
+  CodeEdit& editor = EditorOf(u"modMain");
+  const QTextCursor found = editor.document()->find(QStringLiteral("TOTAL_FORMAT"));
+  editor.Select(found.selectionStart() + 3, found.selectionStart() + 3);
+  Window().Menu().Find(Text::GoReferences)->trigger();
+  EXPECT_TRUE(Dialog().Visible());
+  EXPECT_EQ(ToUtf8(setting.mstrSearchStr), "TOTAL_FORMAT");
+  EXPECT_EQ(setting.menumMode, gsCommon);
+  EXPECT_EQ(setting.menumArea, gsAllProjects);
+  EXPECT_TRUE(setting.mblnWholeWord);
+  EXPECT_FALSE(setting.mblnMatchCase);
+}
+
 TEST_F(SearchWindowsTest, MatchesAreMarkedInTheCodeMoveWithEditsAndGo) {
   StartWithGroup();
   Globals::gobjSetting->menumAutoHideSearchDlg = kNever;

@@ -132,6 +132,7 @@ CodeWindow* CodeArea::Open(const std::shared_ptr<Pane>& pane) {
   window->Hold(editor.Zoomed.Subscribe([this](int size) { SetTextSize(size); }));
 
   const bool maximized = HasTabs() || (activeSubWindow() != nullptr && activeSubWindow()->isMaximized());
+  Opened.Raise(*window);
   addSubWindow(window);
   SetTextSize(textSize_);
   windows_.Bind(pane->TheWindow()->Handle(), *window);

@@ -43,6 +43,7 @@ class CodeArea final : public QMdiArea {
   /// After a save: the modified marks as they are now.
   void UpdateTitles();
 
+  Event<CodeWindow&> Opened;        ///< a window came, before it is shown
   Event<> CurrentChanged;           ///< another window in front, or its cursor moved
   Event<const QPoint&> MenuWanted;  ///< the menu of the editor in front, at this place of the screen
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FlagScope.h"
 #include "desktop/editor/CodeMarks.h"
 #include "desktop/editor/LineNumbers.h"
 #include "desktop/editor/MarkRuler.h"
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int kIndent = 4;  // columns
 constexpr int kGutterMargin = 8;
+constexpr int kBookmarkWidth = 5;
 constexpr int kSmallestFont = 6;
 constexpr int kLargestFont = 48;
 
@@ -221,7 +223,10 @@ void CodeEdit::Reveal() {
 
 void CodeEdit::Locate(int anchor, int position) {
   const bool shown = Shows(anchor) && Shows(position);  // the toolkit scrolls by itself, just as far as it must
-  Select(anchor, position);
+  {
+    const FlagScope jumping(jumping_);
+    Select(anchor, position);
+  }
   Place(shown);
 }
 
@@ -291,10 +296,23 @@ void CodeEdit::PaintGutter(QPaintEvent& event) {
     const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
     if (place.top() > event.rect().bottom()) break;
     if (place.bottom() < event.rect().top()) continue;
+    if (std::ranges::binary_search(bookmarks_, block.blockNumber() + 1)) PaintBookmark(painter, place.top());
     painter.setPen(block.blockNumber() == current ? palette().color(QPalette::Text) : colors_.lineNumber);
     painter.drawText(QRectF(0, place.top(), numbers_->width() - kGutterMargin, fontMetrics().height()),
                      Qt::AlignRight | Qt::AlignVCenter, QString::number(block.blockNumber() + 1));
   }
+}
+
+/// A tag at the edge of the margin, beside the number.
+void CodeEdit::PaintBookmark(QPainter& painter, double top) const {
+  const double height = fontMetrics().height();
+  painter.fillRect(QRectF(0, top + 1, kBookmarkWidth, height - 2), palette().color(QPalette::Highlight));
+}
+
+void CodeEdit::ShowBookmarks(std::vector<std::int32_t> lines) {
+  if (lines == bookmarks_) return;
+  bookmarks_ = std::move(lines);
+  numbers_->update();
 }
 
 void CodeEdit::HighlightLine() {

@@ -44,10 +44,15 @@ class CodeEdit final : public QPlainTextEdit {
   void Reveal();
   /// Select, then Reveal.
   void Locate(int anchor, int position);
+  /// True while Locate moves the cursor: not the user's keys or mouse do.
+  bool Jumping() const { return jumping_; }
 
   CodeMarks& Marks() { return *marks_; }
   /// Draws these as marked; with any mark in the text a ruler stands beside the scroll bar.
   void ShowMarks(std::vector<QTextCursor> ranges);
+
+  /// Draws these lines (1-based) as bookmarked.
+  void ShowBookmarks(std::vector<std::int32_t> lines);
 
   int GutterWidth() const;
   void PaintGutter(QPaintEvent& event);
@@ -84,6 +89,7 @@ class CodeEdit final : public QPlainTextEdit {
   void Outdent();
   void ShiftLines(bool right);
   void HighlightLine();
+  void PaintBookmark(QPainter& painter, double top) const;
   void PlaceGutter();
   void ApplyColors();
   void NoteCaret();
@@ -99,6 +105,8 @@ class CodeEdit final : public QPlainTextEdit {
   LineNumbers* numbers_;
   MarkRuler* ruler_;
   std::vector<QTextCursor> marked_;
+  std::vector<std::int32_t> bookmarks_;  ///< 1-based, ascending
+  bool jumping_ = false;
   Typed typed_;
   CaretHistory carets_;
   bool placed_ = false;  ///< the selection was brought into a view of its final size

@@ -1,6 +1,7 @@
 #include "desktop/editor/CodeWindow.h"
 
 #include <QCloseEvent>
+#include <QVBoxLayout>
 #include <utility>
 
 #include "desktop/editor/CodeEdit.h"
@@ -21,7 +22,13 @@ CodeWindow::CodeWindow(std::shared_ptr<workbench::Pane> pane, workbench::TurnClo
       editor_(new CodeEdit(std::dynamic_pointer_cast<workbench::Module>(pane_->CodeModule()), turns)),
       binding_(std::make_unique<PaneBinding>(pane_, *editor_, page)) {
   setAttribute(Qt::WA_DeleteOnClose);
-  setWidget(editor_);
+  auto* body = new QWidget;
+  auto* layout = new QVBoxLayout(body);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(editor_, 1);
+  body->setFocusProxy(editor_);
+  setWidget(body);
   setFocusProxy(editor_);
   if (const auto component = TheComponent()) setWindowIcon(Icons::Component(component->Type()));
   textChanged_ = editor_->TheModule()->Changed.Subscribe([this] { UpdateTitle(); });
@@ -34,6 +41,11 @@ CodeWindow::CodeWindow(std::shared_ptr<workbench::Pane> pane, workbench::TurnClo
 }
 
 CodeWindow::~CodeWindow() = default;
+
+void CodeWindow::SetHeader(QWidget& header) {
+  header_ = &header;
+  static_cast<QVBoxLayout*>(widget()->layout())->insertWidget(0, header_);
+}
 
 std::shared_ptr<workbench::Component> CodeWindow::TheComponent() const {
   return std::dynamic_pointer_cast<workbench::Component>(editor_->TheModule()->Parent());

@@ -30,6 +30,10 @@ class CodeWindow final : public QMdiSubWindow {
 
   const std::shared_ptr<workbench::Pane>& ThePane() const { return pane_; }
   CodeEdit& Editor() { return *editor_; }
+  /// Puts a widget above the code; the window then owns it. Once.
+  void SetHeader(QWidget& header);
+  /// Null when there is none.
+  QWidget* Header() const { return header_; }
   /// Null when the project is closed.
   std::shared_ptr<workbench::Component> TheComponent() const;
 
@@ -46,6 +50,7 @@ class CodeWindow final : public QMdiSubWindow {
  private:
   std::shared_ptr<workbench::Pane> pane_;
   CodeEdit* editor_;
+  QWidget* header_ = nullptr;
   std::unique_ptr<PaneBinding> binding_;
   Subscription textChanged_;
   std::vector<Subscription> held_;

@@ -64,6 +64,7 @@ std::shared_ptr<IResultPage> MatchMarks::ThePage() const {
 }
 
 void MatchMarks::Step(int step) {
+  Update();
   SkipErrors([&] {
     const auto page = ThePage();
     if (!page || taken_ == 0) return;

@@ -28,6 +28,7 @@
 #include "desktop/review/ChangesView.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/EncodingMenu.h"
+#include "desktop/shell/GoMenu.h"
 #include "desktop/shell/ProjectTree.h"
 #include "desktop/shell/ToolDock.h"
 #include "desktop/welcome/NoticeBar.h"
@@ -106,6 +107,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       layout_(settings, *this, *code_),
       docks_(*this, windows, views),
       matches_(std::make_unique<MatchMarks>(*code_, *statusBar(), texts_)),
+      go_(std::make_unique<GoMenu>(workbench, *code_, texts_, *this)),
       encodingStatus_(*statusBar(), *files_, texts_, [this] { return CurrentModule(); }),
       cursorStatus_(*statusBar(), texts_) {
   setObjectName(QStringLiteral("MainWindow"));
@@ -121,6 +123,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
   BuildFileMenu();
   BuildEditMenu();
   BuildViewMenu();
+  go_->AddTo(menu_, *addIns_);
   BuildWindowMenu();
   BuildOtherMenus();
   Listen();
@@ -210,6 +213,7 @@ void MainWindow::Listen() {
     UpdateStatus();
   });
   listen(files_->Told, [this](const QString& line) { Tell(line); });
+  listen(go_->Told, [this](const QString& line) { Tell(line); });
   listen(addIns_->Changed, [this] { LanguageAsked.Raise(); });
   listen(workbench_.TheWindows()->Created, [this](const auto& window) {
     ToolDock& dock = docks_.Add(window);
@@ -267,6 +271,7 @@ void MainWindow::UpdateTexts() {
   tree_->UpdateTexts();
   notice_->UpdateTexts();
   start_->UpdateTexts();
+  go_->UpdateTexts();
   treeDock_->setWindowTitle(texts_(Text::Projects));
   treeDock_->toggleViewAction()->setText(texts_(Text::ViewProjects));
   changes_->UpdateTexts();
@@ -317,6 +322,7 @@ void MainWindow::UpdateActions() {
   enable(Text::EditUndo, editor != nullptr && editor->TheModule()->CanUndo());
   enable(Text::EditRedo, editor != nullptr && editor->TheModule()->CanRedo());
   enable(Text::EditGoToLine, editor != nullptr);
+  go_->UpdateActions();
   for (const Text text : {Text::WindowTile, Text::WindowCascade, Text::WindowNext, Text::WindowPrevious,
                           Text::WindowClose, Text::WindowCloseAll}) {
     enable(text, editor != nullptr);

@@ -32,6 +32,7 @@ class CodeArea;
 class ChangesView;
 class CodeEdit;
 class FileCommands;
+class GoMenu;
 class MatchMarks;
 class NoticeBar;
 class ProjectTree;
@@ -63,6 +64,7 @@ class MainWindow final : public QMainWindow {
   TaskHistory& Tasks() { return tasks_; }
   TaskMenu& TaskEntries() { return taskMenu_; }
   MatchMarks& Matches() { return *matches_; }
+  GoMenu& Go() { return *go_; }
   const Texts& Words() const { return texts_; }
   /// Shows a line for a while.
   void Tell(const QString& line);
@@ -142,6 +144,7 @@ class MainWindow final : public QMainWindow {
   WindowLayout layout_;
   desktop::ToolDocks docks_;
   std::unique_ptr<MatchMarks> matches_;
+  std::unique_ptr<GoMenu> go_;
   EncodingStatus encodingStatus_;
   CursorStatus cursorStatus_;
   QMenu* editMenu_ = nullptr;

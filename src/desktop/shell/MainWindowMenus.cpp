@@ -18,6 +18,7 @@
 #include "desktop/review/ChangesView.h"
 #include "desktop/shell/AddInsMenu.h"
 #include "desktop/shell/EncodingMenu.h"
+#include "desktop/shell/GoMenu.h"
 #include "desktop/shell/MainWindow.h"
 #include "workbench/model/Component.h"
 #include "workbench/model/Pane.h"
@@ -198,7 +199,11 @@ void MainWindow::FillWindows() {
 }
 
 void MainWindow::ShowEditMenu(const QPoint& place) {
-  editMenu_->exec(place);
+  QMenu menu;
+  go_->AddContext(menu);
+  menu.addSeparator();
+  menu.addActions(editMenu_->actions());
+  menu.exec(place);
 }
 
 void MainWindow::ShowAbout() {
