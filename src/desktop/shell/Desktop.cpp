@@ -23,6 +23,7 @@
 #include "chordtrap/Item.h"
 #include "chordtrap/KeyChord.h"
 #include "chordtrap/Manager.h"
+#include "desktop/dialogs/DialogPlace.h"
 #include "desktop/dialogs/FormWindows.h"
 #include "desktop/files/ErrorBox.h"
 #include "desktop/platform/QtText.h"
@@ -108,6 +109,7 @@ Desktop::Desktop(const QtPlatform::Setup& setup)
   edits_ = std::make_unique<UnsavedEdits>(*workbench_, *window_,
                                           setup.dataFolder.empty() ? std::string() : setup.dataFolder + "/edits");
   forms_ = std::make_unique<FormWindows>(views_, *windows_, *window_);
+  dialogPlace_ = std::make_unique<DialogPlace>(settings_, *forms_);
   input_ = std::make_unique<InputFilter>(workbench_->Turns());
   platform_.Boxes().Tell = tell;
   noResults_ = input_->NoResults.Subscribe([this] { window_->Tell(Text::NoResults); });
@@ -137,6 +139,7 @@ Desktop::~Desktop() {
   Stop();
   platform_.Boxes().Tell = nullptr;
   input_.reset();
+  dialogPlace_.reset();
   forms_.reset();
   window_.reset();
   forms::TheForms().Forget();
@@ -185,7 +188,7 @@ void Desktop::OfferAddIn() {
 }
 
 void Desktop::OpenFirst(const QStringList& files) {
-  window_->OpenFiles(files);
+  files.isEmpty() ? window_->OpenLast() : window_->OpenFiles(files);
   edits_->Offer();
 }
 

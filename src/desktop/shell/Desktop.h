@@ -17,6 +17,7 @@ class Workbench;
 
 namespace desktop {
 
+class DialogPlace;
 class FormWindows;
 class InputFilter;
 class MainWindow;
@@ -36,7 +37,8 @@ class Desktop {
   /// Loads the add-in and shows the main window as it was last time. Without a language that the add-in knows it stays
   /// outside; the user is told why, and the Add-Ins menu offers to start it.
   void Start();
-  /// Opens what the user asked for, then offers edits that earlier runs could not save.
+  /// Opens what the user asked for, or what was open when the last run ended, then offers edits that earlier runs could
+  /// not save.
   void OpenFirst(const QStringList& files);
   /// For a signal: writes the edits that are not saved into the journal, lets what runs come to its end, stops as after
   /// a close, and raises Ended. Returns at once.
@@ -66,6 +68,7 @@ class Desktop {
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<UnsavedEdits> edits_;
   std::unique_ptr<FormWindows> forms_;
+  std::unique_ptr<DialogPlace> dialogPlace_;
   std::unique_ptr<InputFilter> input_;
   std::unique_ptr<workbench::AddInLoader> addIns_;
   bool running_ = false;

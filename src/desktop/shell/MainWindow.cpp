@@ -105,6 +105,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       treeWidth_(*this, *treeDock_),
       addIns_(new AddInsMenu(AddInsBar(workbench), this)),
       layout_(settings, *this, *code_),
+      session_(settings, workbench, *code_),
       docks_(*this, windows, views),
       matches_(std::make_unique<MatchMarks>(*code_, *statusBar(), texts_)),
       go_(std::make_unique<GoMenu>(workbench, *code_, texts_, *this)),
@@ -199,6 +200,7 @@ void MainWindow::Listen() {
          [this](QMenu& menu, const EncodingScope& scope) { FillEncodingMenu(menu, scope, *files_, texts_); });
   listen(tree_->CloseWanted, [this](const auto& project) { files_->CloseProject(project); });
   listen(files_->Opened, [this] {
+    session_.Follow(files_->OpenFiles());
     UpdateTitle();
     UpdateStart();
   });
@@ -244,6 +246,13 @@ void MainWindow::OpenFiles(const QStringList& files) {
   if (!files_->Open(files)) return;
   recent_.Add(files_->OpenFiles());
   tree_->TakeFocus();
+}
+
+void MainWindow::OpenLast() {
+  const QStringList files = session_.LastFiles();
+  session_.SetOpening(true);
+  if (!files.isEmpty()) OpenFiles(files);
+  session_.SetOpening(false);
 }
 
 void MainWindow::OpenRecent(const QStringList& files) {
@@ -355,8 +364,12 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QTimer::singleShot(kCloseAgain, this, [this] { close(); });
     return event->ignore();
   }
+  session_.Hold(true);
   layout_.Save();
-  if (!files_->CloseAll()) return event->ignore();
+  if (!files_->CloseAll()) {
+    session_.Hold(false);
+    return event->ignore();
+  }
   closed_ = true;
   event->accept();
   Closing.Raise();
@@ -367,6 +380,7 @@ bool MainWindow::EndUnasked() {
   bool busy = DismissWaiting();
   CloseAsked.Raise(busy);
   if (busy) return false;
+  session_.Hold(true);
   layout_.Save();
   closed_ = true;
   close();

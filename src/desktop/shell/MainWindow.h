@@ -13,6 +13,7 @@
 #include "desktop/shell/CursorStatus.h"
 #include "desktop/shell/DockWidth.h"
 #include "desktop/shell/EncodingStatus.h"
+#include "desktop/shell/GroupSession.h"
 #include "desktop/shell/MainMenu.h"
 #include "desktop/shell/ToolDocks.h"
 #include "desktop/shell/WindowLayout.h"
@@ -57,6 +58,8 @@ class MainWindow final : public QMainWindow {
 
   /// Opens files and remembers them.
   void OpenFiles(const QStringList& files);
+  /// Opens what was open when the last run ended; nothing where that was nothing.
+  void OpenLast();
   NoticeBar& Notice() { return *notice_; }
   StartPage& Start() { return *start_; }
   ChangesView& Changes() { return *changes_; }
@@ -142,6 +145,7 @@ class MainWindow final : public QMainWindow {
   DockWidth treeWidth_;
   AddInsMenu* addIns_;
   WindowLayout layout_;
+  GroupSession session_;
   desktop::ToolDocks docks_;
   std::unique_ptr<MatchMarks> matches_;
   std::unique_ptr<GoMenu> go_;
