@@ -269,11 +269,13 @@ TEST_F(SearchWindowsTest, TheEndOfATaskIsTold) {
   find.lineEdit()->paste();
   EXPECT_EQ(find.lineEdit()->text(), QStringLiteral("twolines"));
 
-  // Replace All cares for no comment option, which is said before.
+  // Replace All needs one method and cares for no comment option, which is said before.
   auto* hint = WidgetOf(*Dialog().frameOption).findChild<QLabel*>();
   EXPECT_FALSE(hint->isVisible());
   QTest::keyClicks(&WidgetOf(*Dialog().cmbReplace), QStringLiteral("x"));
   EXPECT_TRUE(hint->isVisible());
+  EXPECT_TRUE(hint->toolTip().contains(QStringLiteral("Regexp")));
+  dynamic_cast<QAbstractButton&>(WidgetOf(*Dialog().optModeButtons[2])).click();
   EXPECT_TRUE(hint->toolTip().contains(QStringLiteral("comments")));
 }
 

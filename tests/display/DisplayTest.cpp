@@ -372,6 +372,7 @@ TEST_F(RealWindows, ClosingByMouseAsksForUnsavedCode) {
     const auto answer = [this](QMessageBox::StandardButton button) {
       Click([this] { return OnCloseBox(Window()); });
       ASSERT_TRUE(IsInFront(Box));
+      EXPECT_TRUE(See([button] { return dynamic_cast<QMessageBox&>(Box()).button(button)->icon().isNull(); }));
       Click([button] { return On(*dynamic_cast<QMessageBox&>(Box()).button(button)); });
     };
     answer(QMessageBox::Cancel);

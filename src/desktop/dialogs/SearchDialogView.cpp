@@ -57,6 +57,7 @@ void SearchDialogView::Listen() {
   listening_.push_back(form_.cmdReplace->Pressing.Subscribe(hold));
   listening_.push_back(form_.cmbSearch->Change.Subscribe([this] { status_->SetNote({}); }));
   listening_.push_back(form_.cmbReplace->Changed.Subscribe([this] { FollowHint(); }));
+  listening_.push_back(form_.chkWholeWord->Changed.Subscribe([this] { FollowHint(); }));  // named by the method
   listening_.push_back(form_.SearchEnded.Subscribe([this](std::int32_t matches) { SearchEnded(matches); }));
   listening_.push_back(form_.ReplaceEnded.Subscribe(
       [this](std::int32_t places, std::int32_t modules) { ReplaceEnded(places, modules); }));
@@ -95,7 +96,8 @@ void SearchDialogView::ReplaceEnded(std::int32_t places, std::int32_t modules) c
 }
 
 void SearchDialogView::FollowHint() {
-  const QString words = Texts::OfAddIn()(Text::CommentsToo);
+  const bool regular = form_.Setting().menumMode == gsRegular;
+  const QString words = Texts::OfAddIn()(regular ? Text::CommentsToo : Text::ReplaceByRegexp);
   hint_->setToolTip(words);
   hint_->setAccessibleName(words);
   hint_->setVisible(!form_.cmbReplace->Text().empty());

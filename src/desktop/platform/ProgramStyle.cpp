@@ -77,6 +77,12 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
   QProxyStyle::drawControl(element, option, painter, widget);
 }
 
+/// No other button of the program has a picture.
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* data) const {
+  return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+}
+
 QIcon ProgramStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption* option, const QWidget* widget) const {
   if (standardIcon == SP_TitleBarCloseButton) return Cross();
   return QProxyStyle::standardIcon(standardIcon, option, widget);

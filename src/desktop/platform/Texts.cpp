@@ -124,6 +124,8 @@ constexpr std::array kWords = {
     Words{Text::NothingFound, u"没有找到匹配项", u"Nothing found"},
     Words{Text::CommentsToo, u"“全部替换”也会替换注释中的匹配项，即使搜索时不包括注释",
           u"Replace All replaces in comments too, also where the search leaves them out"},
+    Words{Text::ReplaceByRegexp, u"“全部替换”只能在“正则”方式下使用",
+          u"Replace All works with the method Regexp alone"},
     Words{Text::ReplacedNothing, u"没有可替换的内容", u"There was nothing to replace"},
     Words{Text::Replaced, u"已在%2中替换 %1，包括注释", u"Replaced %1 in %2, comments included"},
     Words{Text::Places, u"%1 处", u"%1 place|%1 places"},

@@ -102,6 +102,7 @@ enum class Text {
   NoCodeWindow,
   NothingFound,
   CommentsToo,
+  ReplaceByRegexp,
   ReplacedNothing,
   Replaced,
   Places,
