@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <memory>
 
 #include "base/Text.h"
 #include "native/codepages/CodePages.h"
@@ -170,6 +172,22 @@ TEST_F(OpenerTest, ManyFilesKeepTheirOrderAndASharedFileIsReadOnce) {
     EXPECT_EQ(component->TheModule()->Saved(), twin->TheModule()->Saved());
     EXPECT_NE(component->TheModule(), twin->TheModule());
   }
+}
+
+TEST_F(OpenerTest, WhatASieveHoldsBackIsReadOnce) {
+  for (const char* name : {"a.bas", "b.bas"}) folder.Write(name, "Attribute VB_Name = \"M\"\nEnd\n");
+  const auto page = native::NewCodePage("1252");
+  const WorkingDirectory here(folder.Path());
+  OpenedGroup group = OpenFiles({}, *page);
+  OpenChoice choice;
+  choice.sieve = std::make_shared<const Sieve>(std::vector<std::string>{"needle"}, false);
+  const auto removeFirst = [&](std::size_t begun, std::size_t) {
+    if (begun == 1) std::filesystem::remove("a.bas");
+    return true;
+  };
+  EXPECT_TRUE(OpenFilesInto(*group.workbench, {"a.bas", "b.bas"}, removeFirst, choice).empty());
+  EXPECT_FALSE(std::filesystem::exists("a.bas"));
+  EXPECT_EQ(group.workbench->Projects()[0]->Components().size(), 2U);
 }
 
 TEST_F(OpenerTest, AFailureLeavesAWorkbenchAsItWas) {

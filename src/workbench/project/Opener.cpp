@@ -296,7 +296,7 @@ void Opener::BuildComponent(Project& project, const PlannedProject& planned, con
     if (!planned.path.empty()) return Warn(planned.path, component.entry.path, native::ErrnoText(loaded.error));
     return warnings_.push_back(component.path + ": " + native::ErrnoText(loaded.error));
   }
-  const std::string_view head = loaded.source->Bytes();
+  const std::string_view head = loaded.source->Kept();  // a byte order mark is no header, so it is kept
   if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF"))
     warnings_.push_back(component.path + ": is UTF-16 by its byte order mark; no match will be found in it");
   project.Add(MakeParts(planned, component, loaded));

@@ -49,6 +49,8 @@ class SourceFile {
   bool Lacks(const Sieve& sieve) const;
 
   const std::string& Bytes() const { return readAgain_ ? Whole().bytes_ : bytes_; }
+  /// What is in memory: all bytes or, of a file that a sieve held back, those of the header. Reads nothing.
+  std::string_view Kept() const { return bytes_; }
   /// Known from the start, unlike the lines.
   std::int32_t CountOfLines() const { return readAgain_ ? Whole().countOfLines_ : countOfLines_; }
   const std::vector<Line>& Lines() const;
