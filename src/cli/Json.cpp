@@ -1,8 +1,11 @@
 #include "cli/Json.h"
 
-#include <utility>
+#include <algorithm>
+#include <array>
+#include <charconv>
 
 #include "base/Text.h"
+#include "native/codepages/AsciiRun.h"
 
 namespace quorvane::cli {
 
@@ -27,8 +30,15 @@ std::string Escaped(char c) {
   }
 }
 
-bool IsPlain(char c) {
+constexpr bool IsPlain(char c) {
   return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\' && c != 0x7F;
+}
+
+/// Whether nothing in `utf8` is escaped. A loop without branches: most texts are plain.
+bool AllPlain(std::string_view utf8) {
+  unsigned escaped = 0;
+  for (const char c : utf8) escaped |= IsPlain(c) ? 0U : 1U;
+  return escaped == 0;
 }
 
 void AppendEscaped(std::string_view utf8, std::string& out) {
@@ -75,8 +85,14 @@ Json& Json::EndArray() {
 }
 
 Json& Json::Key(std::string_view name) {
-  Value();
-  out_.append("\"").append(name).append("\":");
+  const std::size_t begin = out_.size();
+  out_.resize(begin + (comma_ ? 1 : 0) + name.size() + 3);
+  char* at = out_.data() + begin;
+  if (comma_) *at++ = ',';
+  *at++ = '"';
+  at = std::ranges::copy(name, at).out;
+  *at++ = '"';
+  *at = ':';
   comma_ = false;
   return *this;
 }
@@ -90,24 +106,29 @@ Json& Json::Text(std::u16string_view value) {
 Json& Json::ValidUtf8(std::string_view value) {
   Value();
   out_ += '"';
-  AppendEscaped(value, out_);
+  AllPlain(value) ? void(out_.append(value)) : AppendEscaped(value, out_);
   out_ += '"';
   return *this;
 }
 
 Json& Json::Utf8(std::string_view value) {
-  return Text(FromUtf8(value));
+  const bool ascii = native::AsciiRun(value, 0) == value.size();
+  return ascii ? ValidUtf8(value) : Text(FromUtf8(value));
 }
 
 Json& Json::Number(std::int64_t value) {
   Value();
-  out_ += std::to_string(value);
+  std::array<char, 20> digits{};
+  out_.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
   return *this;
 }
 
-std::string Json::Take() {
+std::string_view Json::TakeLine() {
   comma_ = false;
-  return std::exchange(out_, {});
+  out_ += '\n';
+  line_.swap(out_);
+  out_.clear();
+  return line_;
 }
 
 }  // namespace quorvane::cli

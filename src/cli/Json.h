@@ -21,14 +21,15 @@ class Json {
   Json& ValidUtf8(std::string_view value);
   Json& Number(std::int64_t value);
 
-  /// What was written since the last Take.
-  std::string Take();
+  /// What was written since the last call, and a line feed. Stands until the next call.
+  std::string_view TakeLine();
 
  private:
   void Value();
 
   std::string out_;
-  std::string utf8_;  ///< of the last text
+  std::string line_;    ///< that was taken last; the two keep their room
+  std::string utf8_;    ///< of the last text
   bool comma_ = false;  ///< the next value is not the first of its container
 };
 

@@ -46,7 +46,7 @@ int List(const Options& options) {
   for (const auto& project : session.Host().Projects()) {
     for (const auto& component : project->Components()) {
       AppendComponent(*project, *component, options.procedures, json);
-      output.Write(json.Take() + '\n');
+      output.Write(json.TakeLine());
       any = true;
     }
   }

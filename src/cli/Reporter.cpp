@@ -168,7 +168,7 @@ class JsonReporter final : public Reporter {
       }
     }
     json_.Key("Path").Utf8(place.path).Key("FileLine").Number(place.line).EndObject();
-    output_.Write(json_.Take() += '\n');
+    output_.Write(json_.TakeLine());
   }
 
   Output& output_;
