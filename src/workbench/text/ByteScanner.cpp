@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "workbench/text/WideVectors.h"
+
 namespace quorvane::workbench {
 
 // Two bytes of the run, the rarest in program text, are compared at every place of a block of bytes at once, in a loop
@@ -27,6 +29,22 @@ int Commonness(char c) {
   if (at != std::string_view::npos) return static_cast<int>(2 * (kCommonFirst.size() - at)) + 4;
   static constexpr std::string_view kCommonSigns = "().=,\"_";
   return kCommonSigns.find(c) != std::string_view::npos ? 24 : c >= '0' && c <= '9' ? 12 : 1;
+}
+
+/// The start of the first block at `i` or after it, with room before `end`, that holds both bytes somewhere, a byte b
+/// of `a` being the wanted one where (b | mask) == value; else where the last part of a block begins.
+QUORVANE_WIDE_VECTORS
+std::size_t FindBlock(const unsigned char* a, unsigned char maskA, unsigned char valueA, const unsigned char* b,
+                      unsigned char maskB, unsigned char valueB, std::size_t i, std::size_t end) {
+  for (; i + kBlock <= end; i += kBlock) {
+    unsigned char any = 0;
+    for (std::size_t k = i; k < i + kBlock; ++k) {
+      const unsigned char differs = static_cast<unsigned char>(((a[k] | maskA) ^ valueA) | ((b[k] | maskB) ^ valueB));
+      any = static_cast<unsigned char>(any | (differs == 0 ? 0xFF : 0));
+    }
+    if (any != 0) break;
+  }
+  return i;
 }
 
 std::size_t FindBeyondAscii(std::string_view bytes, std::size_t from) {
@@ -90,18 +108,11 @@ std::size_t ByteScanner::Find(std::string_view bytes, std::size_t from) const {
            MatchesAt(bytes.data() + i);
   };
   std::size_t i = from;
-  for (; i + kBlock <= end; i += kBlock) {
-    const unsigned char* const a = data + i + p.at;
-    const unsigned char* const b = data + i + q.at;
-    unsigned char any = 0;
-    for (std::size_t k = 0; k < kBlock; ++k) {
-      const unsigned char differs =
-          static_cast<unsigned char>(((a[k] | p.mask) ^ p.value) | ((b[k] | q.mask) ^ q.value));
-      any = static_cast<unsigned char>(any | (differs == 0 ? 0xFF : 0));
-    }
-    if (any == 0) continue;
-    for (std::size_t k = i; k < i + kBlock; ++k) {
-      if (isHit(k)) return k;
+  while (i + kBlock <= end) {
+    i = FindBlock(data + p.at, p.mask, p.value, data + q.at, q.mask, q.value, i, end);
+    if (i + kBlock > end) break;
+    for (const std::size_t next = i + kBlock; i < next; ++i) {
+      if (isHit(i)) return i;
     }
   }
   for (; i < end; ++i) {

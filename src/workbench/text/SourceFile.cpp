@@ -14,6 +14,7 @@
 #include "workbench/text/ByteScanner.h"
 #include "workbench/text/Sieve.h"
 #include "workbench/text/SourceHeader.h"
+#include "workbench/text/WideVectors.h"
 
 namespace quorvane::workbench {
 
@@ -42,6 +43,7 @@ std::uint64_t BytesThatAre(char wanted, const char* bytes) {
 }
 
 /// Sums of up to 255 blocks of bytes fit one byte each, in loops that the compiler turns into vector instructions.
+QUORVANE_WIDE_VECTORS
 std::size_t CountLineEnds(std::string_view bytes) {
   constexpr std::size_t kLane = 64;
   std::size_t count = 0;
