@@ -146,6 +146,14 @@ TEST_F(OpenerTest, PathsAreShownRelativeToTheWorkingDirectory) {
             "*p link/p.vbp\n  1 A ../real/common/A.bas 0\n  1 B ../real/sub/B.bas 0\n");
   EXPECT_EQ(open("elsewhere", "link/../sub/p.vbp"),
             "*p ../real/sub/p.vbp\n  1 A ../real/common/A.bas 0\n  1 B ../real/sub/B.bas 0\n");
+  // Files that are named share a folder in several ways.
+  const std::string a = folder / "real/common/A.bas";
+  for (const std::string& named : {a, std::string("sub/B.bas"), std::string("./sub//B.bas"), std::string("sub/./B.bas"),
+                                   std::string("sub/../sub/B.bas")}) {
+    const WorkingDirectory here(folder.Path() / "real");
+    const std::string shown = named == a ? "common/A.bas" : "sub/B.bas";
+    EXPECT_EQ(OpenFiles({named, named}, *page).workbench->Projects()[0]->Components()[0]->Path(), shown) << named;
+  }
 }
 #endif
 

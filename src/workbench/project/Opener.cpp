@@ -91,6 +91,9 @@ class Opener {
     std::set<std::string> paths;  ///< of the components
   };
 
+  /// ShownPath of an argument that is no folder. Where the way to a file says nothing but its folder and its name, its
+  /// folder is asked for once.
+  std::string Shown(const std::string& argument);
   void AddFolder(const std::string& folder);
   /// The bytes of a group or project found in a folder; tells of one that cannot be read, or is none, by `refusal`.
   std::optional<native::FileBytes> ReadFound(const std::string& path, const std::string& refusal);
@@ -113,6 +116,7 @@ class Opener {
   Workbench& workbench_;
   const OpenChoice& choice_;
   std::map<const CodePage*, PathFinder> finders_;
+  std::map<std::string, std::string> shownFolders_;
   std::vector<std::string> warnings_;
   std::vector<PlannedProject> projects_;
   std::optional<std::size_t> modules_;     ///< place in projects_ of the project that holds the module files
@@ -134,7 +138,7 @@ const CodePage& Opener::PageOf(const std::string& project, const std::string& mo
 void Opener::AddArgument(const std::string& argument) {
   std::error_code unknown;
   if (std::filesystem::is_directory(FilePath(argument), unknown)) return AddFolder(argument);
-  const std::string path = ShownPath(argument);
+  const std::string path = Shown(argument);
   std::optional<FileKind> kind = FileKind::OfName(path);
   if (kind && kind->role == FileKind::Role::Component) return AddModule(path, kind->type, true);
   const native::FileBytes file = native::ReadFileBytes(path);
@@ -152,6 +156,17 @@ void Opener::AddArgument(const std::string& argument) {
     case FileKind::Role::Component:
       return AddModule(path, kind->type, true);
   }
+}
+
+std::string Opener::Shown(const std::string& argument) {
+  const std::string name = FileNameOf(argument);
+  const bool simple = name.size() > 1 && name.size() < argument.size() && argument.find("..") == argument.npos &&
+                      argument.find_first_of("\\:") == argument.npos;
+  if (!simple) return ShownPath(argument);
+  const auto [known, isNew] = shownFolders_.try_emplace(FolderOf(argument));
+  if (isNew) known->second = ShownPath(known->first);
+  const std::string& folder = known->second;
+  return folder.empty() || folder.ends_with('/') ? folder + name : folder + '/' + name;
 }
 
 void Opener::AddFolder(const std::string& folder) {
