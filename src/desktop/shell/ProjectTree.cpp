@@ -86,7 +86,7 @@ ProjectTree::ProjectTree(workbench::Workbench& workbench, const Texts& texts, QW
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) { Filter(text); });
   connect(tree_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) { Activate(item); });
   connect(tree_, &QTreeWidget::customContextMenuRequested, this, [this](const QPoint& place) { ShowMenu(place); });
-  projectsChanged_ = workbench_.ProjectsChanged.Subscribe([this] { SameProjects() ? MarkActive() : Rebuild(); });
+  projectsChanged_ = workbench_.ProjectsChanged.Subscribe([this] { FollowProjects(); });
   UpdateTexts();
 }
 
@@ -105,8 +105,17 @@ void ProjectTree::UpdateTexts() {
   Rebuild();
 }
 
-bool ProjectTree::SameProjects() const {
-  return std::ranges::equal(shown_, workbench_.Projects(), {}, [](const auto& weak) { return weak.lock(); });
+std::ptrdiff_t ProjectTree::SameProjects() const {
+  const auto& projects = workbench_.Projects();
+  const auto [shown, now] = std::ranges::mismatch(shown_, projects, {}, [](const auto& weak) { return weak.lock(); });
+  return shown == shown_.end() ? now - projects.begin() : -1;
+}
+
+void ProjectTree::FollowProjects() {
+  const std::ptrdiff_t same = SameProjects();
+  if (same < 0) return Rebuild();
+  if (static_cast<std::size_t>(same) == workbench_.Projects().size()) return MarkActive();
+  BuildProjects(group_.isEmpty() ? tree_->invisibleRootItem() : tree_->topLevelItem(0), static_cast<std::size_t>(same));
 }
 
 void ProjectTree::Rebuild() {
@@ -115,16 +124,21 @@ void ProjectTree::Rebuild() {
   modules_.clear();
   stale_.clear();
   tree_->clear();
-  shown_.assign(workbench_.Projects().begin(), workbench_.Projects().end());
   QTreeWidgetItem* root = tree_->invisibleRootItem();
   if (!group_.isEmpty()) {
     root = new QTreeWidgetItem(root, {group_});
     root->setIcon(0, Icons::Group());
     root->setExpanded(true);
   }
-  for (const auto& project : workbench_.Projects()) {
+  BuildProjects(root, 0);
+}
+
+void ProjectTree::BuildProjects(QTreeWidgetItem* root, std::size_t first) {
+  const auto& projects = workbench_.Projects();
+  shown_.assign(projects.begin(), projects.end());
+  for (std::size_t i = first; i < projects.size(); ++i) {
     auto* item = new QTreeWidgetItem(root);
-    BuildProject(project, item);
+    BuildProject(projects[i], item);
     item->setExpanded(true);
   }
   MarkActive();
@@ -154,7 +168,9 @@ void ProjectTree::BuildProject(const std::shared_ptr<Project>& project, QTreeWid
 
 void ProjectTree::AddComponent(const std::shared_ptr<Component>& component, QTreeWidgetItem* folder) {
   auto* item = new QTreeWidgetItem(folder, {Label(*component)});
-  item->setIcon(0, Icons::Component(component->Type()));
+  const auto [icon, isNew] = icons_.try_emplace(component->Type());
+  if (isNew) icon->second = Icons::Component(component->Type());
+  item->setIcon(0, icon->second);
   item->setToolTip(0, QString::fromStdString(component->Path()));
   components_[item] = component;
   if (!component->TheModule()) return;

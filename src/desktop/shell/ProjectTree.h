@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QIcon>
 #include <QWidget>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <set>
@@ -68,7 +70,11 @@ class ProjectTree final : public QWidget {
   void ShowMenu(const QPoint& place);
   void AddProjectEntries(QMenu& menu, const std::shared_ptr<workbench::Project>& project);
   void MarkActive();
-  bool SameProjects() const;
+  /// How many of the projects shown are the first ones of the workbench, in its order; -1 when some are not.
+  std::ptrdiff_t SameProjects() const;
+  /// Adds what came behind the projects shown; any other change builds the tree anew.
+  void FollowProjects();
+  void BuildProjects(QTreeWidgetItem* root, std::size_t first);
 
   workbench::Workbench& workbench_;
   const Texts& texts_;
@@ -76,7 +82,8 @@ class ProjectTree final : public QWidget {
   QLineEdit* filter_;
   QTreeWidget* tree_;
   std::vector<std::weak_ptr<workbench::Project>> shown_;
-  std::set<QTreeWidgetItem*> stale_;  ///< items whose module was edited in this turn
+  std::map<vbide::ComponentType, QIcon> icons_;  ///< of the components; drawn once a kind
+  std::set<QTreeWidgetItem*> stale_;             ///< items whose module was edited in this turn
   std::map<const QTreeWidgetItem*, std::weak_ptr<workbench::Component>> components_;
   std::map<const QTreeWidgetItem*, std::weak_ptr<workbench::Project>> projects_;
   std::vector<Subscription> modules_;
