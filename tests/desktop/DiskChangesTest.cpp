@@ -5,11 +5,17 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QToolButton>
 
 #include "DesktopFixture.h"
+#include "desktop/files/ClashBar.h"
 #include "desktop/files/DifferenceBox.h"
 #include "desktop/files/FileCommands.h"
+#include "desktop/files/ThreeWay.h"
+#include "desktop/files/ThreeWayBox.h"
 #include "native/files/NewFile.h"
+#include "support/Rows.h"
 #include "workbench/model/Component.h"
 #include "workbench/save/FileSaver.h"
 
@@ -28,6 +34,20 @@ class DiskChangesTest : public DesktopTest {
   }
 };
 
+TEST(ThreeWay, LaysTheTextsSideBySide) {
+  for (const test::Row& row : test::Rows("desktop/ThreeWay.rows", "ThreeWay")) {
+    const std::u16string cells[] = {row.Text(0), row.Text(1), row.Text(2)};
+    std::string shown;
+    for (const ThreeWayRow& line : AlignThree(Split(cells[0], u"|"), Split(cells[1], u"|"), Split(cells[2], u"|"))) {
+      const auto number = [](std::int32_t index) { return index < 0 ? std::string("-") : std::to_string(index); };
+      shown += (shown.empty() ? "" : "|") + number(line.opened) + " " + number(line.mine) + " " + number(line.theirs);
+      if (line.mineDiffers || line.theirsDiffers) shown += " ";
+      shown += std::string(line.mineDiffers ? "M" : "") + (line.theirsDiffers ? "T" : "");
+    }
+    EXPECT_EQ(shown, row.Bytes(3)) << row.Where();
+  }
+}
+
 TEST_F(DiskChangesTest, ReloadsWhatChangedOnDisk) {
   CodeEdit& editor = EditorOf(u"modMain");
   const std::string before = folder.Read(kMain);
@@ -45,22 +65,43 @@ TEST_F(DiskChangesTest, ReloadsWhatChangedOnDisk) {
   QTest::keyClicks(&editor, QStringLiteral("'"));
   EXPECT_TRUE(Window().Files().Save(*ComponentNamed(u"modMain")));
 
-  // With edits of one's own it is a question; the edits come back by undo.
+  // With edits of one's own a bar asks; the edits come back by undo.
   editor.GoToLine(1);
   QTest::keyClicks(&editor, QStringLiteral("mine"));
+  EXPECT_FALSE(Window().Clash().isVisible());
   change("' again, longer");
-  AnswerNext(QMessageBox::Yes);
   Window().Files().CheckDisk();
+  EXPECT_TRUE(Window().Clash().isVisible());
+  EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)).substr(0, 4), "mine");
+  Window().Clash().ReloadButton().click();
+  EXPECT_FALSE(Window().Clash().isVisible());
   EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)), "' again, longer");
   EXPECT_FALSE(ModuleNamed(u"modMain").Modified());
   editor.Undo();
   EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)).substr(0, 4), "mine");
 
   const std::string outside = change("' a third time, and longer");
-  AnswerNext(QMessageBox::No);
   Window().Files().CheckDisk();
+  // Three ways: as opened, mine, on disk; row by row.
+  QString shown;
+  QTimer reader;
+  QObject::connect(&reader, &QTimer::timeout, &reader, [&] {
+    auto* box = dynamic_cast<ThreeWayBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    for (const QPlainTextEdit* pane : box->Panes()) shown += pane->document()->firstBlock().text() + QLatin1Char('|');
+    reader.stop();
+    box->reject();
+  });
+  reader.start(5);
+  Window().Clash().CompareButton().click();
+  EXPECT_TRUE(shown.startsWith(QStringLiteral("' again, longer|mine"))) << shown.toStdString();
+  EXPECT_TRUE(shown.contains(QStringLiteral("|' a third time, and longer|"))) << shown.toStdString();
+  EXPECT_TRUE(Window().Clash().isVisible()) << "not settled by looking";
+  Window().Clash().KeepButton().click();
+  EXPECT_FALSE(Window().Clash().isVisible());
   EXPECT_EQ(ToUtf8(ModuleNamed(u"modMain").Lines(1, 1)).substr(0, 4), "mine");
   Window().Files().CheckDisk();  // answered once and for all
+  EXPECT_FALSE(Window().Clash().isVisible());
   EXPECT_EQ(folder.Read(kMain), outside);
   Window().Menu().Find(Text::FileSave)->trigger();
   EXPECT_NE(folder.Read(kMain).find("mine"), std::string::npos);
@@ -139,8 +180,8 @@ TEST_F(DiskChangesTest, ASaveAsksWhereTheFileIsNotWhatWasRead) {
   EXPECT_FALSE(Window().Files().Save(*component));
   EXPECT_TRUE(difference.contains(QStringLiteral("-' again outside"))) << difference.toStdString();
   EXPECT_EQ(folder.Read(kMain), outside);
-  AnswerNext(QMessageBox::Yes);
   Window().Files().CheckDisk();
+  Window().Clash().ReloadButton().click();
 
   // A file that is gone is told once, when it goes, and asked about again by each save.
   QApplication::setActiveWindow(&Window());

@@ -14,6 +14,7 @@
 #include "addin/connect/Updater.h"
 #include "addin/dialogs/frmAbout.h"
 #include "addin/dialogs/frmOption.h"
+#include "desktop/results/ResultListView.h"
 #include "desktop/shell/AddInsMenu.h"
 
 namespace quorvane::desktop {
@@ -91,7 +92,8 @@ void Hear(QAccessibleInterface* part, QStringList& all) {
   const bool usable = widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0 && !widget->focusProxy();
   const bool tabs = part->role() == QAccessible::PageTabList;  // named as its tab is, or nothing
   EXPECT_TRUE(!usable || tabs || !name.isEmpty()) << widget->metaObject()->className();
-  const bool data = part->role() == QAccessible::TreeItem || part->role() == QAccessible::ComboBox;
+  const bool result = part->parent() != nullptr && dynamic_cast<ResultListView*>(part->parent()->object()) != nullptr;
+  const bool data = result || part->role() == QAccessible::TreeItem || part->role() == QAccessible::ComboBox;
   for (const QString& text : {name, part->text(QAccessible::Description)}) {
     EXPECT_FALSE(Qt::mightBeRichText(text) || text.contains(QLatin1String("&lt;"))) << text.toStdString();
     const bool path = text.startsWith(QLatin1Char('/'));

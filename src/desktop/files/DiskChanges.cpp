@@ -10,8 +10,10 @@
 #include <exception>
 
 #include "base/FlagScope.h"
+#include "base/Text.h"
 #include "desktop/files/DifferenceBox.h"
 #include "desktop/files/ErrorBox.h"
+#include "desktop/files/ThreeWayBox.h"
 #include "desktop/platform/QtText.h"
 #include "desktop/platform/Texts.h"
 #include "native/files/FileBytes.h"
@@ -22,6 +24,7 @@
 #include "workbench/model/Workbench.h"
 #include "workbench/save/GroupSaver.h"
 #include "workbench/save/UnifiedDiff.h"
+#include "workbench/text/SourceFile.h"
 
 namespace quorvane::desktop {
 
@@ -34,6 +37,20 @@ constexpr int kSettle = 300;  // ms; whoever replaces a file may do it in severa
 
 QString PathOf(const Component& component) {
   return QDir::toNativeSeparators(QString::fromStdString(component.Path()));
+}
+
+bool HasEdits(const DiskChanges::ComponentList& twins) {
+  return std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); });
+}
+
+/// The lines of code in the bytes of a file.
+std::u16string CodeOf(const workbench::SourceFile& file, const CodePage& page) {
+  std::u16string text;
+  for (std::size_t i = 0; i < file.Lines().size(); ++i) {
+    if (i > 0) text += kCrLf;
+    page.Decode(file.LineBytes(i), text);
+  }
+  return text;
 }
 
 }  // namespace
@@ -67,6 +84,7 @@ void DiskChanges::Watch() {
   };
   change(before - wanted, [this](const QStringList& paths) { watcher_.removePaths(paths); });
   change(wanted - before, [this](const QStringList& paths) { watcher_.addPaths(paths); });
+  FindClashes();
 }
 
 /// A window that is not in front asks when it comes there; one behind a box, when that is answered.
@@ -90,7 +108,9 @@ void DiskChanges::Check() {
       if (stamp && !(*stamp == component->Stamp())) changed.push_back(component);
     }
   }
-  for (const auto& component : changed) FollowFile(*component, false);
+  for (const auto& component : changed) {
+    if (!HasEdits(OfFile(component->Path()))) FollowFile(*component, false);
+  }
   for (const auto& component : gone) {
     if (!gone_.contains(component->Path()) && !FileStamp::Of(component->Path())) Restore(*component);
   }
@@ -168,7 +188,7 @@ bool DiskChanges::FollowFile(const Component& component, bool saving) {
   const auto settle = [&] {
     for (const auto& twin : twins) twin->SetStamp(*stamp);
   };
-  if (std::ranges::any_of(twins, [](const auto& twin) { return twin->TheModule()->Modified(); })) {
+  if (HasEdits(twins)) {
     const Answer answer = Ask(component, saving);
     if (answer == Answer::Cancel) return false;
     // Whoever keeps the edits means them: the next save is over what is on disk now.
@@ -177,14 +197,63 @@ bool DiskChanges::FollowFile(const Component& component, bool saving) {
       return true;
     }
   }
+  Reload(component, *stamp);
+  return true;
+}
+
+void DiskChanges::Reload(const Component& component, const FileStamp& stamp) {
   try {
     workbench::ReloadFileOf(workbench_, component);
     Told.Raise(texts_(Text::Reloaded).arg(PathOf(component)));
   } catch (const std::exception& error) {
-    settle();
+    for (const auto& twin : OfFile(component.Path())) twin->SetStamp(stamp);
     TellError(window_, texts_(Text::FileGone).arg(PathOf(component)), texts_.Reason(QString::fromUtf8(error.what())));
   }
-  return true;
+}
+
+void DiskChanges::FindClashes() {
+  ComponentList found;
+  for (const auto& project : workbench_.Projects()) {
+    for (const auto& component : project->Components()) {
+      if (!component->TheModule() || component->Path().empty() || !component->TheModule()->Modified()) continue;
+      const auto stamp = FileStamp::Of(component->Path());
+      if (!stamp || *stamp == component->Stamp()) continue;
+      if (std::ranges::find(found, component->Path(), &Component::Path) == found.end()) found.push_back(component);
+    }
+  }
+  if (found == clashes_) return;
+  clashes_ = std::move(found);
+  ClashesChanged.Raise();
+}
+
+void DiskChanges::Settle(std::shared_ptr<Component> component, Answer answer) {
+  const auto stamp = FileStamp::Of(component->Path());
+  if (stamp && answer == Answer::Reload) Reload(*component, *stamp);
+  if (stamp && answer == Answer::Keep) {
+    for (const auto& twin : OfFile(component->Path())) twin->SetStamp(*stamp);
+  }
+  Changed.Raise();
+  FindClashes();
+}
+
+void DiskChanges::Compare(const std::shared_ptr<Component>& component) {
+  const FlagScope asking(asking_);
+  try {
+    const native::FileBytes disk = native::ReadFileBytes(component->Path());
+    if (disk.error != 0)
+      return TellError(window_, PathOf(*component),
+                       texts_.Reason(QString::fromStdString(native::ErrnoText(disk.error))));
+    const workbench::Module& module = *component->TheModule();
+    const workbench::SourceFile theirs(disk.bytes);
+    ThreeWayBox box(PathOf(*component),
+                    {CodeOf(*module.Saved(), module.Page()), module.Text(), CodeOf(theirs, module.Page())}, texts_,
+                    &window_);
+    const ThreeWayBox::Answer answer = box.Ask();
+    if (answer == ThreeWayBox::Answer::Reload) Settle(component, Answer::Reload);
+    if (answer == ThreeWayBox::Answer::Keep) Settle(component, Answer::Keep);
+  } catch (const std::exception& error) {
+    TellError(window_, texts_(Text::CannotOpen), texts_.Reason(QString::fromUtf8(error.what())));
+  }
 }
 
 /// True when the file is there again.

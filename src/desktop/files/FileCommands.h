@@ -60,9 +60,10 @@ class FileCommands {
   /// not saved, which go. False when the user wants to keep them.
   bool Reopen(const EncodingScope& scope, const QString& page);
 
-  /// Loads again what other programs changed on disk; asks where that touches edits that are not saved, and once for a
-  /// file that is gone.
+  /// Loads again what other programs changed on disk but for what has edits here, a clash; asks once for a file that is
+  /// gone.
   void CheckDisk() { disk_.Check(); }
+  DiskChanges& Disk() { return disk_; }
 
   /// What the user opened and has not closed.
   const QStringList& OpenFiles() const { return open_; }

@@ -20,6 +20,7 @@
 #include "desktop/platform/QtWindows.h"
 #include "desktop/platform/Texts.h"
 #include "desktop/results/EmptyListNote.h"
+#include "desktop/results/ResultListAccess.h"
 #include "platform/NativeWindows.h"
 #include "platform/forms/MouseButton.h"
 #include "platform/forms/OwnerDrawList.h"
@@ -47,6 +48,7 @@ std::int16_t Shift(const QInputEvent& event) {
 
 ResultListView::ResultListView(std::shared_ptr<forms::OwnerDrawList> list, QtWindows& windows, QWidget* parent)
     : QAbstractScrollArea(parent), kept_(std::move(list)), list_(*kept_), follow_([this] { Follow(); }) {
+  ResultListAccess::Install();
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
   viewport()->setMouseTracking(true);
@@ -100,6 +102,7 @@ void ResultListView::Follow() {
   if (list_.ListIndex() != shownIndex_) {
     shownIndex_ = list_.ListIndex();
     if (shownIndex_ >= 0) Reveal(shownIndex_);
+    ResultListAccess::TellSelected(*this);
     setAccessibleDescription(shownIndex_ >= 0 ? ToQString(list_.List(shownIndex_)) : QString());
   }
   viewport()->update();

@@ -20,6 +20,7 @@
 #include "desktop/editor/CodeArea.h"
 #include "desktop/editor/CodeEdit.h"
 #include "desktop/editor/CodeWindow.h"
+#include "desktop/files/ClashBar.h"
 #include "desktop/files/FileCommands.h"
 #include "desktop/navigate/MatchMarks.h"
 #include "desktop/platform/Icons.h"
@@ -97,6 +98,7 @@ MainWindow::MainWindow(workbench::Workbench& workbench, QtWindows& windows, cons
       files_(std::make_unique<FileCommands>(workbench, *this, texts_, settings)),
       code_(new CodeArea(workbench, windows, texts_)),
       notice_(new NoticeBar(texts_)),
+      clash_(new ClashBar(files_->Disk(), texts_)),
       start_(new StartPage(texts_, *code_)),
       tree_(new ProjectTree(workbench, texts_)),
       treeDock_(new QDockWidget(this)),
@@ -142,6 +144,7 @@ void MainWindow::BuildCentre() {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(notice_);
+  layout->addWidget(clash_);
   layout->addWidget(code_, 1);
   setCentralWidget(centre);
 }
@@ -279,6 +282,7 @@ void MainWindow::UpdateTexts() {
   taskMenu_.UpdateTexts();
   tree_->UpdateTexts();
   notice_->UpdateTexts();
+  clash_->UpdateTexts();
   start_->UpdateTexts();
   go_->UpdateTexts();
   treeDock_->setWindowTitle(texts_(Text::Projects));

@@ -32,6 +32,7 @@ class AddInsMenu;
 class CodeArea;
 class ChangesView;
 class CodeEdit;
+class ClashBar;
 class FileCommands;
 class GoMenu;
 class MatchMarks;
@@ -61,6 +62,7 @@ class MainWindow final : public QMainWindow {
   /// Opens what was open when the last run ended; nothing where that was nothing.
   void OpenLast();
   NoticeBar& Notice() { return *notice_; }
+  ClashBar& Clash() { return *clash_; }
   StartPage& Start() { return *start_; }
   ChangesView& Changes() { return *changes_; }
   QDockWidget& ChangesDock() { return *changesDock_; }
@@ -137,6 +139,7 @@ class MainWindow final : public QMainWindow {
   std::unique_ptr<FileCommands> files_;
   CodeArea* code_;
   NoticeBar* notice_;
+  ClashBar* clash_;
   StartPage* start_;
   ProjectTree* tree_;
   QDockWidget* treeDock_;
