@@ -400,7 +400,8 @@ makes this page. It generates a group of {group['lines']:,} lines in {group['mod
 takes turns, and each time is the median of {bench.runs} runs. The rows on the search phase and on single
 modules come from `bench/SearchPhase.cpp`: processor time, without process start and files. The search in the
 window is timed from the press of the button to the last row, painting included, with the group open; what it is held
-against is the whole run of the command line. The group in the window is timed from the empty window until its tree is painted.
+against is the whole run of the command line. The group in the window is timed from the empty window until its tree is
+painted. Typing in a long module is not measured yet.
 {bridge}
 A ratio is ours by reference; its limit is the most that it may be. Instructions are those of our own run, counted by
 valgrind.
