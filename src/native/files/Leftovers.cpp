@@ -44,18 +44,18 @@ void Sweep(const fs::path& folder, const std::set<std::string>& prefixes) {
 }  // namespace
 
 std::string TemporaryPrefix(const std::string& target) {
-  const std::size_t slash = target.rfind('/') + 1;
-  std::size_t end = std::min(target.size(), slash + kLongestName);
-  while (end < target.size() && end > slash && (static_cast<unsigned char>(target[end]) & 0xC0U) == 0x80U) --end;
-  return target.substr(0, slash) + "." + target.substr(slash, end - slash) + ".quorvane-";
+  const fs::path path = FilePath(target);
+  const std::string name = PathText(path.filename());
+  std::size_t end = std::min(name.size(), kLongestName);
+  while (end < name.size() && end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
+  return PathText(path.parent_path() / FilePath("." + name.substr(0, end) + ".quorvane-"));
 }
 
 void RemoveLeftovers(const std::vector<std::string>& targets) {
   std::map<fs::path, std::set<std::string>> folders;
   for (const std::string& target : targets) {
-    const std::string prefix = TemporaryPrefix(target);
-    const std::size_t slash = prefix.rfind('/') + 1;
-    folders[slash == 0 ? fs::path(".") : FilePath(prefix.substr(0, slash))].insert(prefix.substr(slash));
+    const fs::path prefix = FilePath(TemporaryPrefix(target));
+    folders[prefix.has_parent_path() ? prefix.parent_path() : fs::path(".")].insert(PathText(prefix.filename()));
   }
   for (const auto& [folder, prefixes] : folders) Sweep(folder, prefixes);
 }
